@@ -1,0 +1,44 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "frame/grid.h"
+#include "frame/outcome.h"
+#include "frame/scanner.h"
+
+namespace velmar::frame {
+
+/// The fields that the grid files and the wind grid files begin with, behind keyword, type and title.
+struct FieldHeader {
+    int year;
+    int month;
+    int day;
+    int hour;
+    int forecastHour;
+    int level;  ///< hPa
+    Lattice lattice;
+    int nx;
+    int ny;
+
+    static constexpr int fieldCount = 14;
+};
+
+/// Returns how many of the fields converted.
+int scanFieldHeader(TextScanner& in, FieldHeader& header);
+
+/// Header of a grid file ("diamond" type 4). The title is a view into the file's text, in GBK.
+struct GridHeader {
+    std::string_view title;
+    FieldHeader field;
+    float interval;
+    float startValue;
+    float endValue;
+    float smoothing;
+    float boldValue;
+};
+
+/// Failures: -2 first line, -3 type number, -4 keyword, -5 the rest.
+Outcome<GridHeader> readGridHeader(TextScanner& in);
+
+}  // namespace velmar::frame

@@ -1,0 +1,10 @@
+#include "frame/state.h"
+
+namespace velmar::frame {
+
+FrameState& state() {
+    static FrameState instance;
+    return instance;
+}
+
+}  // namespace velmar::frame
