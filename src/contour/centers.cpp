@@ -1,0 +1,118 @@
+#include "contour/centers.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+#include "frame/extremes.h"
+#include "frame/numbers.h"
+
+namespace velmar::contour {
+
+namespace {
+
+using frame::GridView;
+
+enum class Kind : unsigned char { none, low, high };
+
+/// A sum of differences along one direction and how many were added.
+struct Slope {
+    float sum = 0.0F;
+    int steps = 0;
+};
+
+/// Adds the differences at the indices from `from` towards `stop` while they keep the centre's sense. Where
+/// one stops the walk the sum becomes a mean, not a number when it is the first; a walk that comes to the
+/// edge of the grid keeps its sum.
+template <class Difference>
+Slope walkSlope(bool high, int from, int stop, int step, Difference difference) {
+    Slope slope;
+    for (int k = from; k != stop; k += step) {
+        const float change = difference(k);
+        if (!(high ? change > 0.0F : change < 0.0F)) {
+            slope.sum /= static_cast<float>(slope.steps);
+            break;
+        }
+        slope.sum += change;
+        ++slope.steps;
+    }
+    return slope;
+}
+
+Center measure(const GridView& grid, int column, int row, bool high) {
+    const float* const line = grid.row(row);
+    const auto toPreviousColumn = [&](int k) { return line[k] - line[k - 1]; };
+    const auto toNextColumn = [&](int k) { return line[k] - line[k + 1]; };
+    const auto toPreviousRow = [&](int k) { return grid.at(column, k) - grid.at(column, k - 1); };
+    const Slope west = walkSlope(high, column, 0, -1, toPreviousColumn);
+    const Slope east = walkSlope(high, column, grid.nx - 1, 1, toNextColumn);
+    const Slope south = walkSlope(high, row, 0, -1, toPreviousRow);
+    // The walk to the north takes the same differences as the one to the south, so that it mostly ends with
+    // the second: strengths have always been measured so.
+    const Slope north = walkSlope(high, row, grid.ny - 1, 1, toPreviousRow);
+    Center center{};
+    center.column = column;
+    center.row = row;
+    center.value = line[column];
+    center.high = high;
+    center.strength = west.sum + east.sum + south.sum + north.sum;
+    center.stepCount = west.steps + east.steps + south.steps + north.steps;
+    return center;
+}
+
+/// Marks the centres of one inner row.
+void classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
+    const float* const south = grid.row(row - 1);
+    const float* const here = grid.row(row);
+    const float* const north = grid.row(row + 1);
+    for (int i = 1; i + 1 < grid.nx; ++i) {
+        const float p = here[i];
+        // A low is not compared with its south-west neighbour, and the one to the east may be equal: charts
+        // have always shown their centres so.
+        const bool low = (p <= here[i + 1]) & (p < here[i - 1]) & (p < south[i]) & (p < north[i]) &
+                         (p < north[i + 1]) & (p < north[i - 1]) & (p < south[i + 1]);
+        const bool high = (p >= here[i + 1]) & (p > here[i - 1]) & (p > south[i]) & (p > north[i]) &
+                          (p > north[i + 1]) & (p > south[i - 1]) & (p > south[i + 1]) & (p > north[i - 1]);
+        kinds[static_cast<std::size_t>(i)] = static_cast<Kind>(low + 2 * high);
+    }
+}
+
+/// Orders centres that stand row by row by column, rows staying in order within a column.
+std::vector<Center> orderedByColumn(const std::vector<Center>& centers, int nx) {
+    std::vector<std::size_t> next(static_cast<std::size_t>(nx) + 1);
+    for (const Center& center : centers) ++next[static_cast<std::size_t>(center.column) + 1];
+    for (std::size_t column = 1; column < next.size(); ++column) next[column] += next[column - 1];
+    std::vector<Center> ordered(centers.size());
+    for (const Center& center : centers) ordered[next[static_cast<std::size_t>(center.column)]++] = center;
+    return ordered;
+}
+
+void assignClasses(std::vector<Center>& centers) {
+    float largest = -std::numeric_limits<float>::infinity();
+    for (const Center& center : centers) largest = center.strength > largest ? center.strength : largest;
+    const float step = std::max(largest / 10.0F, 5.0F);
+    for (Center& center : centers) center.strengthClass = frame::truncateToInt(center.strength / step);
+}
+
+}  // namespace
+
+std::vector<Center> findGridCenters(const GridView& grid, float missing) {
+    std::vector<Center> centers;
+    if (grid.nx < 3 || grid.ny < 3) return centers;
+    const auto [largest, smallest] = frame::extremesOf({grid.values, grid.size()}, missing);
+    std::vector<Kind> kinds(static_cast<std::size_t>(grid.nx), Kind::none);
+    for (int row = 1; row + 1 < grid.ny; ++row) {
+        classifyRow(grid, row, kinds);
+        for (int column = 1; column + 1 < grid.nx; ++column) {
+            const Kind kind = kinds[static_cast<std::size_t>(column)];
+            if (kind == Kind::none) continue;
+            Center& center = centers.emplace_back(measure(grid, column, row, kind == Kind::high));
+            center.normalisedStrength = center.strength / (largest - smallest);
+        }
+    }
+    centers = orderedByColumn(centers, grid.nx);
+    assignClasses(centers);
+    return centers;
+}
+
+}  // namespace velmar::contour

@@ -1,0 +1,146 @@
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "contour/centers.h"
+#include "contour/levels.h"
+#include "contour/refine.h"
+#include "contour/result.h"
+#include "contour/state.h"
+#include "contour/trace.h"
+#include "frame/barrier.h"
+#include "frame/file.h"
+#include "frame/gridFile.h"
+#include "frame/state.h"
+#include "velmarBaseA.h"
+
+namespace {
+
+using namespace velmar::contour;
+using velmar::frame::Failure;
+using velmar::frame::FieldHeader;
+using velmar::frame::GridHeader;
+using velmar::frame::GridView;
+using velmar::frame::guarded;
+using velmar::frame::guardedReader;
+using velmar::frame::Outcome;
+using velmar::frame::ResultBlock;
+using velmar::frame::TextScanner;
+
+/// Whether the grid is refined before it is traced.
+enum class Smoothing { refine, none };
+
+/// Nothing when the mode is none.
+std::optional<LevelRequest> levelRequest(int mode, float start, float end, float interval,
+                                         const float* levels, int count) {
+    const std::optional<LevelMode> known = levelMode(mode);
+    if (!known) return std::nullopt;
+    const std::size_t listed = levels == nullptr || count < 1 ? 0 : static_cast<std::size_t>(count);
+    return LevelRequest{*known, start, end, interval, {levels, listed}, count};
+}
+
+/// The contour lines of a grid. Null when there is no request, or when a pointer that it needs is null.
+ResultBlock contour(const GridView& grid, float missing, const std::optional<LevelRequest>& request,
+                    const GridPlace& place, Smoothing smoothing) {
+    if (!request || (grid.values == nullptr && grid.size() > 0)) return nullptr;
+    if (request->mode == LevelMode::list && request->list.data() == nullptr) return nullptr;
+
+    ContourState& kept = state();
+    freeContourLines();
+    if (smoothing == Smoothing::refine) kept.factors = chooseFactors(grid.nx, grid.ny);
+    const Levels levels = chooseLevels(grid, missing, *request);
+    const bool refined = smoothing == Smoothing::refine && (kept.factors.x > 1 || kept.factors.y > 1);
+    const Grid fine = refined ? refine(grid, missing, kept.factors) : Grid{};
+    traceLevels(refined ? fine.view() : grid, missing, levels.values, kept.buffers, kept.lines);
+    const ContourHints hints{velmar::frame::state().lastBoldValue, levels.start, request->end,
+                             request->interval};
+    ResultBlock block = packContours(kept.lines, kept.factors, grid, place, hints);
+    freeContourLines();
+    return block;
+}
+
+bool circlesGlobe(const FieldHeader& field) {
+    const float width = static_cast<float>(field.nx) * field.lattice.longitudeStep;
+    return 359.5 < width && width < 360.01 && field.nx < std::numeric_limits<int>::max();
+}
+
+/// Reads a grid file's values. A grid that circles the globe is closed: its first column is repeated behind
+/// its last.
+Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field) {
+    const bool closes = circlesGlobe(field);
+    const Failure unreadable{closes ? -6 : -7};
+    if (!in.mayHold(velmar::frame::valueCount(field.nx, field.ny))) return unreadable;
+    Grid grid;
+    grid.nx = field.nx + (closes ? 1 : 0);
+    grid.ny = field.ny;
+    const auto width = static_cast<std::size_t>(std::max(grid.nx, 0));
+    const auto columns = static_cast<std::size_t>(std::max(field.nx, 0));
+    grid.values.resize(grid.view().size());
+    for (std::size_t first = 0; first < grid.values.size(); first += width) {
+        const std::span<float> row(grid.values.data() + first, width);
+        if (in.read(row.first(columns)) < columns) return unreadable;
+        if (closes) row.back() = row.front();
+    }
+    return grid;
+}
+
+Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const float* levels) {
+    const std::optional<std::string> text = velmar::frame::readDataFile(path);
+    if (!text) return Failure{-1};
+    TextScanner in(*text);
+    Outcome<GridHeader> header = readGridHeader(in);
+    if (!header) return header.failure();
+    velmar::frame::state().lastBoldValue = header->boldValue;
+    Outcome<Grid> grid = readGridValues(in, header->field);
+    if (!grid) return grid.failure();
+
+    const velmar::frame::Lattice& lattice = header->field.lattice;
+    const GridPlace place{lattice.startLongitude, lattice.startLatitude, lattice.longitudeStep,
+                          lattice.latitudeStep};
+    const std::optional<LevelRequest> request =
+        levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
+    constexpr float missing = velmar::frame::missingInFiles;
+    ResultBlock block = contour(grid->view(), missing, request, place, Smoothing::refine);
+    if (request->mode == LevelMode::automatic) {
+        state().lastCenters = packCenters(findGridCenters(grid->view(), missing), place);
+    }
+    return block;
+}
+
+}  // namespace
+
+float* contour2D(const float* grid, float missing, int nx, int ny, int mode, float start, float end,
+                 float interval, const float* levels, int count, float x0, float y0, float dx,
+                 float dy) noexcept {
+    return guarded<float*>(nullptr, [&] {
+        const auto request = levelRequest(mode, start, end, interval, levels, count);
+        return contour({grid, nx, ny}, missing, request, {x0, y0, dx, dy}, Smoothing::refine).release();
+    });
+}
+
+float* contour2DRaw(const float* grid, float missing, int nx, int ny, int mode, float start, float end,
+                    float interval, const float* levels, int count, float x0, float y0, float dx,
+                    float dy) noexcept {
+    return guarded<float*>(nullptr, [&] {
+        const auto request = levelRequest(mode, start, end, interval, levels, count);
+        return contour({grid, nx, ny}, missing, request, {x0, y0, dx, dy}, Smoothing::none).release();
+    });
+}
+
+float* readCntrData(const char* path, int mode, int count, const float* levels) noexcept {
+    if (!levelMode(mode)) return nullptr;
+    return guardedReader(-7, [&] { return contourFile(path, mode, count, levels); });
+}
+
+float* findCenters(const float* grid, float missing, int nx, int ny, int /*unused*/, float x0, float y0,
+                   float dx, float dy) noexcept {
+    return guarded<float*>(nullptr, [&]() -> float* {
+        const GridView view{grid, nx, ny};
+        if (grid == nullptr && view.size() > 0) return nullptr;
+        return packCenters(findGridCenters(view, missing), {x0, y0, dx, dy}).release();
+    });
+}

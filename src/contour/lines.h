@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace velmar::contour {
+
+/// A position on a grid, counted from 1 at the first column and row.
+struct Point {
+    float x;
+    float y;
+};
+
+/// One traced line: `pointCount` points from `firstPoint` on. A ring repeats its first point at its end.
+struct ContourLine {
+    float level;
+    std::size_t firstPoint;
+    std::size_t pointCount;
+};
+
+/// Lines in the order in which they were traced, their points in one array.
+struct LineList {
+    std::vector<ContourLine> lines;
+    std::vector<Point> points;
+
+    std::span<const Point> pointsOf(const ContourLine& line) const {
+        return {points.data() + line.firstPoint, line.pointCount};
+    }
+
+    /// Memory is kept for the next call.
+    void clear() {
+        lines.clear();
+        points.clear();
+    }
+};
+
+}  // namespace velmar::contour

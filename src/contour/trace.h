@@ -1,0 +1,38 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "contour/crossings.h"
+#include "contour/lines.h"
+
+namespace velmar::contour {
+
+/// Buffers of the tracing, reused from call to call.
+///
+/// Lines are as long as they were when a line was written from the middle of one work buffer towards both its
+/// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
+/// is cut where it would have met the end. Only the buffer's size lives on.
+struct TraceBuffers {
+    LevelIndex index;
+    Crossings crossings;
+    std::vector<Point> forward;
+    std::vector<Point> backward;
+    std::size_t workBufferFloats = 0;
+};
+
+/// Traces the levels in their order through a grid and appends their lines to the list.
+///
+/// The grid points are classified as above a level or not. A line passes each grid edge between a point above
+/// and one not above, at the linear interpolation between them, and leaves a cell through the one other such
+/// edge. Where all four edges of a cell are crossed, the two connecting segments that are shorter in total
+/// are taken.
+///
+/// Lines start at the edges in the order of their lower point, row by row; at one point the edge along the
+/// row comes first. Edges on the last row and on the last column start no line. From its start a line is
+/// followed upward or to the right, then downward or to the left; its points are stored from the end of the
+/// second walk through the start to the end of the first.
+void traceLevels(const frame::GridView& grid, float missing, std::span<const float> levels,
+                 TraceBuffers& buffers, LineList& lines);
+
+}  // namespace velmar::contour
