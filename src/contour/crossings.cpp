@@ -12,6 +12,7 @@ namespace {
 
 using Word = std::uint64_t;
 constexpr std::size_t wordBits = BitPlane::wordBits;
+constexpr float infinity = std::numeric_limits<float>::infinity();
 using Flags = std::array<unsigned char, wordBits>;  // each 0 or 1
 
 /// Packs flags into bits, eight at a time: the multiplication moves the low bits of eight bytes side by side.
@@ -26,10 +27,23 @@ Word pack(const Flags& flags) {
     return word;
 }
 
-/// The bits of the values above the level; values are at most a word of them.
-Word pointsAbove(std::span<const float> values, float level) {
-    Flags flags{};
-    for (std::size_t k = 0; k < values.size(); ++k) flags[k] = values[k] > level;
+/// The values of the points of one word.
+using WordOfValues = std::array<float, wordBits>;
+
+/// The values of word `w` of a row. Behind the end of the row there are none: not-a-number stands for them in
+/// `padded`.
+const float* valuesOf(std::span<const float> row, std::size_t w, WordOfValues& padded) {
+    const std::span<const float> rest = row.subspan(w * wordBits);
+    if (rest.size() >= wordBits) return rest.data();
+    padded.fill(std::numeric_limits<float>::quiet_NaN());
+    std::copy(rest.begin(), rest.end(), padded.begin());
+    return padded.data();
+}
+
+/// The bits of a word of values that lie above the level.
+Word pointsAbove(const float* values, float level) {
+    Flags flags;
+    for (std::size_t k = 0; k < wordBits; ++k) flags[k] = values[k] > level;
     return pack(flags);
 }
 
@@ -41,40 +55,44 @@ Word shifted(std::span<const Word> words, std::size_t w) {
 
 }  // namespace
 
-/// Finds the range of the values with data, at most a word of them, and returns the bits of those.
-Word LevelIndex::summarise(std::span<const float> values, float missing, Range& range) {
-    constexpr float infinity = std::numeric_limits<float>::infinity();
-    Flags flags{};
-    float lowest = infinity;
-    float highest = -infinity;
-    for (std::size_t k = 0; k < values.size(); ++k) {
-        const float value = values[k];
-        const bool hasData = (value != missing) & (value == value);
-        flags[k] = hasData;
-        lowest = hasData & (value < lowest) ? value : lowest;
-        highest = hasData & (value > highest) ? value : highest;
+/// Finds the range of a word of values and returns the bits of those with data.
+Word LevelIndex::summarise(const float* values, float missing, Range& range) {
+    // Several running extremes side by side, so that they stay in vectors.
+    constexpr std::size_t lanes = 16;
+    std::array<float, lanes> lowest;
+    std::array<float, lanes> highest;
+    lowest.fill(infinity);
+    highest.fill(-infinity);
+    Flags flags;
+    for (std::size_t first = 0; first < wordBits; first += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            const float value = values[first + lane];
+            const bool hasData = (value != missing) & (value == value);
+            flags[first + lane] = hasData;
+            lowest[lane] = hasData & (value < lowest[lane]) ? value : lowest[lane];
+            highest[lane] = hasData & (value > highest[lane]) ? value : highest[lane];
+        }
     }
-    range = {lowest, highest};
+    range = {*std::min_element(lowest.begin(), lowest.end()),
+             *std::max_element(highest.begin(), highest.end())};
     return pack(flags);
 }
 
 void LevelIndex::build(const frame::GridView& grid, float missing) {
-    constexpr float infinity = std::numeric_limits<float>::infinity();
     grid_ = grid;
     lowest_ = infinity;
     highest_ = -infinity;
     defined_.resize(grid.nx, grid.ny);
     ranges_.resize(wordsPerRow() * static_cast<std::size_t>(grid.ny));
-    const auto nx = static_cast<std::size_t>(grid.nx);
+    WordOfValues padded;
     auto range = ranges_.begin();
     for (int j = 0; j < grid.ny; ++j) {
-        Word* definedWord = defined_.row(j);
-        for (std::size_t first = 0; first < nx; first += wordBits) {
-            *definedWord++ =
-                summarise({grid.row(j) + first, std::min(wordBits, nx - first)}, missing, *range);
+        const std::span<const float> row(grid.row(j), static_cast<std::size_t>(grid.nx));
+        Word* const bits = defined_.row(j);
+        for (std::size_t w = 0; w < wordsPerRow(); ++w, ++range) {
+            bits[w] = summarise(valuesOf(row, w, padded), missing, *range);
             lowest_ = std::min(lowest_, range->lowest);
             highest_ = std::max(highest_, range->highest);
-            ++range;
         }
     }
 }
@@ -82,15 +100,15 @@ void LevelIndex::build(const frame::GridView& grid, float missing) {
 void LevelIndex::classifyRow(int j, float level, std::span<Word> above) const {
     const std::span<const Word> data = defined(j);
     const Range* range = ranges_.data() + static_cast<std::size_t>(j) * wordsPerRow();
-    const auto nx = static_cast<std::size_t>(grid_.nx);
+    const std::span<const float> row(grid_.row(j), static_cast<std::size_t>(grid_.nx));
+    WordOfValues padded;
     for (std::size_t w = 0; w < above.size(); ++w, ++range) {
         if (!(range->highest > level)) {
             above[w] = 0;
         } else if (range->lowest > level) {
             above[w] = data[w];
         } else {
-            const std::size_t first = w * wordBits;
-            above[w] = data[w] & pointsAbove({grid_.row(j) + first, std::min(wordBits, nx - first)}, level);
+            above[w] = data[w] & pointsAbove(valuesOf(row, w, padded), level);
         }
     }
 }

@@ -61,7 +61,7 @@ private:
         float highest;
     };
 
-    static std::uint64_t summarise(std::span<const float> values, float missing, Range& range);
+    static std::uint64_t summarise(const float* values, float missing, Range& range);
 
     frame::GridView grid_{};
     float lowest_ = 0.0F;
