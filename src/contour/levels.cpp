@@ -95,6 +95,7 @@ std::vector<float> levelsUpTo(float end, float start, float interval) {
         levels.push_back(static_cast<float>(levels.size()) * interval + start);
         progress(messages::countedLevel, {levels.back(), end, levels.size()});
     } while (interval > 0.0F && levels.back() < end && levels.size() <= mostLevels);
+    if (levels.size() > mostLevels) levels.clear();
     return levels;
 }
 

@@ -1,0 +1,148 @@
+#include "contour/levels.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "frame/progress.h"
+#include "support/files.h"
+
+namespace {
+
+using namespace velmar::contour;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+constexpr float infinity = std::numeric_limits<float>::infinity();
+
+std::vector<float> byInterval(float start, float end, float interval) {
+    return chooseLevels({nullptr, 0, 0}, 9999, {LevelMode::interval, start, end, interval, {}, 0}).values;
+}
+
+/// Automatic levels of data that hold the given values.
+Levels automatic(const std::vector<float>& data, int count) {
+    velmar::frame::setProgressEnabled(false);
+    Levels levels = chooseLevels({data.data(), static_cast<int>(data.size()), 1}, 9999,
+                                 {LevelMode::automatic, -77, 0, 0, {}, count});
+    velmar::frame::setProgressEnabled(true);
+    return levels;
+}
+
+TEST(Levels, RunFromStartToEndByTheInterval) {
+    EXPECT_THAT(byInterval(0, 100, 10), ElementsAre(0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100));
+    EXPECT_EQ(byInterval(0, 95, 10).size(), 10U);
+    EXPECT_THAT(byInterval(5, 5, 10), ElementsAre(5));
+    EXPECT_THAT(byInterval(5, -50, 10), IsEmpty());
+    EXPECT_EQ(byInterval(0, 1, 0.1F).size(), 10U) << "the count comes from unrounded arithmetic";
+    EXPECT_THAT(byInterval(0.1F, 0.3F, 0.1F), ElementsAre(0.1F, 0.1F + 0.1F, 2 * 0.1F + 0.1F));
+}
+
+TEST(Levels, WithoutAnAdvancingIntervalAreTheFirst) {
+    for (const float interval : {0.0F, -10.0F, nan})
+        EXPECT_THAT(byInterval(3, 100, interval), ElementsAre(3));
+}
+
+TEST(Levels, BeyondAMillionAreNone) {
+    EXPECT_EQ(byInterval(0, 999999, 1).size(), 1000000U);
+    EXPECT_THAT(byInterval(0, 1000000, 1), IsEmpty());
+    EXPECT_THAT(byInterval(0, infinity, 1), IsEmpty());
+    EXPECT_THAT(automatic({0, 1}, 3000000).values, IsEmpty());
+    EXPECT_THAT(automatic({-1, 1}, 1000000).values, IsEmpty()) << "both ways together";
+}
+
+TEST(AutomaticLevels, AreMultiplesOfARoundedInterval) {
+    EXPECT_THAT(automatic({2, 38}, 10).values,
+                ElementsAre(0, 3, 6, 9, 12, 15, 18, 21, 24, 27, 30, 33, 36, 39));
+    EXPECT_THAT(automatic({1000, 1040}, 8).values,
+                ElementsAre(1000, 1005, 1010, 1015, 1020, 1025, 1030, 1035, 1040));
+    EXPECT_THAT(automatic({1, 375}, 10).values,
+                ElementsAre(0, 40, 80, 120, 160, 200, 240, 280, 320, 360, 400));
+    EXPECT_THAT(automatic({0, 950}, 10).values,
+                ElementsAre(0, 100, 200, 300, 400, 500, 600, 700, 800, 900, 1000));
+    EXPECT_THAT(automatic({0, 100}, 10).values, ElementsAre(0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100));
+    EXPECT_THAT(automatic({5, 8}, 3).values, ElementsAre(5, 6, 7, 8))
+        << "an interval of exactly 1 is rounded by 1";
+    EXPECT_THAT(automatic({-85, -50}, 3).values, ElementsAre(-80, -70, -60, -50))
+        << "the start is truncated upward";
+    EXPECT_THAT(automatic({-8.5F, -5}, 3).values, IsEmpty()) << "and may so leave the data";
+}
+
+TEST(AutomaticLevels, BelowOneKeepOneDigit) {
+    const std::vector<float> levels = automatic({0, 0.5F}, 10).values;
+    ASSERT_EQ(levels.size(), 11U);
+    for (std::size_t k = 0; k < levels.size(); ++k) EXPECT_EQ(levels[k], static_cast<float>(k) * 0.05F);
+    EXPECT_EQ(automatic({0, 0.0025F}, 1).values.at(1), 0.003F) << "the digit is rounded in single precision";
+    EXPECT_EQ(automatic({0.25F, 0.75F}, 5).start, 0.2F);
+}
+
+TEST(AutomaticLevels, OfDataOnBothSidesOfZeroStartAtZero) {
+    EXPECT_THAT(automatic({-35, 25}, 6).values, ElementsAre(0, 10, 20, 30, -10, -20, -30, -40));
+    EXPECT_THAT(automatic({-3, 25}, 2).values, ElementsAre(0, 10, 20, 30))
+        << "no level below -3 is a multiple";
+    EXPECT_EQ(automatic({-35, 25}, 6).start, -77) << "the caller's start stays";
+    EXPECT_EQ(automatic({2, 38}, 10).start, 0);
+}
+
+TEST(AutomaticLevels, EndWhereTheIntervalRoundsToNothing) {
+    EXPECT_THAT(automatic({5, 5}, 10).values, IsEmpty());
+    EXPECT_THAT(automatic({5.25F, 5.25F}, 10).values, ElementsAre(5.2F));
+    EXPECT_THAT(automatic({-4e-8F, 4e-8F}, 1).values, ElementsAre(0))
+        << "8e-8 is written padded and rounds to 0";
+    EXPECT_THAT(automatic({2, 38}, -10).values, ElementsAre(0)) << "a negative count";
+    EXPECT_THAT(automatic({9999, 9999}, 10).values, IsEmpty());
+    EXPECT_THAT(automatic({nan, nan}, 10).values, IsEmpty());
+    EXPECT_THAT(automatic({5.25F, 5.25F}, 0).values, ElementsAre(5.2F)) << "0 / 0";
+    EXPECT_THAT(automatic({0, 3e38F}, 1).values, IsEmpty()) << "an interval beyond the whole numbers";
+    EXPECT_THAT(automatic({2, 38, infinity}, 10).values, IsEmpty());
+}
+
+TEST(AutomaticLevels, LeaveMissingValuesOut) {
+    EXPECT_THAT(automatic({0, 100, 9999}, 10).values, testing::SizeIs(11));
+}
+
+TEST(AutomaticLevels, ArePrintedAsTheyAreChosen) {
+    const std::vector<float> grid{0, 0.5F, 0, 0.5F};
+    testing::internal::CaptureStdout();
+    const velmar::test::Block block(contour2D(grid.data(), 9999, 2, 2, 1, 0, 0, 0, nullptr, 2, 0, 0, 1, 1));
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\xD7\xEE\xB3\xF5\xBC\xE4\xB8\xF4\xD6\xB5"
+              "0.250000 0.500000 0.000000\n"
+              "\xC8\xB7\xB6\xA8\xCE\xBB\xCA\xFD"
+              "12 0.2500000000 2\n"
+              "\xC8\xB7\xB6\xA8\xB1\xB6\xCA\xFD 0.2500000000 0.300000\n"
+              "\xBC\xE4\xB8\xF4\xBC\xC6\xCB\xE3"
+              "0.300000 0.500000 0.000000\n"
+              "  \xC8\xB7\xB6\xA8\xBF\xAA\xCA\xBC\xD6\xB5"
+              "0.000000 10 0.000000 0.000000\n"
+              "  \xBF\xAA\xCA\xBC\xD6\xB5"
+              "0.000000 0.500000 0\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.000000 0.500000 1\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.300000 0.500000 2\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.600000 0.500000 3\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.000000 0.000000 3\n"
+              "\xB7\xD6\xCE\xF6\xCF\xDF\xD6\xB5$f\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.300000 0.300000 3\n"
+              "\xB7\xD6\xCE\xF6\xCF\xDF\xD6\xB5$f\n"
+              "  \xBC\xC6\xCB\xE3"
+              "0.600000 0.600000 3\n"
+              "\xB7\xD6\xCE\xF6\xCF\xDF\xD6\xB5$f\n");
+}
+
+TEST(ListedLevels, AreTakenAsTheyAre) {
+    const std::vector<float> list{5, 3, 3};
+    EXPECT_THAT(chooseLevels({nullptr, 0, 0}, 9999, {LevelMode::list, 0, 0, 0, list, 0}).values,
+                ElementsAre(5, 3, 3));
+    EXPECT_FALSE(levelMode(3).has_value());
+    EXPECT_FALSE(levelMode(-1).has_value());
+}
+
+}  // namespace

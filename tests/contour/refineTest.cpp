@@ -1,0 +1,51 @@
+#include "contour/refine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+#include "contour/plain.h"
+#include "support/fields.h"
+
+namespace {
+
+using namespace velmar;
+using contour::chooseFactors;
+using contour::refine;
+
+TEST(Refine, EqualsThePlainWay) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 600; ++round) {
+        const int nx = 1 + static_cast<int>(random() % 12);
+        const int ny = 1 + static_cast<int>(random() % 12);
+        const contour::RefinementFactors factors{1 + static_cast<int>(random() % 5),
+                                                 1 + static_cast<int>(random() % 5)};
+        auto field = test::smoothField(random, nx, ny);
+        for (float& value : field) value = random() % 6 == 0 ? 9999.0F : value;
+        const float missing = round % 7 == 0 ? std::numeric_limits<float>::quiet_NaN() : 9999.0F;
+        const frame::GridView grid{field.data(), nx, ny};
+        const contour::Grid fine = refine(grid, missing, factors);
+        ASSERT_EQ(fine.values, test::plainRefine(grid, missing, factors.x, factors.y).values);
+        for (int j = 0; j < ny; ++j) {
+            for (int i = 0; i < nx; ++i)
+                ASSERT_EQ(fine.view().at(i * factors.x, j * factors.y), grid.at(i, j));
+        }
+    }
+}
+
+TEST(Refine, ChoosesFactorsThatLeaveFiveAndClampToFour) {
+    const auto factors = [](int nx, int ny) {
+        const auto chosen = chooseFactors(nx, ny);
+        return std::pair{chosen.x, chosen.y};
+    };
+    EXPECT_EQ(factors(40, 10), std::pair(5, 5));
+    EXPECT_EQ(factors(41, 11), std::pair(4, 4));
+    EXPECT_EQ(factors(33, 8), std::pair(4, 4));
+    EXPECT_EQ(factors(250, 60), std::pair(1, 1));
+    EXPECT_EQ(factors(1, 1), std::pair(4, 4));
+    EXPECT_EQ(factors(0, -3), std::pair(1, 1));
+}
+
+}  // namespace
