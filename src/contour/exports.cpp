@@ -2,7 +2,6 @@
 #include <limits>
 #include <optional>
 #include <span>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -23,6 +22,7 @@ namespace {
 using namespace velmar::contour;
 using velmar::frame::Failure;
 using velmar::frame::FieldHeader;
+using velmar::frame::FileText;
 using velmar::frame::GridHeader;
 using velmar::frame::GridView;
 using velmar::frame::guarded;
@@ -89,9 +89,9 @@ Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field) {
 }
 
 Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const float* levels) {
-    const std::optional<std::string> text = velmar::frame::readDataFile(path);
+    const std::optional<FileText> text = velmar::frame::readDataFile(path);
     if (!text) return Failure{-1};
-    TextScanner in(*text);
+    TextScanner in(text->view());
     Outcome<GridHeader> header = readGridHeader(in);
     if (!header) return header.failure();
     velmar::frame::state().lastBoldValue = header->boldValue;

@@ -43,9 +43,9 @@ struct MarshallingAllocator {
 };
 
 Outcome<ResultBlock> readGrid(const char* path) {
-    const std::optional<std::string> text = readDataFile(path);
+    const std::optional<FileText> text = readDataFile(path);
     if (!text) return Failure{-1};
-    TextScanner in(*text);
+    TextScanner in(text->view());
     Outcome<GridHeader> header = readGridHeader(in);
     if (!header) return header.failure();
     state().lastBoldValue = header->boldValue;

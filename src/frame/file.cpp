@@ -1,9 +1,10 @@
 #include "frame/file.h"
 
-#include <array>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <memory>
+#include <new>
 
 #include "frame/messages.h"
 
@@ -17,27 +18,23 @@ struct FileClose {
 
 }  // namespace
 
-std::optional<std::string> readWholeFile(const char* path) {
+std::optional<FileText> readWholeFile(const char* path) {
     if (path == nullptr) return std::nullopt;
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
     const std::unique_ptr<std::FILE, FileClose> file(std::fopen(path, "rb"));
-    if (file == nullptr) return std::nullopt;
-
-    // The size is a hint: the file may grow or shrink while it is read.
-    const std::uintmax_t expected = std::filesystem::file_size(path, error);
-    std::string bytes(error ? 0 : static_cast<std::size_t>(expected), '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    std::array<char, 4096> more;
-    while (const std::size_t got = std::fread(more.data(), 1, more.size(), file.get()))
-        bytes.append(more.data(), got);
-    return bytes;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (file == nullptr || error) return std::nullopt;
+    if (size > std::numeric_limits<std::size_t>::max()) throw std::bad_alloc();
+    FileText text{std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size)), 0};
+    text.size = std::fread(text.bytes.get(), 1, static_cast<std::size_t>(size), file.get());
+    return text;
 }
 
-std::optional<std::string> readDataFile(const char* path) {
-    std::optional<std::string> bytes = readWholeFile(path);
-    if (!bytes) std::fprintf(stderr, messages::cannotOpenDataFile, path == nullptr ? "(null)" : path);
-    return bytes;
+std::optional<FileText> readDataFile(const char* path) {
+    std::optional<FileText> text = readWholeFile(path);
+    if (!text) std::fprintf(stderr, messages::cannotOpenDataFile, path == nullptr ? "(null)" : path);
+    return text;
 }
 
 }  // namespace velmar::frame

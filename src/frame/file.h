@@ -1,16 +1,26 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace velmar::frame {
 
-/// The bytes of a regular file, or nothing when it cannot be opened. Anything else than a regular file counts
-/// as not to be opened: a directory has no bytes, and a pipe or a device could keep the host waiting for
-/// ever.
-std::optional<std::string> readWholeFile(const char* path);
+/// The bytes of a file.
+struct FileText {
+    std::unique_ptr<char[]> bytes;
+    std::size_t size;
+
+    std::string_view view() const { return {bytes.get(), size}; }
+};
+
+/// Reads a regular file as long as it is when it is opened, or less when it shrinks meanwhile. Nothing when
+/// it cannot be opened; anything else than a regular file counts as that: a directory has no bytes, and a
+/// pipe or a device could keep the host waiting for ever.
+std::optional<FileText> readWholeFile(const char* path);
 
 /// The same for the readers of data files, which name a file that they cannot open on standard error.
-std::optional<std::string> readDataFile(const char* path);
+std::optional<FileText> readDataFile(const char* path);
 
 }  // namespace velmar::frame

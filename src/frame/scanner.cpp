@@ -1,7 +1,10 @@
 #include "frame/scanner.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -97,21 +100,46 @@ bool TextScanner::read(int& value) {
 bool TextScanner::read(float& value) {
     skipBlanks();
     const bool negative = skipSign();
-    if (next_ == end_) return false;
-    float magnitude = 0;
-    const auto [stop, error] = std::from_chars(next_, end_, magnitude);
-    const bool converted = (isDigit(*next_) || *next_ == '.') && error == std::errc();
-    if (converted && (stop == end_ || (lowerCase(*stop) != 'e' && lowerCase(*stop) != 'x'))) {
-        next_ = stop;
-    } else if (!readUnusual(magnitude)) {
-        return false;
-    }
+    float magnitude = 0.0F;
+    if (!readPlain(magnitude) && !readUnusual(magnitude)) return false;
     value = negative ? -magnitude : magnitude;
     return true;
 }
 
-/// A number that is not a plain decimal one, behind its sign, or something that only begins like one.
+/// Reads a decimal numeral without exponent whose digits make a whole number that a double holds exactly. So
+/// is the power of ten that it is divided by, and their quotient, rounded once more to single, is right
+/// unless it lies just half way between two singles.
+bool TextScanner::readPlain(float& value) {
+    constexpr std::ptrdiff_t digitLimit = 17;
+    constexpr std::uint64_t mostExact = std::uint64_t{1} << 53U;
+    constexpr std::uint64_t droppedBits = (std::uint64_t{1} << 29U) - 1;
+    constexpr std::uint64_t halfWay = std::uint64_t{1} << 28U;
+    constexpr std::array<double, digitLimit> powersOfTen{1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7, 1e8,
+                                                         1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
+    const char* at = next_;
+    std::uint64_t digits = 0;
+    const auto takeDigits = [&] {
+        const char* const first = at;
+        for (; at != end_ && isDigit(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        return at - first;
+    };
+    const std::ptrdiff_t whole = takeDigits();
+    const bool point = at != end_ && *at == '.';
+    if (point) ++at;
+    const std::ptrdiff_t decimals = point ? takeDigits() : 0;
+    const std::ptrdiff_t count = whole + decimals;
+    if (count == 0 || count >= digitLimit || digits > mostExact || (at != end_ && !isBlank(*at)))
+        return false;
+    const double quotient = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
+    if ((std::bit_cast<std::uint64_t>(quotient) & droppedBits) == halfWay) return false;
+    value = static_cast<float>(quotient);
+    next_ = at;
+    return true;
+}
+
+/// Reads every other number, behind its sign; fails on what only begins like one.
 bool TextScanner::readUnusual(float& value) {
+    if (next_ == end_) return false;
     const char first = lowerCase(*next_);
     return first == 'n' || first == 'i' ? readName(value) : readNumeral(value);
 }

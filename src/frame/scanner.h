@@ -45,6 +45,7 @@ public:
 private:
     void skipBlanks();
     bool skipSign();
+    bool readPlain(float& value);
     bool readUnusual(float& value);
     bool readNumeral(float& value);
     bool readName(float& value);
