@@ -69,8 +69,10 @@ Word LevelIndex::summarise(const float* values, float missing, Range& range) {
             const float value = values[first + lane];
             const bool hasData = (value != missing) & (value == value);
             flags[first + lane] = hasData;
-            lowest[lane] = hasData & (value < lowest[lane]) ? value : lowest[lane];
-            highest[lane] = hasData & (value > highest[lane]) ? value : highest[lane];
+            const bool lower = hasData & (value < lowest[lane]);
+            const bool higher = hasData & (value > highest[lane]);
+            lowest[lane] = lower ? value : lowest[lane];
+            highest[lane] = higher ? value : highest[lane];
         }
     }
     range = {*std::min_element(lowest.begin(), lowest.end()),

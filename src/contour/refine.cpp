@@ -47,12 +47,15 @@ void interpolate(const Neighbours& in, std::size_t count, const Position& at, fl
         const float a0 = in.first[c];
         const float a1 = in.last[c];
         const float across = a1 - a0;
-        const float s0 = opens | (before[c] == missing) ? across : (a1 - before[c]) * 0.5F;
-        const float s1 = closes | (after[c] == missing) ? across : (after[c] - a0) * 0.5F;
+        const bool oneSidedFirst = opens | (before[c] == missing);
+        const bool oneSidedLast = closes | (after[c] == missing);
+        const bool undefined = (a0 == missing) | (a1 == missing);
+        const float s0 = oneSidedFirst ? across : (a1 - before[c]) * 0.5F;
+        const float s1 = oneSidedLast ? across : (after[c] - a0) * 0.5F;
         const float c3 = 2.0F * a0 - 2.0F * a1 + s0 + s1;
         const float c2 = 3.0F * a1 - 3.0F * a0 - 2.0F * s0 - s1;
         const float value = a0 + s0 * at.t + c2 * at.t2 + c3 * at.t3;
-        out[c * stride] = (a0 == missing) | (a1 == missing) ? missing : value;
+        out[c * stride] = undefined ? missing : value;
     }
 }
 
