@@ -3,10 +3,10 @@
  * Plain C interface. It compiles as C99 and as C++.
  *
  * Result arrays
- *   Most exports return one heap block of 32-bit floats. Counts and sizes in it are stored as float values. Unless
- *   a function says otherwise, element 0 is the number of elements of the block, itself included, or, when it is
- *   negative, an error code, and the block then holds this one element only. Test element 0 first. The caller owns
- *   every returned block and releases it once with freecPointer().
+ *   Most exports return one heap block of 32-bit floats. Counts and sizes in it are stored as float values.
+ * Unless a function says otherwise, element 0 is the number of elements of the block, itself included, or,
+ * when it is negative, an error code, and the block then holds this one element only. Test element 0 first.
+ * The caller owns every returned block and releases it once with freecPointer().
  *
  * Error codes of the file readers
  *   -1  the file cannot be opened (it is also named on standard error)
@@ -19,9 +19,9 @@
  *   A failure of another kind, such as a lack of memory, is reported with the last of a reader's codes.
  *
  * Grids
- *   nx columns and ny rows of 32-bit floats, row after row: column i of row j is element j * nx + i. Column 0 lies at
- *   the start longitude, row 0 at the start latitude; longitudes and latitudes are in degrees, steps may be negative.
- *   A grid whose nx or ny is not positive holds no values.
+ *   nx columns and ny rows of 32-bit floats, row after row: column i of row j is element j * nx + i. Column 0
+ * lies at the start longitude, row 0 at the start latitude; longitudes and latitudes are in degrees, steps
+ * may be negative. A grid whose nx or ny is not positive holds no values.
  *
  * Paths are NUL-terminated 8-bit strings in the code page of the host's file system.
  *
@@ -45,30 +45,33 @@ extern "C" {
 #define VELMAR_NOEXCEPT
 #endif
 
-/* ---- Release ------------------------------------------------------------------------------------------------ */
+/* ---- Release
+ * ------------------------------------------------------------------------------------------------ */
 
 /* Releases a block that an export returned; null is allowed. The three names are the same function. */
 VELMAR_EXPORT void freecPointer(void* block) VELMAR_NOEXCEPT;
 VELMAR_EXPORT void cntrFreeLineVar(void* block) VELMAR_NOEXCEPT;
 VELMAR_EXPORT void cntrShadFreeLineVar(void* block) VELMAR_NOEXCEPT;
 
-/* ---- Probes: how a host's marshalling of integers, pointers and arrays is checked ----------------------------- */
+/* ---- Probes: how a host's marshalling of integers, pointers and arrays is checked
+ * ----------------------------- */
 
 /* Stores a + b, wrapped to 32 bits, in *sum (when sum is not null) and returns it. */
 VELMAR_EXPORT int mySum(int a, int b, int* sum) VELMAR_NOEXCEPT;
 
-/* Returns the sum of count integers, wrapped to 32 bits, and then adds 100 to each in place. A count below 1 or a
- * null array gives 0 and changes nothing. */
+/* Returns the sum of count integers, wrapped to 32 bits, and then adds 100 to each in place. A count below 1
+ * or a null array gives 0 and changes nothing. */
 VELMAR_EXPORT int TestArrayOfInts(int* values, int count) VELMAR_NOEXCEPT;
 
-/* Replaces *values by a new array of five integers, each 100 above the element it stands for, sets *count to 5 and
- * returns the sum of the first *count elements of the old array (0 when *count is below 1), wrapped to 32 bits.
- * Five elements of the old array are read whatever *count is: hosts pass five.
- * Ownership: the old array is released and the new one allocated with CoTaskMemFree and CoTaskMemAlloc on Windows,
- * with free and malloc elsewhere. On a null argument or a lack of memory it returns 0 and changes nothing. */
+/* Replaces *values by a new array of five integers, each 100 above the element it stands for, sets *count to
+ * 5 and returns the sum of the first *count elements of the old array (0 when *count is below 1), wrapped to
+ * 32 bits. Five elements of the old array are read whatever *count is: hosts pass five. Ownership: the old
+ * array is released and the new one allocated with CoTaskMemFree and CoTaskMemAlloc on Windows, with free and
+ * malloc elsewhere. On a null argument or a lack of memory it returns 0 and changes nothing. */
 VELMAR_EXPORT int TestRefArrayOfInts(int** values, int* count) VELMAR_NOEXCEPT;
 
-/* ---- Grid file ------------------------------------------------------------------------------------------------ */
+/* ---- Grid file
+ * ------------------------------------------------------------------------------------------------ */
 
 /* Reads a grid file ("diamond" type 4).
  *
@@ -80,21 +83,22 @@ VELMAR_EXPORT int TestRefArrayOfInts(int** values, int* count) VELMAR_NOEXCEPT;
  *   3, 4          start longitude, start latitude
  *   5, 6          end longitude, end latitude
  *   7, 8          longitude step, latitude step
- *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 when there are none
- *   11 to 10 + n  the values, row after row from the start latitude
- *   11 + n ...    contour interval, start and end contour value, smoothing factor, bold-line value
+ *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 when there are
+ * none 11 to 10 + n  the values, row after row from the start latitude 11 + n ...    contour interval, start
+ * and end contour value, smoothing factor, bold-line value
  *
  * Errors: -1 to -5 and -7, in a one-element block. Release with freecPointer(). */
 VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
 
-/* ---- Contour lines -------------------------------------------------------------------------------------------- */
+/* ---- Contour lines
+ * -------------------------------------------------------------------------------------------- */
 
 /* Draws the contour lines of a grid.
  *
- * contour2D first refines the grid by cubic Hermite interpolation: 200 / nx times along rows and 50 / ny times along
- * columns (whole numbers; above 5 means 4, below 1 means 1). contour2DRaw traces the grid as it is, but divides
- * positions by the factors of the last contour2D call of the process (1 before the first): a host that mixes the two
- * must know this.
+ * contour2D first refines the grid by cubic Hermite interpolation: 200 / nx times along rows and 50 / ny
+ * times along columns (whole numbers; above 5 means 4, below 1 means 1). contour2DRaw traces the grid as it
+ * is, but divides positions by the factors of the last contour2D call of the process (1 before the first): a
+ * host that mixes the two must know this.
  *
  *   grid          ny rows of nx values; not changed
  *   missing       value of grid points without data; no line passes an edge that touches one
@@ -114,22 +118,21 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  * Result, with L lines of P(1) ... P(L) points and n = nx * ny:
  *   0             15 + 3 L + 2 (P(1) + ... + P(L)) + n, the element count
  *   1             L
- *   per line      its number of points P, its level, 0, then P pairs longitude, latitude; the lines of one level
- *                 stand together, levels in the order of the level list; a closed line repeats its first point
- *   then          -1, a separator
- *   next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
+ *   per line      its number of points P, its level, 0, then P pairs longitude, latitude; the lines of one
+ * level stand together, levels in the order of the level list; a closed line repeats its first point then -1,
+ * a separator next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
  *   next n        the grid as passed in
- *   last 4        bold-line value of the last grid file read, start, end, interval. In mode 1, when the data do not
- *                 straddle zero, start is the one chosen from the data.
+ *   last 4        bold-line value of the last grid file read, start, end, interval. In mode 1, when the data
+ * do not straddle zero, start is the one chosen from the data.
  *
  * Returns null when mode is not 0, 1 or 2, when a pointer that is needed is null, or for lack of memory.
  * Release with cntrFreeLineVar(). */
-VELMAR_EXPORT float* contour2D(const float* grid, float missing, int nx, int ny, int mode, float start, float end,
-                               float interval, const float* levels, int count, float x0, float y0, float dx,
-                               float dy) VELMAR_NOEXCEPT;
-VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int ny, int mode, float start, float end,
-                                  float interval, const float* levels, int count, float x0, float y0, float dx,
-                                  float dy) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* contour2D(const float* grid, float missing, int nx, int ny, int mode, float start,
+                               float end, float interval, const float* levels, int count, float x0, float y0,
+                               float dx, float dy) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int ny, int mode, float start,
+                                  float end, float interval, const float* levels, int count, float x0,
+                                  float y0, float dx, float dy) VELMAR_NOEXCEPT;
 
 /* Reads a grid file and draws its contour lines as contour2D does, with 9999 as the missing value.
  *
@@ -138,18 +141,19 @@ VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int 
  *   count   as in contour2D
  *   levels  as in contour2D
  *
- * A grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more column, equal to
- * its first, so that lines cross the seam; the result then counts that column.
+ * A grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more column,
+ * equal to its first, so that lines cross the seam; the result then counts that column.
  *
- * Result: that of contour2D. Errors: -1 to -7 in a one-element block; null when mode is not 0, 1 or 2 (nothing is
- * read then) or when mode is 2 and levels is null. Release with cntrFreeLineVar(). */
+ * Result: that of contour2D. Errors: -1 to -7 in a one-element block; null when mode is not 0, 1 or 2
+ * (nothing is read then) or when mode is 2 and levels is null. Release with cntrFreeLineVar(). */
 VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const float* levels) VELMAR_NOEXCEPT;
 
-/* ---- Centres -------------------------------------------------------------------------------------------------- */
+/* ---- Centres
+ * -------------------------------------------------------------------------------------------------- */
 
-/* Finds the centres of highs and lows: inner grid points above or below their eight neighbours. A point may equal
- * its neighbour in the next column, and a low is not compared with its neighbour in the column before and the row
- * before.
+/* Finds the centres of highs and lows: inner grid points above or below their eight neighbours. A point may
+ * equal its neighbour in the next column, and a low is not compared with its neighbour in the column before
+ * and the row before.
  *
  *   grid      ny rows of nx values; not changed
  *   missing   value left out of the data range; such a point is still compared like any other
@@ -160,15 +164,15 @@ VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const f
  *
  * Result, with K centres ordered by column, then by row; 7 K + 2 elements:
  *   0         K (not the element count)
- *   per centre  -1 for a low, 1 for a high; longitude; latitude; grid value; strength divided by the data range;
- *             number of grid steps that the strength was taken over; class of strength (a whole number)
- *   last      0
- * The strength is the sum of mean differences per grid step away from the centre in four directions, in units of the
- * grid; where a centre equals its neighbour it is not a number.
+ *   per centre  -1 for a low, 1 for a high; longitude; latitude; grid value; strength divided by the data
+ * range; number of grid steps that the strength was taken over; class of strength (a whole number) last 0 The
+ * strength is the sum of mean differences per grid step away from the centre in four directions, in units of
+ * the grid; where a centre equals its neighbour it is not a number.
  *
- * Returns null when grid is null but should hold values, or for lack of memory. Release with freecPointer(). */
-VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int ny, int unused, float x0, float y0,
-                                 float dx, float dy) VELMAR_NOEXCEPT;
+ * Returns null when grid is null but should hold values, or for lack of memory. Release with freecPointer().
+ */
+VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int ny, int unused, float x0,
+                                 float y0, float dx, float dy) VELMAR_NOEXCEPT;
 
 #ifdef __cplusplus
 }

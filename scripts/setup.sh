@@ -1,0 +1,40 @@
+# Set-up that the run scripts share; they source it with the repository as the current directory.
+
+# Debian packages by purpose.
+buildPackages=(g++ cmake ninja-build pkg-config)
+programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev libfmt-dev
+                 fonts-wqy-microhei fonts-dejavu-core)
+testPackages=(libgtest-dev libgmock-dev)
+formatPackages=(clang-format git)
+benchPackages=(libbenchmark-dev python3-contourpy python3-numpy)
+
+step() { printf '== %s\n' "$*" >&2; }
+
+# quietly COMMAND...: runs it and shows its output only when it fails.
+quietly() {
+    local output
+    output=$("$@" 2>&1 </dev/null) || { printf '%s\n' "$output" >&2; return 1; }
+}
+
+asRoot() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# installPackages PACKAGE...: installs those that are missing.
+installPackages() {
+    local package missing=()
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    step "Installing ${missing[*]}"
+    quietly asRoot apt-get update
+    quietly asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# buildPreset PRESET [CMAKE-OPTION...]
+buildPreset() {
+    step "Building preset $1 in build/$1"
+    quietly cmake --preset "$@"
+    quietly cmake --build --preset "$1"
+}
