@@ -1,0 +1,27 @@
+#include "arguments.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <cmath>
+
+namespace velmar::tool {
+
+std::vector<double> parseNumbers(const std::string& option, const std::string& text) {
+    std::vector<double> numbers;
+    const char* next = text.data();
+    const char* const end = next + text.size();
+    while (true) {
+        double value = 0;
+        const auto [behind, error] = std::from_chars(next, end, value);
+        if (error != std::errc{} || !std::isfinite(static_cast<float>(value)) ||
+            (behind != end && *behind != ','))
+            throw CLI::ValidationError(option, fmt::format("\"{}\" is not a list of numbers", text));
+        numbers.push_back(value);
+        if (behind == end) return numbers;
+        next = behind + 1;
+    }
+}
+
+}  // namespace velmar::tool

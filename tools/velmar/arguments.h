@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmar::tool {
+
+/// Reads "1,2.5,-3" as at least one number, all of them finite also as floats. Throws CLI::ValidationError
+/// with the option's name.
+std::vector<double> parseNumbers(const std::string& option, const std::string& text);
+
+}  // namespace velmar::tool

@@ -1,0 +1,58 @@
+#include "chart/coverageLayer.h"
+
+namespace velmar::tool {
+namespace {
+
+/// Whether the grid has data in all four corners of a cell: lines are drawn in such cells only.
+bool isCovered(const frame::GridView& grid, int column, int row) {
+    return isPresent(grid.at(column, row)) && isPresent(grid.at(column + 1, row)) &&
+           isPresent(grid.at(column, row + 1)) && isPresent(grid.at(column + 1, row + 1));
+}
+
+}  // namespace
+
+void CoverageLayer::draw(Page& page) const {
+    const PaperBox& box = page.map.box;
+    cairo_rectangle(page.ink, box.left, box.top, box.width, box.height);
+    setColour(page.ink, noDataGrey);
+    cairo_fill(page.ink);
+
+    const auto [west, east] = std::minmax<double>({set_.lattice.startLongitude, set_.lattice.endLongitude});
+    const auto [first, last] = circlesInto(page.map.bounds, west, east);
+    for (int circles = first; circles <= last; ++circles)
+        for (int row = 0; row + 1 < set_.grid.ny; ++row) addRow(page, row, circles);
+    setColour(page.ink, white);
+    cairo_fill(page.ink);
+}
+
+/// Neighbouring cells become one rectangle, so that no seams show between them.
+void CoverageLayer::addRow(const Page& page, int row, int circles) const {
+    int first = 0;
+    for (int column = 0; column + 1 < set_.grid.nx; ++column) {
+        if (isCovered(set_.grid, column, row)) continue;
+        addCells(page, row, first, column, circles);
+        first = column + 1;
+    }
+    addCells(page, row, first, set_.grid.nx - 1, circles);
+}
+
+void CoverageLayer::addCells(const Page& page, int row, int firstColumn, int lastColumn, int circles) const {
+    if (firstColumn >= lastColumn) return;
+    const frame::Lattice& lattice = set_.lattice;
+    const auto corner = [&](int column, int cornerRow) {
+        return page.map.toPaper(
+            lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep + 360.0 * circles,
+            lattice.startLatitude + static_cast<double>(cornerRow) * lattice.latitudeStep);
+    };
+    const PaperPoint a = corner(firstColumn, row);
+    const PaperPoint b = corner(lastColumn, row + 1);
+    // Far outside the map the numbers would be too large for the drawing library.
+    const PaperBox& box = page.map.box;
+    const auto x =
+        std::minmax({std::clamp(a.x, box.left, box.right()), std::clamp(b.x, box.left, box.right())});
+    const auto y =
+        std::minmax({std::clamp(a.y, box.top, box.bottom()), std::clamp(b.y, box.top, box.bottom())});
+    cairo_rectangle(page.ink, x.first, y.first, x.second - x.first, y.second - y.first);
+}
+
+}  // namespace velmar::tool

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "chart/mapFrame.h"
+#include "chart/paper.h"
+#include "contours.h"
+
+namespace velmar::tool {
+
+/// A stretch of a line, by the length from its start.
+struct Stretch {
+    double from;
+    double to;
+};
+
+/// A contour line on paper.
+class PaperLine {
+public:
+    /// Brings a line of at least two points to paper, so many circles to the east. Points closer together
+    /// than the detail are left out.
+    PaperLine(const Isoline& line, const MapFrame& map, int circles, double detail);
+
+    float value() const { return value_; }
+    /// The point at a length from the start, which must lie within the line's own.
+    PaperPoint at(double length) const;
+    /// The stretches inside a rectangle, in rising order. However far a line reaches, work on it should keep
+    /// to these.
+    std::vector<Stretch> stretchesInside(const PaperBox& box) const;
+    /// Adds the parts of the line that can be seen in a rectangle to the drawing path, without the gaps,
+    /// which lie inside it and are in rising order.
+    void trace(cairo_t* ink, const PaperBox& box, const std::vector<Stretch>& gaps) const;
+
+private:
+    void add(PaperPoint point);
+    void traceStretch(cairo_t* ink, const Stretch& stretch) const;
+
+    float value_;
+    std::vector<PaperPoint> points_;
+    std::vector<double> lengths_;  ///< from the start to each point
+};
+
+/// All lines of a set that can be seen on a map, each as often as it can be seen.
+std::vector<PaperLine> bringToPaper(const ContourSet& set, const MapFrame& map);
+
+}  // namespace velmar::tool

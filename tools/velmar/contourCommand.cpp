@@ -1,0 +1,40 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "commands.h"
+#include "contours.h"
+#include "jobs.h"
+#include "levels.h"
+#include "lineWriter.h"
+
+namespace velmar::tool {
+namespace {
+
+const std::vector<std::string> formats{"geojson", "csv"};
+
+struct ContourOptions {
+    OutputOptions output;
+    LevelOptions levels;
+};
+
+int runContour(const ContourOptions& options) {
+    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
+        const LevelPlan plan = planLevels(options.levels, readGridFile(job.input));
+        if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+        const ContourSet set = drawContours(job.input, plan);
+        writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
+    });
+}
+
+}  // namespace
+
+void addContourCommand(CLI::App& program, int& exitCode) {
+    const auto options = std::make_shared<ContourOptions>();
+    CLI::App* command =
+        program.add_subcommand("contour", "Write the contour lines of grids as GeoJSON or CSV");
+    addOutputOptions(*command, options->output, formats);
+    addLevelOptions(*command, options->levels);
+    command->callback([options, &exitCode] { exitCode = runContour(*options); });
+}
+
+}  // namespace velmar::tool

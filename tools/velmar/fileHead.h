@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "frame/file.h"
+
+namespace velmar::tool {
+
+/// A kind of file of the family: its type number and its name in words.
+struct FileKind {
+    int type;
+    std::string_view name;
+    /// The first word such a file can begin with.
+    bool diamond;
+    bool march;
+};
+
+/// What the first words of a file say about it.
+struct FileHead {
+    frame::FileText file;
+    std::string keyword;
+    FileKind kind;
+    std::string title;  ///< UTF-8; empty where the kind has none
+};
+
+inline constexpr int gridFileType = 4;
+
+/// Reads a file and tells its kind; a Problem when it cannot be read or is of no known kind.
+FileHead readFileHead(const std::string& path);
+
+}  // namespace velmar::tool

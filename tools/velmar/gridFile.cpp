@@ -1,0 +1,70 @@
+#include "gridFile.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "fileHead.h"
+#include "frame/scanner.h"
+#include "problem.h"
+
+namespace velmar::tool {
+namespace {
+
+bool isInside(const Bounds& area, double longitude, double latitude) {
+    constexpr double tolerance = 1e-4;
+    if (latitude < area.south - tolerance || latitude > area.north + tolerance) return false;
+    const double eastOfWest = std::fmod(std::fmod(longitude - area.west + tolerance, 360.0) + 360.0, 360.0);
+    return eastOfWest <= area.east - area.west + 2 * tolerance;
+}
+
+}  // namespace
+
+Block checkedBlock(float* block) {
+    Block owned(block);
+    if (!owned) throw Problem("there is not enough memory for it");
+    if (owned[0] < 0) throw Problem(readerProblem(static_cast<int>(owned[0])));
+    return owned;
+}
+
+GridFile readGridFile(const std::string& path) {
+    FileHead head = readFileHead(path);
+    if (head.kind.type != gridFileType)
+        throw Problem(
+            fmt::format("it holds something else than a grid of one quantity (type {}): {} (type {})",
+                        gridFileType, head.kind.name, head.kind.type));
+    frame::TextScanner in(head.file.view());
+    auto header = frame::readGridHeader(in);
+    if (!header) throw Problem(readerProblem(header.failure().code));
+
+    GridFile file{.header = *header, .title = std::move(head.title), .block = {}, .values = {}};
+    file.header.title = {};
+    file.block = checkedBlock(readVelmar4(path.c_str()));
+    const int nx = header->field.nx;
+    const int ny = header->field.ny;
+    if (file.block[1] != static_cast<float>(nx) || file.block[2] != static_cast<float>(ny))
+        throw Problem("it changed while it was being read");
+    file.values = {.values = file.block.get() + 11, .nx = nx, .ny = ny};
+    return file;
+}
+
+Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice, const Bounds* area) {
+    Extremes extremes;
+    for (int row = 0; row < grid.ny; ++row) {
+        for (int column = 0; column < grid.nx; ++column) {
+            const PlacedValue point{
+                grid.at(column, row),
+                lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
+                lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep};
+            if (area != nullptr && !isInside(*area, point.longitude, point.latitude)) continue;
+            if (point.value == frame::missingInFiles) ++extremes.missing;
+            if (!isPresent(point.value)) continue;
+            const bool first = extremes.present++ == 0;
+            if (first || point.value < extremes.smallest.value) extremes.smallest = point;
+            if (first || point.value > extremes.largest.value) extremes.largest = point;
+        }
+    }
+    return extremes;
+}
+
+}  // namespace velmar::tool

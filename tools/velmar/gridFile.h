@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "frame/grid.h"
+#include "frame/gridFile.h"
+#include "velmarBaseA.h"
+
+namespace velmar::tool {
+
+struct BlockRelease {
+    void operator()(float* block) const { freecPointer(block); }
+};
+
+/// A result block of the library.
+using Block = std::unique_ptr<float[], BlockRelease>;
+
+/// A grid file, read in full.
+struct GridFile {
+    frame::GridHeader header;  ///< its view of the title is empty: the text is gone
+    std::string title;         ///< UTF-8
+    Block block;
+    frame::GridView values;
+};
+
+/// Reads a grid file (type 4); a Problem when that fails or the file is of another kind.
+GridFile readGridFile(const std::string& path);
+
+/// Hands on the block of a reader, or turns its failure (null or an error code) into a Problem.
+Block checkedBlock(float* block);
+
+inline bool isPresent(float value) { return value != frame::missingInFiles && std::isfinite(value); }
+
+/// A part of the earth, in degrees.
+struct Bounds {
+    double west;
+    double east;
+    double south;
+    double north;
+};
+
+struct PlacedValue {
+    float value;
+    double longitude;
+    double latitude;
+};
+
+/// Smallest and largest value of a grid, and where they are.
+struct Extremes {
+    std::size_t present = 0;  ///< values that are neither missing nor infinite nor not-a-number
+    std::size_t missing = 0;
+    PlacedValue smallest{};
+    PlacedValue largest{};
+};
+
+/// Looks at the grid points inside an area, or at all when none is given. Longitudes that differ by whole
+/// circles are the same.
+Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice,
+                      const Bounds* area = nullptr);
+
+}  // namespace velmar::tool

@@ -1,0 +1,125 @@
+#include "jobs.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <new>
+
+#include "problem.h"
+
+namespace velmar::tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string formatOfEnding(const std::string& output, const std::vector<std::string>& formats) {
+    std::string ending = fs::path(output).extension().string();
+    std::ranges::transform(ending, ending.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    const auto format = std::ranges::find_if(formats, [&](const auto& name) { return ending == "." + name; });
+    if (format == formats.end())
+        throw CLI::ValidationError(
+            "-o", fmt::format("\"{}\" should end in .{}", output, fmt::join(formats, ", .")));
+    return *format;
+}
+
+Job planSingle(const OutputOptions& options, const std::vector<std::string>& formats) {
+    Job job{
+        .input = options.inputs.front(), .output = options.output, .format = options.format, .obstacle = {}};
+    if (job.output == "-") {
+        if (job.format.empty()) job.format = formats.front();
+        return job;
+    }
+    const std::string format = formatOfEnding(job.output, formats);
+    if (!job.format.empty() && job.format != format)
+        throw CLI::ValidationError("--format",
+                                   fmt::format("\"{}\" is not the ending of {}", job.format, job.output));
+    job.format = format;
+    return job;
+}
+
+/// The ending is added to the input's whole name, because the part behind its dot is often the forecast hour.
+std::vector<Job> planFolder(const OutputOptions& options, const std::string& format) {
+    std::vector<Job> jobs;
+    std::map<std::string, std::string> inputOfOutput;
+    for (const std::string& input : options.inputs) {
+        const fs::path output =
+            fs::path(options.folder) / (fs::path(input).filename().string() + "." + format);
+        Job job{.input = input, .output = output.string(), .format = format, .obstacle = {}};
+        const auto [other, isNew] = inputOfOutput.emplace(job.output, input);
+        if (!isNew)
+            job.obstacle = fmt::format("its output {} is already that of {}", job.output, other->second);
+        jobs.push_back(std::move(job));
+    }
+    return jobs;
+}
+
+void refuseToOverwriteInputs(std::vector<Job>& jobs) {
+    for (Job& job : jobs) {
+        std::error_code ignored;
+        const bool same = job.output != "-" && fs::equivalent(job.input, job.output, ignored);
+        if (same && !ignored) job.obstacle = "its output would overwrite it";
+    }
+}
+
+void makeFolder(const std::string& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (!fs::is_directory(folder, error))
+        throw CLI::ValidationError("--out-dir", fmt::format("the folder \"{}\" cannot be made", folder));
+}
+
+}  // namespace
+
+void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats) {
+    command.add_option("FILE", options.inputs, "Grid files (diamond 4)")->required();
+    command.add_option(
+        "-o,--output", options.output,
+        fmt::format("Output file, its ending one of .{}; - is standard output", fmt::join(formats, ", .")));
+    command.add_option("--out-dir", options.folder,
+                       "Folder for the outputs of several files: each gets its input's name and an ending");
+    command
+        .add_option("--format", options.format,
+                    fmt::format("Format for -o - and --out-dir (default {})", formats.front()))
+        ->check(CLI::IsMember(formats));
+}
+
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats) {
+    if (options.output.empty() == options.folder.empty())
+        throw CLI::ValidationError("output", "say either -o FILE or --out-dir FOLDER");
+    std::vector<Job> jobs;
+    if (!options.output.empty()) {
+        if (options.inputs.size() > 1)
+            throw CLI::ValidationError("-o", "it takes one input; for several there is --out-dir");
+        jobs.push_back(planSingle(options, formats));
+    } else {
+        makeFolder(options.folder);
+        jobs = planFolder(options, options.format.empty() ? formats.front() : options.format);
+    }
+    refuseToOverwriteInputs(jobs);
+    return jobs;
+}
+
+int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work) {
+    Reporter reporter(jobs.size());
+    int exitCode = success;
+    for (const Job& job : jobs) {
+        try {
+            if (!job.obstacle.empty()) throw Problem(job.obstacle);
+            work(job, reporter);
+        } catch (const Problem& problem) {
+            reporter.tell(job.input, problem.what());
+            exitCode = someFilesFailed;
+        } catch (const std::bad_alloc&) {
+            reporter.tell(job.input, "there is not enough memory for it");
+            exitCode = someFilesFailed;
+        }
+        reporter.fileDone();
+    }
+    return exitCode;
+}
+
+}  // namespace velmar::tool

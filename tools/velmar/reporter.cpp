@@ -1,0 +1,39 @@
+#include "reporter.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+
+namespace velmar::tool {
+
+Reporter::Reporter(std::size_t fileCount)
+    : fileCount_(fileCount), showsBar_(fileCount > 1 && isatty(STDERR_FILENO) == 1) {
+    drawBar();
+}
+
+void Reporter::tell(std::string_view file, std::string_view sentence) {
+    eraseBar();
+    fmt::print(stderr, "velmar: {}: {}\n", file, sentence);
+    drawBar();
+}
+
+void Reporter::fileDone() {
+    ++done_;
+    drawBar();
+}
+
+void Reporter::eraseBar() {
+    if (showsBar_) std::fputs("\r\033[K", stderr);
+}
+
+void Reporter::drawBar() {
+    if (!showsBar_) return;
+    constexpr std::size_t width = 40;
+    const std::size_t filled = width * done_ / fileCount_;
+    fmt::print(stderr, "\r[{:<{}}] {} of {}", std::string(filled, '='), width, done_, fileCount_);
+    std::fflush(stderr);
+}
+
+}  // namespace velmar::tool
