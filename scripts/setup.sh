@@ -5,7 +5,7 @@ buildPackages=(g++ cmake ninja-build pkg-config)
 programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev libfmt-dev
                  fonts-wqy-microhei fonts-dejavu-core)
 testPackages=(libgtest-dev libgmock-dev)
-formatPackages=(clang-format git)
+stylePackages=(clang-format clang-tidy git)
 benchPackages=(libbenchmark-dev python3-contourpy python3-numpy)
 
 step() { printf '== %s\n' "$*" >&2; }

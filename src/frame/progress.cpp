@@ -10,7 +10,7 @@ namespace {
 
 /// Texts on their way to standard output. Lives as long as the process; empty between calls of exports.
 struct ProgressState {
-    bool enabled = true;
+    bool silenced = false;
     std::size_t used = 0;
     std::array<char, 1 << 16> texts;
 };
@@ -38,7 +38,7 @@ void ProgressArgument::print() const {
 
 void progress(const char* format, std::initializer_list<ProgressArgument> values) noexcept {
 #if VELMAR_PROGRESS
-    if (!state.enabled) return;
+    if (state.silenced) return;
     std::string_view rest = format;
     for (const ProgressArgument& value : values) {
         const std::size_t conversion = rest.find('%');
@@ -58,6 +58,6 @@ void flushProgress() noexcept {
     state.used = 0;
 }
 
-void setProgressEnabled(bool enabled) noexcept { state.enabled = enabled; }
+void setProgressEnabled(bool enabled) noexcept { state.silenced = !enabled; }
 
 }  // namespace velmar::frame
