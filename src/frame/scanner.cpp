@@ -61,12 +61,9 @@ bool isLarge(const Numeral& numeral) {
     // The exponent of the leading digit, in digits.
     std::int64_t exponent = point > leading ? point - leading - 1 : point - leading;
     if (letter != numeral.last) {
-        const bool signedDigits = numeral.last - letter > 1 && (letter[1] == '+' || letter[1] == '-');
-        TextScanner in({letter + 1 + (signedDigits ? 1 : 0), numeral.last});
         int written = 0;
-        in.read(written);
-        const std::int64_t digits = numeral.hexadecimal ? written / 4 : written;
-        exponent += signedDigits && letter[1] == '-' ? -digits : digits;
+        TextScanner({letter + 1, numeral.last}).read(written);
+        exponent += numeral.hexadecimal ? written / 4 : written;
     }
     return exponent > 0;
 }
