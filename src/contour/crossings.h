@@ -73,9 +73,10 @@ private:
 /// The grid edges that one level crosses: between a point that is above the level and one that is at it or
 /// below, both with data.
 struct Crossings {
-    BitPlane alongRow;  ///< bit (i, j): the edge from point (i, j) to (i + 1, j)
-    BitPlane
-        alongColumn;  ///< bit (i, j): the edge from point (i, j) to (i, j + 1); a row less than the grid has
+    /// Bit (i, j): the edge from point (i, j) to (i + 1, j).
+    BitPlane alongRow;
+    /// Bit (i, j): the edge from point (i, j) to (i, j + 1). It has a row less than the grid.
+    BitPlane alongColumn;
 
     void mark(const LevelIndex& index, float level);
 

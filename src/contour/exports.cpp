@@ -2,8 +2,6 @@
 #include <limits>
 #include <optional>
 #include <span>
-#include <utility>
-#include <vector>
 
 #include "contour/centers.h"
 #include "contour/levels.h"

@@ -87,8 +87,8 @@ float chooseStart(const Extremes& data, int multiplier) {
     return start;
 }
 
-/// The levels start + k * interval for k = 0, 1, ... up to the first that is not below `end`. An interval
-/// that does not advance gives the first level only.
+/// The levels start + k * interval for k = 0, 1, ... up to the first that is not below `end`; none when they
+/// are too many. An interval that does not advance gives the first level only.
 std::vector<float> levelsUpTo(float end, float start, float interval) {
     std::vector<float> levels;
     do {
@@ -111,7 +111,8 @@ void appendLevelsDownTo(float end, float interval, std::vector<float>& levels) {
 std::vector<float> levelsAroundZero(const Extremes& data, float interval) {
     std::vector<float> levels = levelsUpTo(data.largest, 0.0F, interval);
     for (std::size_t k = 0; k < levels.size(); ++k) progress(messages::lineValue);
-    if (interval > 0.0F && data.smallest < -interval) appendLevelsDownTo(data.smallest, interval, levels);
+    const bool anyBelow = !levels.empty() && interval > 0.0F && data.smallest < -interval;
+    if (anyBelow) appendLevelsDownTo(data.smallest, interval, levels);
     return levels;
 }
 

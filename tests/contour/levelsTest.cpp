@@ -51,6 +51,7 @@ TEST(Levels, BeyondAMillionAreNone) {
     EXPECT_THAT(byInterval(0, infinity, 1), IsEmpty());
     EXPECT_THAT(automatic({0, 1}, 3000000).values, IsEmpty());
     EXPECT_THAT(automatic({-1, 1}, 1000000).values, IsEmpty()) << "both ways together";
+    EXPECT_THAT(automatic({-1e-5F, 1}, 3000000).values, IsEmpty()) << "however few lie below zero";
 }
 
 TEST(AutomaticLevels, AreMultiplesOfARoundedInterval) {

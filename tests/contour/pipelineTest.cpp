@@ -34,6 +34,12 @@ Block fileContours(const std::string& text, int mode = 0, int count = 0, const f
     return Block(readCntrData(TemporaryFile(text).path().c_str(), mode, count, levels));
 }
 
+/// The last four elements: bold value, start, end, interval.
+std::vector<float> hintsOf(const Block& block) {
+    const std::vector<float> elements = all(block);
+    return {elements.end() - 4, elements.end()};
+}
+
 class Contours : public testing::Test {
 protected:
     void SetUp() override {
@@ -109,10 +115,10 @@ TEST_F(Contours, OfAFileTakeItsLevelsModesAndBoldValue) {
     const std::string text = gridText(3, 2, "2.5", "0 4 8 0 4 8", "4 2 6 0 588");
     const Block byHeader = fileContours(text);
     EXPECT_EQ(byHeader[1], 2);
-    const auto last = static_cast<std::size_t>(byHeader[0]);
-    EXPECT_THAT((std::vector<float>(byHeader.get() + last - 4, byHeader.get() + last)),
-                ElementsAre(588, 2, 6, 4));
+    EXPECT_THAT(hintsOf(byHeader), ElementsAre(588, 2, 6, 4));
     EXPECT_EQ(fileContours(text, 1, 4)[1], 4) << "0, 2, 4, 6; 8 is not above itself";
+    EXPECT_THAT(hintsOf(fileContours(text, 1, 4)), ElementsAre(588, 0, 6, 4))
+        << "the start is the one chosen, the interval the file's";
     const std::vector<float> levels{1, 3, 5};
     EXPECT_EQ(fileContours(text, 2, 3, levels.data())[1], 3);
     EXPECT_EQ(fileContours(text, 2, 3, nullptr), nullptr);

@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "fileHead.h"
 #include "frame/scanner.h"
 #include "problem.h"
 
@@ -27,8 +26,9 @@ Block checkedBlock(float* block) {
     return owned;
 }
 
-GridFile readGridFile(const std::string& path) {
-    FileHead head = readFileHead(path);
+GridFile readGridFile(const std::string& path) { return readGridFile(path, readFileHead(path)); }
+
+GridFile readGridFile(const std::string& path, const FileHead& head) {
     if (head.kind.type != gridFileType)
         throw Problem(
             fmt::format("it holds something else than a grid of one quantity (type {}): {} (type {})",
@@ -37,7 +37,7 @@ GridFile readGridFile(const std::string& path) {
     auto header = frame::readGridHeader(in);
     if (!header) throw Problem(readerProblem(header.failure().code));
 
-    GridFile file{.header = *header, .title = std::move(head.title), .block = {}, .values = {}};
+    GridFile file{.header = *header, .title = head.title, .block = {}, .values = {}};
     file.header.title = {};
     file.block = checkedBlock(readVelmar4(path.c_str()));
     const int nx = header->field.nx;

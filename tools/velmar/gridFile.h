@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "fileHead.h"
 #include "frame/grid.h"
 #include "frame/gridFile.h"
 #include "velmarBaseA.h"
@@ -27,6 +28,9 @@ struct GridFile {
 
 /// Reads a grid file (type 4); a Problem when that fails or the file is of another kind.
 GridFile readGridFile(const std::string& path);
+
+/// The same where the head of the file is known already.
+GridFile readGridFile(const std::string& path, const FileHead& head);
 
 /// Hands on the block of a reader, or turns its failure (null or an error code) into a Problem.
 Block checkedBlock(float* block);

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include "commands.h"
-#include "fileHead.h"
 #include "gridFile.h"
 #include "jobs.h"
 #include "text.h"
@@ -92,7 +91,7 @@ Json describeJson(const std::string& path) {
               {"type", head.kind.type},
               {"kind", head.kind.name},
               {"title", head.title}};
-    if (head.kind.type == gridFileType) addGridJson(readGridFile(path), json);
+    if (head.kind.type == gridFileType) addGridJson(readGridFile(path, head), json);
     return json;
 }
 
@@ -101,7 +100,7 @@ std::string describe(const std::string& path) {
     std::string text = fmt::format("{}\n  {:<12}{} ({} {})\n", path, "file type", head.kind.name,
                                    head.keyword, head.kind.type);
     if (!head.title.empty()) fmt::format_to(std::back_inserter(text), "  {:<12}{}\n", "title", head.title);
-    if (head.kind.type == gridFileType) addGridText(readGridFile(path), text);
+    if (head.kind.type == gridFileType) addGridText(readGridFile(path, head), text);
     return text;
 }
 
