@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <limits>
 #include <optional>
 #include <span>
 
@@ -19,9 +17,10 @@ namespace {
 
 using namespace velmar::contour;
 using velmar::frame::Failure;
-using velmar::frame::FieldHeader;
 using velmar::frame::FileText;
+using velmar::frame::Grid;
 using velmar::frame::GridHeader;
+using velmar::frame::GridPlace;
 using velmar::frame::GridView;
 using velmar::frame::guarded;
 using velmar::frame::guardedReader;
@@ -61,31 +60,6 @@ ResultBlock contour(const GridView& grid, float missing, const std::optional<Lev
     return block;
 }
 
-bool circlesGlobe(const FieldHeader& field) {
-    const float width = static_cast<float>(field.nx) * field.lattice.longitudeStep;
-    return 359.5 < width && width < 360.01 && field.nx < std::numeric_limits<int>::max();
-}
-
-/// Reads a grid file's values. A grid that circles the globe is closed: its first column is repeated behind
-/// its last.
-Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field) {
-    const bool closes = circlesGlobe(field);
-    const Failure unreadable{closes ? -6 : -7};
-    if (!in.mayHold(velmar::frame::valueCount(field.nx, field.ny))) return unreadable;
-    Grid grid;
-    grid.nx = field.nx + (closes ? 1 : 0);
-    grid.ny = field.ny;
-    const auto width = static_cast<std::size_t>(std::max(grid.nx, 0));
-    const auto columns = static_cast<std::size_t>(std::max(field.nx, 0));
-    grid.values.resize(grid.view().size());
-    for (std::size_t first = 0; first < grid.values.size(); first += width) {
-        const std::span<float> row(grid.values.data() + first, width);
-        if (in.read(row.first(columns)) < columns) return unreadable;
-        if (closes) row.back() = row.front();
-    }
-    return grid;
-}
-
 Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const float* levels) {
     const std::optional<FileText> text = velmar::frame::readDataFile(path);
     if (!text) return Failure{-1};
@@ -93,12 +67,10 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     Outcome<GridHeader> header = readGridHeader(in);
     if (!header) return header.failure();
     velmar::frame::state().lastBoldValue = header->boldValue;
-    Outcome<Grid> grid = readGridValues(in, header->field);
+    Outcome<Grid> grid = readGridValues(in, header->field, {.circling = -6, .other = -7});
     if (!grid) return grid.failure();
 
-    const velmar::frame::Lattice& lattice = header->field.lattice;
-    const GridPlace place{lattice.startLongitude, lattice.startLatitude, lattice.longitudeStep,
-                          lattice.latitudeStep};
+    const GridPlace place = placeOf(header->field.lattice);
     const std::optional<LevelRequest> request =
         levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
     constexpr float missing = velmar::frame::missingInFiles;

@@ -4,13 +4,12 @@
 #include <span>
 #include <vector>
 
+#include "frame/grid.h"
+
 namespace velmar::contour {
 
-/// A position on a grid, counted from 1 at the first column and row.
-struct Point {
-    float x;
-    float y;
-};
+/// Positions on the traced grid, counted from 1 at the first column and row.
+using frame::Point;
 
 /// One traced line: `pointCount` points from `firstPoint` on. A ring repeats its first point at its end.
 struct ContourLine {

@@ -7,6 +7,7 @@ namespace velmar::contour {
 
 namespace {
 
+using frame::Grid;
 using frame::GridView;
 
 /// The values that lie before, at both ends of, and behind each of a run of intervals. `before` or `after` is

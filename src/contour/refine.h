@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "frame/grid.h"
 
 namespace velmar::contour {
@@ -15,19 +13,10 @@ struct RefinementFactors {
 /// Factors that bring a grid to about 200 columns and 50 rows.
 RefinementFactors chooseFactors(int nx, int ny);
 
-/// A grid that owns its values.
-struct Grid {
-    std::vector<float> values;
-    int nx = 0;
-    int ny = 0;
-
-    frame::GridView view() const { return {values.data(), nx, ny}; }
-};
-
 /// Refines a grid to (nx - 1) * factors.x + 1 columns and (ny - 1) * factors.y + 1 rows by piecewise cubic
 /// Hermite interpolation, rows first, then columns. Grid points keep their values. The slope at a point is
 /// half the difference of its two neighbours, or the difference across the interval itself where one of them
 /// is missing or beyond the edge. An interval with a missing end is missing inside.
-Grid refine(const frame::GridView& grid, float missing, const RefinementFactors& factors);
+frame::Grid refine(const frame::GridView& grid, float missing, const RefinementFactors& factors);
 
 }  // namespace velmar::contour

@@ -5,6 +5,7 @@
 namespace velmar::contour {
 
 using frame::BlockWriter;
+using frame::GridPlace;
 using frame::ResultBlock;
 
 ResultBlock packContours(const LineList& lines, const RefinementFactors& factors, const frame::GridView& grid,
@@ -26,13 +27,7 @@ ResultBlock packContours(const LineList& lines, const RefinementFactors& factors
             out.append((point.y - 1.0F) * dy / factorY + y0);
         }
     }
-    out.append(-1.0F);
-    out.appendCount(grid.nx);
-    out.appendCount(grid.ny);
-    const float lastX = x0 + (static_cast<float>(grid.nx) - 1.0F) * dx;
-    const float lastY = y0 + (static_cast<float>(grid.ny) - 1.0F) * dy;
-    out.append(std::array{x0, y0, lastX, lastY, dx, dy});
-    out.append(std::span(grid.values, grid.size()));
+    frame::appendGrid(out, grid, place);
     out.append(std::array{hints.boldValue, hints.start, hints.end, hints.interval});
     return block;
 }

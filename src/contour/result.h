@@ -10,14 +10,6 @@
 
 namespace velmar::contour {
 
-/// Where a grid's first column and row lie and how far apart columns and rows are, in degrees.
-struct GridPlace {
-    float x0;
-    float y0;
-    float dx;
-    float dy;
-};
-
 /// Drawing parameters that travel with contour lines.
 struct ContourHints {
     float boldValue;
@@ -29,10 +21,10 @@ struct ContourHints {
 /// Packs lines and their grid into the result of the contour exports. Positions on the traced grid become
 /// degrees.
 frame::ResultBlock packContours(const LineList& lines, const RefinementFactors& factors,
-                                const frame::GridView& grid, const GridPlace& place,
+                                const frame::GridView& grid, const frame::GridPlace& place,
                                 const ContourHints& hints);
 
 /// Packs centres into the result of findCenters.
-frame::ResultBlock packCenters(std::span<const Center> centers, const GridPlace& place);
+frame::ResultBlock packCenters(std::span<const Center> centers, const frame::GridPlace& place);
 
 }  // namespace velmar::contour

@@ -14,7 +14,7 @@ namespace velmar::contour {
 /// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
 /// is cut where it would have met the end. Only the buffer's size lives on.
 struct TraceBuffers {
-    LevelIndex index;
+    frame::LevelIndex index;
     Crossings crossings;
     std::vector<Point> forward;
     std::vector<Point> backward;

@@ -1,6 +1,7 @@
 #include "frame/block.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <limits>
 #include <new>
@@ -24,6 +25,17 @@ std::span<float> BlockWriter::claim(std::size_t elements) {
     float* const first = next_;
     next_ += elements;
     return {first, elements};
+}
+
+void appendGrid(BlockWriter& out, const GridView& grid, const GridPlace& place) {
+    const auto [x0, y0, dx, dy] = place;
+    out.append(-1.0F);
+    out.appendCount(grid.nx);
+    out.appendCount(grid.ny);
+    const float lastX = x0 + (static_cast<float>(grid.nx) - 1.0F) * dx;
+    const float lastY = y0 + (static_cast<float>(grid.ny) - 1.0F) * dy;
+    out.append(std::array{x0, y0, lastX, lastY, dx, dy});
+    out.append(std::span(grid.values, grid.size()));
 }
 
 }  // namespace velmar::frame

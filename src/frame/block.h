@@ -4,6 +4,8 @@
 #include <memory>
 #include <span>
 
+#include "frame/grid.h"
+
 namespace velmar::frame {
 
 /// Returns a block to the allocator that every result block comes from. Null is allowed.
@@ -39,5 +41,8 @@ public:
 private:
     float* next_;
 };
+
+/// Appends what stands behind lines and polygons: -1, the grid's sizes and place, and its values.
+void appendGrid(BlockWriter& out, const GridView& grid, const GridPlace& place);
 
 }  // namespace velmar::frame

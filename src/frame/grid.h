@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 namespace velmar::frame {
 
@@ -25,6 +26,15 @@ struct GridView {
     float at(int i, int j) const { return row(j)[i]; }
 };
 
+/// A grid that owns its values.
+struct Grid {
+    std::vector<float> values;
+    int nx = 0;
+    int ny = 0;
+
+    GridView view() const { return {values.data(), nx, ny}; }
+};
+
 /// Where a grid lies: its first column and row, its last ones and the steps between, in degrees.
 struct Lattice {
     float startLongitude;
@@ -33,6 +43,27 @@ struct Lattice {
     float startLatitude;
     float endLatitude;
     float latitudeStep;
+};
+
+/// A position in the plane: on a grid, counted from 1 at the first column and row, or in degrees.
+struct Point {
+    float x;
+    float y;
+
+    bool operator==(const Point&) const = default;
+};
+
+/// Where a grid's first column and row lie and how far apart columns and rows are, in degrees.
+struct GridPlace {
+    float x0;
+    float y0;
+    float dx;
+    float dy;
+
+    /// The degrees of a position on the grid.
+    Point degrees(Point position) const {
+        return {(position.x - 1.0F) * dx + x0, (position.y - 1.0F) * dy + y0};
+    }
 };
 
 }  // namespace velmar::frame

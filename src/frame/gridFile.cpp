@@ -1,6 +1,18 @@
 #include "frame/gridFile.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace velmar::frame {
+
+namespace {
+
+bool circlesGlobe(const FieldHeader& field) {
+    const float width = static_cast<float>(field.nx) * field.lattice.longitudeStep;
+    return 359.5 < width && width < 360.01 && field.nx < std::numeric_limits<int>::max();
+}
+
+}  // namespace
 
 int scanFieldHeader(TextScanner& in, FieldHeader& header) {
     Lattice& lattice = header.lattice;
@@ -22,6 +34,24 @@ Outcome<GridHeader> readGridHeader(TextScanner& in) {
         return Failure{-5};
     }
     return header;
+}
+
+Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field, UnreadableValue unreadable) {
+    const bool closes = circlesGlobe(field);
+    const Failure failure{closes ? unreadable.circling : unreadable.other};
+    if (!in.mayHold(valueCount(field.nx, field.ny))) return failure;
+    Grid grid;
+    grid.nx = field.nx + (closes ? 1 : 0);
+    grid.ny = field.ny;
+    const auto width = static_cast<std::size_t>(std::max(grid.nx, 0));
+    const auto columns = static_cast<std::size_t>(std::max(field.nx, 0));
+    grid.values.resize(grid.view().size());
+    for (std::size_t first = 0; first < grid.values.size(); first += width) {
+        const std::span<float> row(grid.values.data() + first, width);
+        if (in.read(row.first(columns)) < columns) return failure;
+        if (closes) row.back() = row.front();
+    }
+    return grid;
 }
 
 }  // namespace velmar::frame

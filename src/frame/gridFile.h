@@ -41,4 +41,19 @@ struct GridHeader {
 /// Failures: -2 first line, -3 type number, -4 keyword, -5 the rest.
 Outcome<GridHeader> readGridHeader(TextScanner& in);
 
+/// The codes of a value that cannot be read, in a grid that circles the globe and in any other.
+struct UnreadableValue {
+    int circling;
+    int other;
+};
+
+/// Reads a grid file's values. A grid that circles the globe (nx times the longitude step between 359.5 and
+/// 360.01) is closed: its first column is repeated behind its last.
+Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field, UnreadableValue unreadable);
+
+/// Where a grid file says that its grid lies; the end positions play no part.
+constexpr GridPlace placeOf(const Lattice& lattice) {
+    return {lattice.startLongitude, lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep};
+}
+
 }  // namespace velmar::frame

@@ -26,4 +26,43 @@ inline constexpr const char* startValueDigits = "  \xC8\xB7\xB6\xA8\xBF\xAA\xCA\
 //   开始值%f %f %d
 inline constexpr const char* startValue = "  \xBF\xAA\xCA\xBC\xD6\xB5%f %f %d\n";
 
+// Shading of files
+
+// Standard error
+inline constexpr const char* cannotOpenCloudFile = "Cannot open cloud data file.\n";
+// Standard output
+inline constexpr const char* badImageSize = "You may be write a bad size information in March 13 type file\n";
+// 文件标题 %s
+inline constexpr const char* fileTitle = "\xCE\xC4\xBC\xFE\xB1\xEA\xCC\xE2 %s\n";
+// 读文件结束
+inline constexpr const char* fileEnd = "\xB6\xC1\xCE\xC4\xBC\xFE\xBD\xE1\xCA\xF8 \n";
+
+// Polygon tools
+
+// Standard error
+inline constexpr const char* cannotOpenDiagnosticFile = "Cannot open data file\n";
+// Standard output
+inline constexpr const char* noMemoryForFill = "Memory allocation error in gxfill.  Can't fill contour\n";
+
+// Shading trace
+inline constexpr const char* polygonPoint = " %d  %d  %f";
+inline constexpr const char* shadingFailed = "Error in velmarCntrShad\n";
+inline constexpr const char* noPointBuffer = "Error in velmarCntrShad: Unable to allocate xy coord buffer\n";
+inline constexpr const char* noFlagsBuffer = "Error in velmarCntrShad:  Unable to allocate flags buffer\n";
+inline constexpr const char* noHoleBuffer = "Memory allocation error in velmarCntrShad: stack buffer\n";
+inline constexpr const char* tooManyHoles = "Buffer stack limit exceeded in velmarCntrShad\n";
+inline constexpr const char* blockedSide = "Logic error 4 in velmarCntrShad: %i %i\n";
+inline constexpr const char* blockedSideEntered = "Side %d, entered %i \n";
+inline constexpr const char* noExit = "Logic error 8 in velmarCntrShad\n";
+inline constexpr const char* cellOutside = "logic error 12 in velmarCntrShad\n";
+inline constexpr const char* cellOutsideSide = "  side%d, %i %i \n";
+inline constexpr const char* cellOutsideBounds = " imax, jmax = %i %i \n";
+inline constexpr const char* boundaryOutside = "Logic error 16 in velmarCntrShad\n";
+inline constexpr const char* stripEdgeContradicts = "Logic error 20 in velmarCntrShad\n";
+inline constexpr const char* boundaryForks = "Logic error 24 in velmarCntrShad\n";
+inline constexpr const char* diagonalContradicts = "Logic error 28 in velmarCntrShad\n";
+inline constexpr const char* diagonalOutside = "Logic error 32 in velmarCntrShad\n";
+inline constexpr const char* noDiagonal = "Logic error 36 in velmarCntrShad\n";
+inline constexpr const char* unknownStart = "Logic error 40 in velmarCntrShad\n";
+
 }  // namespace velmar::frame::messages

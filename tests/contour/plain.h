@@ -162,8 +162,8 @@ inline void plainRefineLine(float* line, int count, int factor, std::size_t stri
     }
 }
 
-inline contour::Grid plainRefine(const frame::GridView& grid, float missing, int fx, int fy) {
-    contour::Grid fine;
+inline frame::Grid plainRefine(const frame::GridView& grid, float missing, int fx, int fy) {
+    frame::Grid fine;
     fine.nx = (grid.nx - 1) * fx + 1;
     fine.ny = (grid.ny - 1) * fy + 1;
     fine.values.resize(frame::valueCount(fine.nx, fine.ny));

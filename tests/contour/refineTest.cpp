@@ -26,7 +26,7 @@ TEST(Refine, EqualsThePlainWay) {
         for (float& value : field) value = random() % 6 == 0 ? 9999.0F : value;
         const float missing = round % 7 == 0 ? std::numeric_limits<float>::quiet_NaN() : 9999.0F;
         const frame::GridView grid{field.data(), nx, ny};
-        const contour::Grid fine = refine(grid, missing, factors);
+        const frame::Grid fine = refine(grid, missing, factors);
         ASSERT_EQ(fine.values, test::plainRefine(grid, missing, factors.x, factors.y).values);
         for (int j = 0; j < ny; ++j) {
             for (int i = 0; i < nx; ++i)
