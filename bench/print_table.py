@@ -2,7 +2,7 @@
 import json
 import sys
 
-COUNTERS = ('lines', 'points', 'centres')
+COUNTERS = ('lines', 'points', 'centres', 'polygons')
 
 
 def load(paths):

@@ -174,6 +174,159 @@ VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const f
 VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int ny, int unused, float x0,
                                  float y0, float dx, float dy) VELMAR_NOEXCEPT;
 
+/* ---- Shading
+ * -------------------------------------------------------------------------------------------------- */
+
+/* Shades a grid: fills the bands between levels with polygons.
+ *
+ *   grid        ny rows of nx values; not changed
+ *   nx, ny      columns and rows, at least 2 each, or there is nothing to fill
+ *   levels      nlev levels, ascending, in units of the grid
+ *   colours     nlev colours, each of the band above its level
+ *   nlev        length of both lists
+ *   undefValue  value of grid points without data; values that are not finite have none either
+ *   x0, y0      longitude of column 0 and latitude of row 0, degrees
+ *   dx, dy      longitude step and latitude step, degrees
+ *   stripRows   the grid is filled in strips of this many rows of cells, from row 0 on; below 1: in one strip
+ *
+ * Draw the polygons in their order, each filled with its colour: later ones cover earlier ones. Strips
+ * of one row are painted right everywhere. Strips of several rows are faster and hold fewer polygons,
+ * but some places are painted wrongly, such as islands inside a hole (docs/limitations.md names them
+ * all).
+ *
+ * The trace of a region has room for nx * ny points, the closing point included. One that needs more
+ * ends the call; a grid of two rows or two columns that lies above a level as a whole is such a case.
+ *
+ * Result, with P polygons of n(1) ... n(P) points and n = nx * ny:
+ *   0             12 + 3 P + 2 (n(1) + ... + n(P)) + n, the element count
+ *   1             P
+ *   per polygon   its number of points, its level, its colour, then its points: pairs longitude, latitude
+ *   then          -1, the end mark of the polygons
+ *   next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
+ *   next n        the grid as passed in
+ *   last          0, without a meaning
+ * The last point of a polygon joins its first. Colours below 0 become 0, those above 99 become 99.
+ * Polygons of holes come at the end of their strip, and the level recorded for them is the last of the
+ * list.
+ *
+ * Returns null when there is no polygon (all values below the levels), when a trace fails, when nx or
+ * ny is not positive or a pointer is null, or for lack of memory; what failed is printed on standard
+ * output. Release with cntrShadFreeLineVar(). */
+VELMAR_EXPORT float* velmarCntrShad(const float* grid, int nx, int ny, const float* levels,
+                                    const int* colours, int nlev, float undefValue, float x0, float y0,
+                                    float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
+
+/* Shades a grid of class numbers 0, 1, ..., nClasses - 1: as velmarCntrShad with levels and colours 0,
+ * 1, ..., nClasses - 1. Result, null and release as there. */
+VELMAR_EXPORT float* velmarCntrShadJ(const float* grid, int nx, int ny, int nClasses, float undefValue,
+                                     float x0, float y0, float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
+
+/* Shades a grid whose columns and rows are not evenly spaced.
+ *
+ *   xSteps  nx + 1 numbers: the position of column 0, then the spacing of each following column
+ *   ySteps  ny + 1 numbers: the same for rows
+ *   others  as in velmarCntrShad
+ *
+ * Positions of polygons are in the units of the tables: a whole number m of grid steps becomes the sum
+ * of entries 0 to m, and a fraction adds that part of entry m + 1. Polygons of holes are counted from 1
+ * instead of 0 and so lie one column and one row too far; only they reach the last entry of the tables.
+ * The eight values behind the polygons are those of columns and rows counted from 0:
+ * nx, ny, 0, 0, nx - 1, ny - 1, 1, 1.
+ *
+ * Result, null and release as for velmarCntrShad. */
+VELMAR_EXPORT float* velmarCntrShadD(const float* grid, int nx, int ny, const float* levels,
+                                     const int* colours, int nlev, float undefValue, int stripRows,
+                                     const float* xSteps, const float* ySteps) VELMAR_NOEXCEPT;
+
+/* Reads a grid file and shades it as velmarCntrShad does, with 9999 as the value of points without data
+ * and the levels of the file's header: start value + k * interval up to the end value, with colour k.
+ *
+ *   path       the file
+ *   reserved   not used
+ *   stripRows  as in velmarCntrShad
+ *
+ * An interval that is not above 0 gives the first level only; more than 1,000,000 levels give none. A
+ * grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more
+ * column, equal to its first; the result then counts that column.
+ *
+ * Result, null and release as for velmarCntrShad. Errors, in a one-element block: -1 to -4; -5 when the
+ * header or a value of a grid that circles the globe cannot be read; -6 when a value of another grid
+ * cannot be read, or for lack of memory. */
+VELMAR_EXPORT float* readCntrShadData(const char* path, int reserved, int stripRows) VELMAR_NOEXCEPT;
+
+/* Reads a byte image file ("March" type 13) and shades it as velmarCntrShad does. Byte 255 counts as
+ * -1. Points of value 20 have no data in images of kind 5; in other images every point has.
+ *
+ *   path       the file
+ *   stripRows  as in velmarCntrShad
+ *   mode       1: one level, with colour 0; any other: levels 0, 1, ..., 255 with their numbers as colours
+ *   level      the level (mode 1)
+ *
+ * Result, null and release as for velmarCntrShad. Null too, without an error code, when the file cannot
+ * be opened (this is told on standard error), has another keyword, or is shorter than its header says.
+ * */
+VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode, float level) VELMAR_NOEXCEPT;
+
+/* ---- Polygon tools: polygons are arrays of pairs x, y; the last point joins the first
+ * --------------------------- */
+
+/* Pulls a polygon into a rectangle, so that it can be filled as it stands: points inside or on a side
+ * are kept, points outside are moved to the nearest place of the rectangle, and where the outline
+ * passes a side, the crossing is put in between. The way from the last point to the first brings no
+ * crossing.
+ *
+ *   points    n pairs; not changed
+ *   n         number of points
+ *   xlo, ylo  lower bounds of the rectangle
+ *   xhi, yhi  upper bounds
+ *   outCount  receives the number of points of the outline, less than 2 n
+ *
+ * Returns the END of the outline, not its start, which is the returned pointer minus 2 * *outCount
+ * floats.
+ *   n below 10   the outline belongs to the library and is valid until the next call
+ *   n from 10    the start of the outline is a block of the caller: release that with freecPointer()
+ * With n below 3, or for lack of memory, it returns points and *outCount is 0. The same when points or
+ * outCount is null.
+ *
+ * Each call writes marks of its progress to a file named C:\clipdebug.txt, in the current directory
+ * where this names no drive. When that cannot be opened, it returns null and *outCount is 0. */
+VELMAR_EXPORT float* polygonfill(float* points, int n, float xlo, float ylo, float xhi, float yhi,
+                                 int* outCount) VELMAR_NOEXCEPT;
+
+/* Clips a polygon by a rectangle, after Sutherland and Hodgman (1974): by its bottom, right, top and
+ * left side in this order. Parts of a concave polygon stay joined along a side.
+ *
+ *   points      n pairs; receives the clipped polygon
+ *   xmin, ymin  lower bounds of the rectangle, whose sides count as inside
+ *   xmax, ymax  upper bounds
+ *   n           number of points
+ *
+ * The clipped polygon may have MORE than n points, and the array must have room for them. A side makes
+ * at most k + k / 2 points of k, so room for 81 n / 16 points is always enough. A convex polygon gains
+ * one point per side at most, unless rounding has made it concave.
+ *
+ * Returns the number of points of the clipped polygon: 0 when nothing is left, when n is not positive
+ * or points is null, or for lack of memory (the array is as it was then). */
+VELMAR_EXPORT int Clip(float* points, float xmin, float ymin, float xmax, float ymax, int n) VELMAR_NOEXCEPT;
+
+/* Clips a polygon by the line of one directed edge, horizontal or vertical: one stage of Clip. What
+ * lies on the left of the edge, or on its line, is kept.
+ *
+ *   points    n pairs; not changed
+ *   ex1, ey1  where the edge begins
+ *   ex2, ey2  where it ends; with both ends equal nothing is kept
+ *   n         number of points
+ *   outCount  receives the number of points of the clipped polygon; may be null
+ *
+ * Returns a block of max(1, 2 n) pairs: the clipped polygon, at most n + n / 2 points, then zeros.
+ * Null, with *outCount 0, when points is null and n positive, or for lack of memory. Release with
+ * freecPointer(). */
+VELMAR_EXPORT float* SHClip(const float* points, float ex1, float ey1, float ex2, float ey2, int n,
+                            int* outCount) VELMAR_NOEXCEPT;
+
+/* Returns the number of points that the last SHClip call left, 0 before the first. */
+VELMAR_EXPORT int SHClipPntNum(void) VELMAR_NOEXCEPT;
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,0 +1,10 @@
+#include "shade/polygonTools.h"
+
+namespace velmar::shade {
+
+PolygonToolsState& polygonTools() {
+    static PolygonToolsState state;
+    return state;
+}
+
+}  // namespace velmar::shade

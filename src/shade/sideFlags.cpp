@@ -1,0 +1,73 @@
+#include "shade/sideFlags.h"
+
+#include <algorithm>
+
+namespace velmar::shade {
+
+using frame::BitPlane;
+using frame::LevelIndex;
+using frame::nextColumn;
+using frame::previousColumn;
+using Word = std::uint64_t;
+
+namespace {
+
+void findDefinedCells(const LevelIndex& index, const Strip& strip, BitPlane& cells) {
+    for (int j = strip.jmin; j < strip.jmax; ++j) {
+        const std::span<const Word> lower = index.defined(j);
+        const std::span<const Word> upper = index.defined(j + 1);
+        Word* const bits = cells.row(j);
+        for (std::size_t w = 0; w < lower.size(); ++w)
+            bits[w] = lower[w] & upper[w] & nextColumn(lower, w) & nextColumn(upper, w);
+    }
+}
+
+/// The strip's edge is no undefined boundary: on its first and last row there is one cell only to look at.
+void markRowSides(const BitPlane& cells, const Strip& strip, SideFlags& flags) {
+    for (int j = strip.jmin; j <= strip.jmax; ++j) {
+        const bool onEdge = j == strip.jmin || j == strip.jmax;
+        const Word* const below = cells.row(j == strip.jmin ? j : j - 1);
+        const Word* const above = cells.row(j == strip.jmax ? j - 1 : j);
+        for (std::size_t w = 0; w < cells.wordsPerRow(); ++w) {
+            flags.usable.row(j)[w] = below[w] | above[w];
+            flags.boundary.row(j)[w] = onEdge ? 0 : below[w] ^ above[w];
+        }
+    }
+}
+
+void markColumnSides(const BitPlane& cells, const Strip& strip, int nx, SideFlags& flags) {
+    for (int j = strip.jmin; j < strip.jmax; ++j) {
+        const std::span<const Word> right(cells.row(j), cells.wordsPerRow());
+        for (std::size_t w = 0; w < right.size(); ++w) {
+            const Word left = previousColumn(right, w);
+            flags.usable.row(j)[w] = left | right[w];
+            flags.boundary.row(j)[w] = left ^ right[w];
+        }
+        flags.boundary.clear(0, j);
+        flags.boundary.clear(nx - 1, j);
+    }
+}
+
+}  // namespace
+
+void StripSides::resize(int nx, int ny) {
+    definedCells.resize(nx, ny);
+    for (SideFlags* const flags : {&sideFlagsH, &sideFlagsV}) {
+        flags->usable.resize(nx, ny);
+        flags->boundary.resize(nx, ny);
+        flags->walked.resize(nx, ny);
+    }
+}
+
+void StripSides::markUndefinedSides(const LevelIndex& index, const Strip& strip) {
+    findDefinedCells(index, strip, definedCells);
+    markRowSides(definedCells, strip, sideFlagsH);
+    markColumnSides(definedCells, strip, index.grid().nx, sideFlagsV);
+}
+
+void StripSides::clearWalked(const Strip& strip) {
+    for (SideFlags* const flags : {&sideFlagsH, &sideFlagsV})
+        std::fill(flags->walked.row(strip.jmin), flags->walked.row(strip.jmax + 1), Word{0});
+}
+
+}  // namespace velmar::shade

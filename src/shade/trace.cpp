@@ -1,0 +1,168 @@
+#include "shade/trace.h"
+
+#include <bit>
+
+#include "frame/messages.h"
+#include "frame/progress.h"
+
+namespace velmar::shade {
+
+using frame::bit;
+using frame::Cell;
+using frame::Edge;
+using frame::Pairing;
+using frame::progress;
+using frame::Side;
+namespace messages = frame::messages;
+
+namespace {
+
+int sideNumber(Side side) { return static_cast<int>(side) + 1; }
+
+void reportCellOutside(const Cell& cell, Side entry, int imax, int jmax) {
+    progress(messages::cellOutside);
+    progress(messages::cellOutsideSide, {sideNumber(entry), cell.i + 1, cell.j + 1});
+    if (entry == Side::left) progress(messages::cellOutsideBounds, {imax, jmax});
+}
+
+void reportBlockedSide(const Cell& cell, Side entry, StartKind kind) {
+    progress(messages::blockedSide, {cell.i + 1, cell.j + 1});
+    if (entry != Side::bottom)
+        progress(messages::blockedSideEntered, {sideNumber(entry), static_cast<int>(kind)});
+}
+
+/// The crossed sides of a cell of which these corners (bits from the lower left, counter-clockwise) are above
+/// the level.
+constexpr unsigned crossedSides(unsigned cornersAbove) {
+    return cornersAbove ^ (cornersAbove >> 1U | (cornersAbove & 1U) << 3U);
+}
+
+}  // namespace
+
+RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const frame::GridPlace& place,
+                           TraceBuffers& buffers, ShadePolygonList& polygons)
+    : grid_(buffers.index.grid()),
+      strip_(strip),
+      level_(level),
+      curve_{grid_, level.level},
+      place_(place),
+      buffers_(buffers),
+      polygons_(polygons) {}
+
+bool RegionTracer::traceShadeRegion(const RegionStart& start) {
+    buffers_.xyBuffer.clear();
+    touchedBoundary_ = false;
+    start_.reset();
+    offBoundary_ = false;
+    Next next = begin(start);
+    for (;;) {
+        switch (next) {
+            case Next::cells:
+                next = walkCells();
+                break;
+            case Next::stripEdge:
+                next = walkStripEdge();
+                break;
+            case Next::undefinedBoundary:
+                next = walkUndefinedBoundary();
+                break;
+            case Next::finish:
+                return finish();
+            case Next::failure:
+                return false;
+        }
+    }
+}
+
+RegionTracer::Next RegionTracer::begin(const RegionStart& start) {
+    const auto [kind, i, j] = start;
+    startKind_ = kind;
+    switch (kind) {
+        case StartKind::cellBottom:
+        case StartKind::cellRight:
+        case StartKind::cellTop:
+        case StartKind::cellLeft:
+            cell_ = {i, j};
+            entry_ = static_cast<Side>(static_cast<unsigned>(kind) - 1);
+            return Next::cells;
+        case StartKind::bottomEdge:
+            return beginAt({i, j, Direction::right, Hand::left}, Next::stripEdge);
+        case StartKind::topEdge:
+            return beginAt({i, j, Direction::right, Hand::right}, Next::stripEdge);
+        case StartKind::leftEdge:
+            return beginAt({i, j, Direction::up, Hand::right}, Next::stripEdge);
+        case StartKind::rightEdge:
+            return beginAt({i, j, Direction::up, Hand::left}, Next::stripEdge);
+        case StartKind::undefinedAlongRow:
+            return beginAt({i, j, Direction::right, isDefined({i - 1, j}) ? Hand::left : Hand::right},
+                           Next::undefinedBoundary);
+        case StartKind::undefinedAlongColumn:
+            return beginAt({i, j, Direction::up, isDefined({i, j - 1}) ? Hand::right : Hand::left},
+                           Next::undefinedBoundary);
+    }
+    progress(messages::unknownStart);
+    return Next::failure;
+}
+
+/// Follows the level from cell to cell until it closes or meets a boundary.
+RegionTracer::Next RegionTracer::walkCells() {
+    for (;;) {
+        if (!isInStrip(cell_) && !isInStrip(cell_.neighbour(entry_))) {
+            reportCellOutside(cell_, entry_, grid_.nx, strip_.jmax + 1);
+            return Next::failure;
+        }
+        const Edge side = cell_.edge(entry_);
+        if (!addShadePoint(curve_.crossing(side))) return Next::failure;
+        const SideFlag flag = buffers_.sides.flag(side);
+        // A walk that comes off the undefined boundary has the crossed side of that boundary still before it.
+        if (!offBoundary_) {
+            if (flag == SideFlag::traced || flag == SideFlag::walkedBoundary) return Next::finish;
+            if (flag == SideFlag::blocked) {
+                reportBlockedSide(cell_, entry_, startKind_);
+                return Next::failure;
+            }
+        }
+        buffers_.sides.setWalked(side);
+        const bool meetsBoundary = (flag == SideFlag::boundary && !offBoundary_) || !isInStrip(cell_);
+        offBoundary_ = false;
+        if (meetsBoundary) return walkToHighEnd(side);
+        if (!leaveCell()) return Next::failure;
+    }
+}
+
+/// Goes on into the neighbour behind the exit. False when there is none.
+bool RegionTracer::leaveCell() {
+    const auto [i, j] = cell_;
+    const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |
+                           (isAbove(i + 1, j + 1) ? 4U : 0U) | (isAbove(i, j + 1) ? 8U : 0U);
+    const unsigned exits = crossedSides(above) & ~bit(entry_);
+    if (exits == 0) {
+        progress(messages::noExit);
+        return false;
+    }
+    const bool saddle = (exits & (exits - 1)) != 0;
+    const Side exit =
+        saddle ? partner(chooseSaddleExit(), entry_) : static_cast<Side>(std::countr_zero(exits));
+    cell_ = cell_.neighbour(exit);
+    entry_ = opposite(exit);
+    return true;
+}
+
+/// Of two pairings of the same length it takes that of the bottom with the right side.
+Pairing RegionTracer::chooseSaddleExit() const {
+    const auto [bottomWithLeft, bottomWithRight] = curve_.saddleLengths(cell_);
+    return bottomWithRight <= bottomWithLeft ? Pairing::bottomWithRight : Pairing::bottomWithLeft;
+}
+
+bool RegionTracer::addShadePoint(const Point& point) {
+    std::vector<Point>& xyBuffer = buffers_.xyBuffer;
+    if (xyBuffer.size() == grid_.size()) return false;
+    xyBuffer.push_back(point);
+    return true;
+}
+
+bool RegionTracer::isInStrip(const Cell& cell) const {
+    return cell.i >= 0 && cell.i < grid_.nx - 1 && cell.j >= strip_.jmin && cell.j < strip_.jmax;
+}
+
+}  // namespace velmar::shade

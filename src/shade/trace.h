@@ -1,0 +1,160 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "frame/bitPlane.h"
+#include "frame/levelCurve.h"
+#include "frame/levelIndex.h"
+#include "shade/polygons.h"
+#include "shade/sideFlags.h"
+
+namespace velmar::shade {
+
+/// A polygon around low ground, kept until its strip is done.
+struct HoleRecord {
+    std::size_t firstPoint;
+    std::size_t pointCount;
+    int colourBelow;
+};
+
+/// Holes in the order in which they were found, their points, in grid coordinates, in one array.
+struct HoleStack {
+    static constexpr std::size_t limit = 50000;
+
+    std::vector<HoleRecord> records;
+    std::vector<Point> points;
+
+    void clear() {
+        records.clear();
+        points.clear();
+    }
+};
+
+/// Buffers of the tracing, reused from call to call.
+struct TraceBuffers {
+    frame::LevelIndex index;
+    frame::BitPlane above;  ///< points with data that lie above the level
+    StripSides sides;
+    std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
+    HoleStack holeStack;
+};
+
+/// A level of a strip, and what its polygons look like.
+struct ShadeLevel {
+    float level;
+    int levelColour;  ///< of the band above the level
+    int colourBelow;  ///< of the band below it
+};
+
+/// Where a trace starts.
+enum class StartKind {
+    // through a side of a cell
+    cellBottom = 1,
+    cellRight = 2,
+    cellTop = 3,
+    cellLeft = 4,
+    // at a point of the strip's edge: to the right along its bottom or top, upward along its left or right
+    bottomEdge = 5,
+    topEdge = 6,
+    leftEdge = 7,
+    rightEdge = 8,
+    // at a point of an undefined boundary, having come to the right or upward
+    undefinedAlongRow = 9,
+    undefinedAlongColumn = 10,
+};
+
+/// Columns and rows count from 0.
+struct RegionStart {
+    StartKind kind;
+    int i;
+    int j;
+};
+
+/// A direction of walking from grid point to grid point, counter-clockwise. Who walks along a side of a cell
+/// in the direction of the same number has that cell at the left hand.
+enum class Direction : unsigned { right, up, left, down };
+
+/// On which hand a walker along a boundary has the cells that it follows, as quarter turns to the left.
+enum class Hand : unsigned { left = 1, right = 3 };
+
+/// Which pair of the points around a grid point is undefined where two undefined cells touch at that point.
+enum class DiagonalCase { risingUndefined = 1, fallingUndefined = 2, contradiction = 9 };
+
+/// Traces the regions of one strip that lie above one level.
+///
+/// A region's outline follows the level through defined cells (a cell walk), and where the defined part of
+/// the strip ends, the edge of the strip or an undefined boundary, from grid point to grid point. The high
+/// ground stays on the same hand all along.
+class RegionTracer {
+public:
+    RegionTracer(const Strip& strip, const ShadeLevel& level, const frame::GridPlace& place,
+                 TraceBuffers& buffers, ShadePolygonList& polygons);
+
+    /// Traces one polygon. High ground is added to the polygons, low ground to the stack of holes. False on
+    /// failure, which has been told on standard output unless the point buffer is full.
+    [[nodiscard]] bool traceShadeRegion(const RegionStart& start);
+
+private:
+    /// What a walk leads to.
+    enum class Next { cells, stripEdge, undefinedBoundary, finish, failure };
+
+    /// Somebody who walks along a boundary, at a grid point.
+    struct Walker {
+        int i;
+        int j;
+        Direction direction;
+        Hand hand;
+    };
+
+    Next begin(const RegionStart& start);
+    Next beginAt(const Walker& walker, Next next);
+    Next walkCells();
+    Next walkStripEdge();
+    Next walkUndefinedBoundary();
+    bool finish();
+
+    // Cell walk
+    bool leaveCell();
+    frame::Pairing chooseSaddleExit() const;
+    Next walkToHighEnd(const frame::Edge& side);
+
+    // Boundary walks
+    Next stepAlong(Direction direction);
+    Next arriveAt(int i, int j, Next next);
+    std::optional<Direction> chooseBoundarySide() const;
+    DiagonalCase undefDiagonalCase(int i, int j) const;
+
+    // Finish
+    void removeDuplicatePoints();
+    bool isHighRegion() const;
+    bool pushHole();
+
+    [[nodiscard]] bool addShadePoint(const Point& point);
+    bool isAbove(int i, int j) const { return buffers_.above.test(i, j); }
+    bool isInStrip(const frame::Cell& cell) const;
+    bool isDefined(const frame::Cell& cell) const {
+        return isInStrip(cell) && buffers_.sides.definedCells.test(cell.i, cell.j);
+    }
+    SideFlag flagAhead(Direction direction) const;
+
+    const frame::GridView grid_;
+    const Strip strip_;
+    const ShadeLevel level_;
+    const frame::LevelCurve curve_;
+    const frame::GridPlace place_;
+    TraceBuffers& buffers_;
+    ShadePolygonList& polygons_;
+
+    // The trace under way.
+    StartKind startKind_{};
+    std::optional<Walker> start_;  ///< where it began on a boundary
+    bool touchedBoundary_ = false;
+    frame::Cell cell_{};        ///< a cell walk enters this cell ...
+    frame::Side entry_{};       ///< ... through this side ...
+    bool offBoundary_ = false;  ///< ... which is part of the undefined boundary that it has followed so far
+    Walker walker_{};           ///< a boundary walk is here
+};
+
+}  // namespace velmar::shade
