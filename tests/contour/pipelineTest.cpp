@@ -1,15 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstring>
-#include <fstream>
 #include <limits>
-#include <sstream>
 
 #include "contour/state.h"
 #include "frame/progress.h"
 #include "support/files.h"
+#include "support/samples.h"
 
 namespace {
 
@@ -160,34 +157,10 @@ TEST_F(Contours, OfAFileWithAutomaticLevelsKeepItsCenters) {
     EXPECT_EQ(contour::state().lastCenters[4], 7) << "other modes do not touch them";
 }
 
-/// A digest of a block's bytes.
-std::uint64_t digest(const Block& block) {
-    std::uint64_t hash = 1469598103934665603U;
-    for (const float value : all(block)) {
-        std::uint32_t bits = 0;
-        std::memcpy(&bits, &value, sizeof bits);
-        hash = (hash ^ bits) * 1099511628211U;
-    }
-    return hash;
-}
-
-/// Real fields give the same bits on every machine. A line of tests/contour/samples.txt is a file, a mode,
-/// the number of lines, the element count and a digest of the whole result.
 TEST_F(Contours, OfTheSamplesStayAsTheyAre) {
-    std::ifstream table(VELMAR_SAMPLES "/../tests/contour/samples.txt");
-    int rows = 0;
-    for (std::string expected; std::getline(table, expected); ++rows) {
-        std::istringstream row(expected);
-        std::string name;
-        int mode = 0;
-        row >> name >> mode;
-        const Block block(readCntrData(test::sample("grids/" + name).c_str(), mode, 10, nullptr));
-        std::ostringstream found;
-        found << name << ' ' << mode << ' ' << block[1] << ' ' << block[0] << ' ' << std::hex
-              << digest(block);
-        EXPECT_EQ(found.str(), expected);
-    }
-    EXPECT_EQ(rows, 18);
+    test::expectResultsAsIn("contour/samples.txt", 18, [](const std::string& path, int mode) {
+        return readCntrData(path.c_str(), mode, 10, nullptr);
+    });
 }
 
 }  // namespace
