@@ -4,9 +4,9 @@
  *
  * Result arrays
  *   Most exports return one heap block of 32-bit floats. Counts and sizes in it are stored as float values.
- * Unless a function says otherwise, element 0 is the number of elements of the block, itself included, or,
- * when it is negative, an error code, and the block then holds this one element only. Test element 0 first.
- * The caller owns every returned block and releases it once with freecPointer().
+ *   Unless a function says otherwise, element 0 is the number of elements of the block, itself included, or,
+ *   when it is negative, an error code, and the block then holds this one element only. Test element 0 first.
+ *   The caller owns every returned block and releases it once with freecPointer().
  *
  * Error codes of the file readers
  *   -1  the file cannot be opened (it is also named on standard error)
@@ -20,8 +20,8 @@
  *
  * Grids
  *   nx columns and ny rows of 32-bit floats, row after row: column i of row j is element j * nx + i. Column 0
- * lies at the start longitude, row 0 at the start latitude; longitudes and latitudes are in degrees, steps
- * may be negative. A grid whose nx or ny is not positive holds no values.
+ *   lies at the start longitude, row 0 at the start latitude; longitudes and latitudes are in degrees, steps
+ *   may be negative. A grid whose nx or ny is not positive holds no values.
  *
  * Paths are NUL-terminated 8-bit strings in the code page of the host's file system.
  *
@@ -45,16 +45,14 @@ extern "C" {
 #define VELMAR_NOEXCEPT
 #endif
 
-/* ---- Release
- * ------------------------------------------------------------------------------------------------ */
+/* ---- Release ------------------------------------------------------------------------------------------- */
 
 /* Releases a block that an export returned; null is allowed. The three names are the same function. */
 VELMAR_EXPORT void freecPointer(void* block) VELMAR_NOEXCEPT;
 VELMAR_EXPORT void cntrFreeLineVar(void* block) VELMAR_NOEXCEPT;
 VELMAR_EXPORT void cntrShadFreeLineVar(void* block) VELMAR_NOEXCEPT;
 
-/* ---- Probes: how a host's marshalling of integers, pointers and arrays is checked
- * ----------------------------- */
+/* ---- Probes: how a host's marshalling of integers, pointers and arrays is checked ---------------------- */
 
 /* Stores a + b, wrapped to 32 bits, in *sum (when sum is not null) and returns it. */
 VELMAR_EXPORT int mySum(int a, int b, int* sum) VELMAR_NOEXCEPT;
@@ -70,8 +68,7 @@ VELMAR_EXPORT int TestArrayOfInts(int* values, int count) VELMAR_NOEXCEPT;
  * malloc elsewhere. On a null argument or a lack of memory it returns 0 and changes nothing. */
 VELMAR_EXPORT int TestRefArrayOfInts(int** values, int* count) VELMAR_NOEXCEPT;
 
-/* ---- Grid file
- * ------------------------------------------------------------------------------------------------ */
+/* ---- Grid file ----------------------------------------------------------------------------------------- */
 
 /* Reads a grid file ("diamond" type 4).
  *
@@ -83,15 +80,14 @@ VELMAR_EXPORT int TestRefArrayOfInts(int** values, int* count) VELMAR_NOEXCEPT;
  *   3, 4          start longitude, start latitude
  *   5, 6          end longitude, end latitude
  *   7, 8          longitude step, latitude step
- *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 when there are
- * none 11 to 10 + n  the values, row after row from the start latitude 11 + n ...    contour interval, start
- * and end contour value, smoothing factor, bold-line value
+ *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 for none
+ *   11 to 10 + n  the values, row after row from the start latitude
+ *   11 + n ...    contour interval, start and end contour value, smoothing factor, bold-line value
  *
  * Errors: -1 to -5 and -7, in a one-element block. Release with freecPointer(). */
 VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
 
-/* ---- Contour lines
- * -------------------------------------------------------------------------------------------- */
+/* ---- Contour lines ------------------------------------------------------------------------------------- */
 
 /* Draws the contour lines of a grid.
  *
@@ -119,11 +115,13 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  *   0             15 + 3 L + 2 (P(1) + ... + P(L)) + n, the element count
  *   1             L
  *   per line      its number of points P, its level, 0, then P pairs longitude, latitude; the lines of one
- * level stand together, levels in the order of the level list; a closed line repeats its first point then -1,
- * a separator next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
+ *                 level stand together, levels in the order of the level list; a closed line repeats its
+ *                 first point
+ *   then          -1, a separator
+ *   next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
  *   next n        the grid as passed in
  *   last 4        bold-line value of the last grid file read, start, end, interval. In mode 1, when the data
- * do not straddle zero, start is the one chosen from the data.
+ *                 do not straddle zero, start is the one chosen from the data.
  *
  * Returns null when mode is not 0, 1 or 2, when a pointer that is needed is null, or for lack of memory.
  * Release with cntrFreeLineVar(). */
@@ -148,8 +146,7 @@ VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int 
  * (nothing is read then) or when mode is 2 and levels is null. Release with cntrFreeLineVar(). */
 VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const float* levels) VELMAR_NOEXCEPT;
 
-/* ---- Centres
- * -------------------------------------------------------------------------------------------------- */
+/* ---- Centres ------------------------------------------------------------------------------------------- */
 
 /* Finds the centres of highs and lows: inner grid points above or below their eight neighbours. A point may
  * equal its neighbour in the next column, and a low is not compared with its neighbour in the column before
@@ -165,17 +162,18 @@ VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const f
  * Result, with K centres ordered by column, then by row; 7 K + 2 elements:
  *   0         K (not the element count)
  *   per centre  -1 for a low, 1 for a high; longitude; latitude; grid value; strength divided by the data
- * range; number of grid steps that the strength was taken over; class of strength (a whole number) last 0 The
- * strength is the sum of mean differences per grid step away from the centre in four directions, in units of
- * the grid; where a centre equals its neighbour it is not a number.
+ *               range; number of grid steps that the strength was taken over; class of strength (a whole
+ *               number)
+ *   last        0
+ * The strength is the sum of mean differences per grid step away from the centre in four directions, in units
+ * of the grid; where a centre equals its neighbour it is not a number.
  *
  * Returns null when grid is null but should hold values, or for lack of memory. Release with freecPointer().
  */
 VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int ny, int unused, float x0,
                                  float y0, float dx, float dy) VELMAR_NOEXCEPT;
 
-/* ---- Shading
- * -------------------------------------------------------------------------------------------------- */
+/* ---- Shading ------------------------------------------------------------------------------------------- */
 
 /* Shades a grid: fills the bands between levels with polygons.
  *
@@ -264,11 +262,10 @@ VELMAR_EXPORT float* readCntrShadData(const char* path, int reserved, int stripR
  *
  * Result, null and release as for velmarCntrShad. Null too, without an error code, when the file cannot
  * be opened (this is told on standard error), has another keyword, or is shorter than its header says.
- * */
+ */
 VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode, float level) VELMAR_NOEXCEPT;
 
-/* ---- Polygon tools: polygons are arrays of pairs x, y; the last point joins the first
- * --------------------------- */
+/* ---- Polygon tools: polygons are arrays of pairs x, y; the last point joins the first ------------------ */
 
 /* Pulls a polygon into a rectangle, so that it can be filled as it stands: points inside or on a side
  * are kept, points outside are moved to the nearest place of the rectangle, and where the outline
