@@ -1,10 +1,10 @@
-#include <cairo.h>
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <memory>
 
+#include "chart/palette.h"
+#include "picture.h"
 #include "program.h"
 
 namespace {
@@ -12,47 +12,10 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// The pixels of a PNG.
-struct Picture {
-    std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface;
-
-    explicit Picture(const std::string& path)
-        : surface(cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy) {
-        EXPECT_EQ(cairo_surface_status(surface.get()), CAIRO_STATUS_SUCCESS);
-    }
-
-    int width() const { return cairo_image_surface_get_width(surface.get()); }
-    int height() const { return cairo_image_surface_get_height(surface.get()); }
-
-    int differences(const Picture& other) const {
-        EXPECT_EQ(width(), other.width());
-        int found = 0;
-        const unsigned char* const data = cairo_image_surface_get_data(surface.get());
-        const unsigned char* const otherData = cairo_image_surface_get_data(other.surface.get());
-        const int bytes = cairo_image_surface_get_stride(surface.get()) * height();
-        for (int k = 0; k < bytes; ++k) found += std::abs(data[k] - otherData[k]) > 64;
-        return found;
-    }
-
-    /// How many pixels satisfy a test of red, green and blue.
-    template <class Test>
-    int count(Test test) const {
-        int found = 0;
-        const unsigned char* const data = cairo_image_surface_get_data(surface.get());
-        for (int y = 0; y < height(); ++y)
-            for (int x = 0; x < width(); ++x) {
-                const unsigned char* const p =
-                    data + y * cairo_image_surface_get_stride(surface.get()) + 4 * x;
-                found += test(p[2], p[1], p[0]);
-            }
-        return found;
-    }
-};
-
-bool isLowInk(int red, int green, int blue) { return red > 190 && green < 30 && blue < 30; }
-bool isHighInk(int red, int green, int blue) { return blue > 200 && red < 20 && green < 70; }
-bool isLineInk(int red, int green, int blue) { return red < 30 && green < 50 && blue > 90 && blue < 125; }
-bool isGrey(int red, int green, int blue) { return red == green && green == blue && red > 218 && red < 230; }
+bool isLowInk(const Pixel& p) { return p[0] > 190 && p[1] < 30 && p[2] < 30; }
+bool isHighInk(const Pixel& p) { return p[2] > 200 && p[0] < 20 && p[1] < 70; }
+bool isLineInk(const Pixel& p) { return p[0] < 30 && p[1] < 50 && p[2] > 90 && p[2] < 125; }
+bool isGrey(const Pixel& p) { return p[0] == p[1] && p[1] == p[2] && p[0] > 218 && p[0] < 230; }
 
 class ChartTest : public ProgramTest {
 protected:
@@ -162,6 +125,34 @@ TEST_F(ChartTest, LinesCarryTheirValues) {
     const int none = letters("1000,2000,3000");
     EXPECT_GT(none, 50);
     EXPECT_GT(letters("540,560,580"), none + 3 * 2 * 3);
+}
+
+TEST_F(ChartTest, BarsShowAllBandsAndFit) {
+    // The map is all below the levels, so that the other colours are those of the bar.
+    const auto barColours = [&](const std::string& levels, const std::vector<float>& values) {
+        const Picture chart = draw(write("grid", GridText{}.text()),
+                                   {"--fill", "--no-centers", "--size", "330x600", "--levels", levels});
+        for (int y = 0; y < chart.height(); ++y)
+            EXPECT_EQ(chart.at(chart.width() - 2, y), (Pixel{255, 255, 255})) << "the bar is cut off";
+        int found = 0;
+        for (const velmar::tool::Colour& colour : velmar::tool::bandColours(values))
+            found += chart.count([&](const Pixel& p) { return isLike(p, pixelOf(colour)); }) > 15;
+        return found;
+    };
+    EXPECT_EQ(barColours("200", {200}), 2);
+    EXPECT_EQ(barColours("200,300", {200, 300}), 3);
+    EXPECT_EQ(barColours("200.123e-9,-1.23456e-20", {-1.23456e-20F, 200.123e-9F}), 3);
+    std::string many = "200";
+    std::vector<float> values{200};
+    for (int k = 1; k < 60; ++k) {
+        many += fmt::format(",{}", 200 + k);
+        values.push_back(static_cast<float>(200 + k));
+    }
+    EXPECT_GT(barColours(many, values), 50);
+    // Without data there are no levels, without levels no bands.
+    GridText nothing;
+    nothing.value = [](double, double) { return 9999; };
+    EXPECT_GT(draw(write("nothing", nothing.text()), {"--fill"}).count(isGrey), 100000);
 }
 
 TEST_F(ChartTest, RefusesGridsThatCoverNoArea) {

@@ -29,7 +29,7 @@ protected:
             coordinates.insert(coordinates.end(),
                                {static_cast<float>(longitude), static_cast<float>(latitude)});
         }
-        lines_.emplace_back(Isoline{value, coordinates}, page_.map, 0, 0.3);
+        lines_.emplace_back(Isoline{{coordinates}, value}, page_.map, 0, 0.3);
     }
 
     std::vector<LineLabel> place() {

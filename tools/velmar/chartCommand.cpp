@@ -19,6 +19,7 @@ struct ChartCommandOptions {
     OutputOptions output;
     LevelOptions levels;
     ChartOptions chart;
+    bool centersGiven = false;
 };
 
 Bounds parseBounds(const std::string& text) {
@@ -57,13 +58,27 @@ PaperSize parseSize(const std::string& text) {
     return {static_cast<double>(width), static_cast<double>(height)};
 }
 
+std::string gridChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
+                      Reporter& reporter) {
+    const GridFile file = readGridFile(job.input, head);
+    const LevelPlan plan = planLevels(options.levels, file);
+    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    return drawChart(file, drawContours(job.input, plan.levels), options.chart, job.format);
+}
+
+std::string imageChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
+                       Reporter& reporter) {
+    if (options.chart.fill || options.levels.given() || options.centersGiven)
+        reporter.tell(job.input,
+                      "it is drawn as the picture that it is: a byte image has no levels, bands and centres");
+    return drawChart(readByteImageFile(head), options.chart, job.format);
+}
+
 int runChart(const ChartCommandOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const GridFile file = readGridFile(job.input);
-        const LevelPlan plan = planLevels(options.levels, file);
-        if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
-        const ContourSet set = drawContours(job.input, plan);
-        writeOutput(job.output, drawChart(file, set, options.chart, job.format));
+        const FileHead head = readFileHead(job.input);
+        const auto draw = isByteImage(head) ? imageChart : gridChart;
+        writeOutput(job.output, draw(job, head, options, reporter));
     });
 }
 
@@ -72,8 +87,9 @@ int runChart(const ChartCommandOptions& options) {
 void addChartCommand(CLI::App& program, int& exitCode) {
     const auto options = std::make_shared<ChartCommandOptions>();
     ChartOptions& chart = options->chart;
-    CLI::App* command = program.add_subcommand("chart", "Draw grids as charts with contour lines");
-    addOutputOptions(*command, options->output, formats);
+    CLI::App* command =
+        program.add_subcommand("chart", "Draw charts: grids with contour lines, byte images as pictures");
+    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4) or byte images (March 13)");
     addLevelOptions(*command, options->levels);
     command->add_option_function<std::string>(
         "--bounds", [&chart](const std::string& text) { chart.bounds = parseBounds(text); },
@@ -81,9 +97,13 @@ void addChartCommand(CLI::App& program, int& exitCode) {
     command->add_option_function<std::string>(
         "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
         "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
+    command->add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
     command->add_flag("--centers,!--no-centers", chart.centers,
                       "Mark the centres of highs and lows (default: yes)");
-    command->callback([options, &exitCode] { exitCode = runChart(*options); });
+    command->callback([options, command, &exitCode] {
+        options->centersGiven = options->chart.centers && command->count("--centers") > 0;
+        exitCode = runChart(*options);
+    });
 }
 
 }  // namespace velmar::tool

@@ -9,6 +9,7 @@ namespace velmar::tool {
 // Each adds one command to the program; running it sets the exit code.
 void addInfoCommand(CLI::App& program, int& exitCode);
 void addContourCommand(CLI::App& program, int& exitCode);
+void addShadeCommand(CLI::App& program, int& exitCode);
 void addChartCommand(CLI::App& program, int& exitCode);
 
 }  // namespace velmar::tool

@@ -21,7 +21,7 @@ int runContour(const ContourOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
         const LevelPlan plan = planLevels(options.levels, readGridFile(job.input));
         if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
-        const ContourSet set = drawContours(job.input, plan);
+        const ContourSet set = drawContours(job.input, plan.levels);
         writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
     });
 }
@@ -32,7 +32,7 @@ void addContourCommand(CLI::App& program, int& exitCode) {
     const auto options = std::make_shared<ContourOptions>();
     CLI::App* command =
         program.add_subcommand("contour", "Write the contour lines of grids as GeoJSON or CSV");
-    addOutputOptions(*command, options->output, formats);
+    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4)");
     addLevelOptions(*command, options->levels);
     command->callback([options, &exitCode] { exitCode = runContour(*options); });
 }

@@ -2,32 +2,17 @@
 
 #include <cmath>
 
+#include "blockReader.h"
 #include "problem.h"
 
 namespace velmar::tool {
 namespace {
 
-/// Reads the elements of a block one after another.
-class BlockReader {
-public:
-    explicit BlockReader(const float* next) : next_(next) {}
-    float value() { return *next_++; }
-    std::size_t count() { return static_cast<std::size_t>(value()); }
-    std::span<const float> values(std::size_t count) {
-        const std::span<const float> view(next_, count);
-        next_ += count;
-        return view;
-    }
-
-private:
-    const float* next_;
-};
-
 Isoline readLine(BlockReader& in) {
     const std::size_t points = in.count();
     const float level = in.value();
     in.value();
-    return {.value = level, .coordinates = in.values(2 * points)};
+    return {{in.values(2 * points)}, level};
 }
 
 void requireUsable(const frame::Lattice& lattice) {
@@ -49,12 +34,21 @@ bool ContourSet::circlesGlobe() const {
     return std::fabs(std::fabs(lattice.endLongitude - lattice.startLongitude) - 360.0) < tolerance;
 }
 
-ContourSet drawContours(const std::string& path, const LevelPlan& plan) {
+frame::Lattice ContourSet::tracedLattice() const {
+    frame::Lattice fine = lattice;
+    fine.longitudeStep /= static_cast<float>(refinement.x);
+    fine.latitudeStep /= static_cast<float>(refinement.y);
+    return fine;
+}
+
+ContourSet drawContours(const std::string& path, const std::vector<float>& levels) {
+    constexpr int levelList = 2;
     // The list must not be null even when it is empty.
     const float noLevel = 0;
-    const float* const levels = plan.list.empty() ? &noLevel : plan.list.data();
+    const float* const list = levels.empty() ? &noLevel : levels.data();
     ContourSet set{};
-    set.block = checkedBlock(readCntrData(path.c_str(), static_cast<int>(plan.mode), plan.count, levels));
+    set.block = checkedBlock(readCntrData(path.c_str(), levelList, static_cast<int>(levels.size()), list));
+    set.levels = levels;
 
     BlockReader in(set.block.get() + 1);
     const std::size_t lineCount = in.count();
@@ -69,6 +63,7 @@ ContourSet drawContours(const std::string& path, const LevelPlan& plan) {
         *field = in.value();
     set.grid.values = in.values(set.grid.size()).data();
     requireUsable(lattice);
+    set.refinement = contour::chooseFactors(set.grid.nx, set.grid.ny);
     return set;
 }
 

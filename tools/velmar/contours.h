@@ -1,26 +1,18 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
 
+#include "contour/refine.h"
+#include "geoPoints.h"
 #include "gridFile.h"
-#include "levels.h"
 
 namespace velmar::tool {
 
-struct GeoPoint {
-    float longitude;
-    float latitude;
-};
-
 /// A contour line: a view into the block of its set.
-struct Isoline {
+struct Isoline : GeoPoints {
     float value;
-    std::span<const float> coordinates;  ///< longitude and latitude in turn
 
-    std::size_t size() const { return coordinates.size() / 2; }
-    GeoPoint operator[](std::size_t k) const { return {coordinates[2 * k], coordinates[2 * k + 1]}; }
     bool closed() const;
 };
 
@@ -28,14 +20,17 @@ struct Isoline {
 /// first column once more as its last.
 struct ContourSet {
     Block block;
+    std::vector<float> levels;  ///< those asked for: not all need have lines
     std::vector<Isoline> lines;
     frame::GridView grid;
     frame::Lattice lattice;
+    contour::RefinementFactors refinement;  ///< by which the lines' grid is finer than this one
 
     bool circlesGlobe() const;
+    frame::Lattice tracedLattice() const;
 };
 
-/// Has the library draw the lines of a grid file; a Problem when it cannot.
-ContourSet drawContours(const std::string& path, const LevelPlan& plan);
+/// Has the library draw the lines of a grid file at the levels; a Problem when it cannot.
+ContourSet drawContours(const std::string& path, const std::vector<float>& levels);
 
 }  // namespace velmar::tool

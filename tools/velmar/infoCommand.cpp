@@ -3,17 +3,16 @@
 #include <CLI/CLI.hpp>
 #include <iterator>
 #include <memory>
-#include <nlohmann/json.hpp>
 
+#include "byteImageFile.h"
 #include "commands.h"
+#include "geoJson.h"
 #include "gridFile.h"
 #include "jobs.h"
 #include "text.h"
 
 namespace velmar::tool {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct InfoOptions {
     std::vector<std::string> inputs;
@@ -33,24 +32,52 @@ Json axisJson(float start, float end, float step, int count) {
             {"count", count}};
 }
 
-void addGridJson(const GridFile& file, Json& json) {
-    const frame::GridHeader& header = file.header;
-    const frame::FieldHeader& field = header.field;
-    const frame::Lattice& lattice = field.lattice;
-    const Extremes extremes = findExtremes(file.values, lattice);
-    json["start"] = startTimeText(field);
-    json["forecastHour"] = field.forecastHour;
-    if (const auto valid = validTimeText(field)) json["valid"] = *valid;
-    json["level"] = field.level;
+/// Where a grid or picture lies and what it holds.
+void addContentJson(const frame::GridView& grid, const frame::Lattice& lattice, Json& json) {
+    const Extremes extremes = findExtremes(grid, lattice);
     json["longitudes"] =
-        axisJson(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, field.nx);
-    json["latitudes"] = axisJson(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, field.ny);
-    json["values"] = file.values.size();
+        axisJson(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, grid.nx);
+    json["latitudes"] = axisJson(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, grid.ny);
+    json["values"] = grid.size();
     json["missing"] = extremes.missing;
     if (extremes.present > 0) {
         json["smallest"] = extremeJson(extremes.smallest);
         json["largest"] = extremeJson(extremes.largest);
     }
+}
+
+void addLine(std::string& text, std::string_view name, const std::string& value) {
+    fmt::format_to(std::back_inserter(text), "  {:<12}{}\n", name, value);
+}
+
+std::string axisText(float start, float end, float step, int count) {
+    return fmt::format("{} from {} to {} by {}", count, plainNumber(start), plainNumber(end),
+                       plainNumber(step));
+}
+
+void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, std::string& text) {
+    const Extremes extremes = findExtremes(grid, lattice);
+    const double share = 100.0 * static_cast<double>(extremes.missing) / static_cast<double>(grid.size());
+    const std::string percent = extremes.missing > 0 ? fmt::format(" ({:.1f}%)", share) : "";
+    addLine(text, "longitudes",
+            axisText(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, grid.nx));
+    addLine(text, "latitudes",
+            axisText(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, grid.ny));
+    addLine(text, "values", fmt::format("{}, {} of them missing{}", grid.size(), extremes.missing, percent));
+    if (extremes.present > 0) {
+        addLine(text, "smallest", placedText(extremes.smallest));
+        addLine(text, "largest", placedText(extremes.largest));
+    }
+}
+
+void addGridJson(const GridFile& file, Json& json) {
+    const frame::GridHeader& header = file.header;
+    const frame::FieldHeader& field = header.field;
+    json["start"] = startTimeText(field);
+    json["forecastHour"] = field.forecastHour;
+    if (const auto valid = validTimeText(field)) json["valid"] = *valid;
+    json["level"] = field.level;
+    addContentJson(file.values, field.lattice, json);
     json["contours"] = {{"interval", writtenNumber(header.interval)},
                         {"start", writtenNumber(header.startValue)},
                         {"end", writtenNumber(header.endValue)},
@@ -61,27 +88,25 @@ void addGridJson(const GridFile& file, Json& json) {
 void addGridText(const GridFile& file, std::string& text) {
     const frame::GridHeader& header = file.header;
     const frame::FieldHeader& field = header.field;
-    const frame::Lattice& lattice = field.lattice;
-    const Extremes extremes = findExtremes(file.values, lattice);
     const auto valid = validTimeText(field);
-    const auto add = [&](std::string_view name, const std::string& value) {
-        fmt::format_to(std::back_inserter(text), "  {:<12}{}\n", name, value);
-    };
-    add("start", startTimeText(field));
-    add("forecast", fmt::format("{} h{}", field.forecastHour, valid ? ", valid " + *valid : ""));
-    add("level", field.level == 0 ? "0" : levelText(field.level));
-    add("longitudes", fmt::format("{} from {} to {} by {}", field.nx, plainNumber(lattice.startLongitude),
-                                  plainNumber(lattice.endLongitude), plainNumber(lattice.longitudeStep)));
-    add("latitudes", fmt::format("{} from {} to {} by {}", field.ny, plainNumber(lattice.startLatitude),
-                                 plainNumber(lattice.endLatitude), plainNumber(lattice.latitudeStep)));
-    add("values", fmt::format("{}, {} of them missing", file.values.size(), extremes.missing));
-    if (extremes.present > 0) {
-        add("smallest", placedText(extremes.smallest));
-        add("largest", placedText(extremes.largest));
-    }
-    add("contours", fmt::format("{} to {} by {}, bold {}, smoothing {}", plainNumber(header.startValue),
-                                plainNumber(header.endValue), plainNumber(header.interval),
-                                plainNumber(header.boldValue), plainNumber(header.smoothing)));
+    addLine(text, "start", startTimeText(field));
+    addLine(text, "forecast", fmt::format("{} h{}", field.forecastHour, valid ? ", valid " + *valid : ""));
+    addLine(text, "level", field.level == 0 ? "0" : levelText(field.level));
+    addContentText(file.values, field.lattice, text);
+    addLine(text, "contours",
+            fmt::format("{} to {} by {}, bold {}, smoothing {}", plainNumber(header.startValue),
+                        plainNumber(header.endValue), plainNumber(header.interval),
+                        plainNumber(header.boldValue), plainNumber(header.smoothing)));
+}
+
+void addImageJson(const ByteImageFile& image, Json& json) {
+    if (!image.time.empty()) json["time"] = image.time;
+    addContentJson(image.grid.view(), image.lattice, json);
+}
+
+void addImageText(const ByteImageFile& image, std::string& text) {
+    if (!image.time.empty()) addLine(text, "time", image.time);
+    addContentText(image.grid.view(), image.lattice, text);
 }
 
 Json describeJson(const std::string& path) {
@@ -92,15 +117,17 @@ Json describeJson(const std::string& path) {
               {"kind", head.kind.name},
               {"title", head.title}};
     if (head.kind.type == gridFileType) addGridJson(readGridFile(path, head), json);
+    if (isByteImage(head)) addImageJson(readByteImageFile(head), json);
     return json;
 }
 
 std::string describe(const std::string& path) {
     const FileHead head = readFileHead(path);
-    std::string text = fmt::format("{}\n  {:<12}{} ({} {})\n", path, "file type", head.kind.name,
-                                   head.keyword, head.kind.type);
-    if (!head.title.empty()) fmt::format_to(std::back_inserter(text), "  {:<12}{}\n", "title", head.title);
+    std::string text = path + "\n";
+    addLine(text, "file type", fmt::format("{} ({} {})", head.kind.name, head.keyword, head.kind.type));
+    if (!head.title.empty()) addLine(text, "title", head.title);
     if (head.kind.type == gridFileType) addGridText(readGridFile(path, head), text);
+    if (isByteImage(head)) addImageText(readByteImageFile(head), text);
     return text;
 }
 

@@ -74,8 +74,9 @@ void makeFolder(const std::string& folder) {
 
 }  // namespace
 
-void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats) {
-    command.add_option("FILE", options.inputs, "Grid files (diamond 4)")->required();
+void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
+                      const std::string& inputs) {
+    command.add_option("FILE", options.inputs, inputs)->required();
     command.add_option(
         "-o,--output", options.output,
         fmt::format("Output file, its ending one of .{}; - is standard output", fmt::join(formats, ", .")));

@@ -32,8 +32,9 @@ struct Job {
 enum ExitCode { success = 0, someFilesFailed = 1, wrongUsage = 2 };
 
 /// Adds FILE..., -o, --out-dir and --format to a command. The first of the formats is the one that is used
-/// where none is said.
-void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats);
+/// where none is said. The description says what the inputs are.
+void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
+                      const std::string& inputs);
 
 /// Finds the output and its format for every input. Throws CLI::ValidationError when the options do not fit
 /// together.

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "arguments.h"
+#include "contour/levels.h"
 #include "problem.h"
 #include "text.h"
 
@@ -16,7 +17,7 @@ namespace {
 /// More lines than this cannot be told apart on any chart; a file that asks for them has a slip in its
 /// header.
 constexpr int mostLevels = 1000;
-constexpr int automaticLevels = 10;
+constexpr int automaticCount = 10;
 
 /// Whether the levels start, start + interval, ... up to end are a reasonable number and one lies inside the
 /// data.
@@ -45,9 +46,25 @@ std::vector<float> multiplesInside(float interval, const Extremes& extremes) {
     return levels;
 }
 
-LevelPlan listPlan(std::vector<float> levels) {
-    const int count = static_cast<int>(levels.size());
-    return {.mode = LevelMode::list, .count = count, .list = std::move(levels), .notice = {}};
+std::vector<float> automaticLevels(int count, const GridFile& file) {
+    const contour::LevelRequest request{.mode = contour::LevelMode::automatic,
+                                        .start = 0,
+                                        .end = 0,
+                                        .interval = 0,
+                                        .list = {},
+                                        .count = count};
+    return contour::chooseLevels(file.values, frame::missingInFiles, request).values;
+}
+
+std::vector<float> headerLevels(const GridFile& file) {
+    const frame::GridHeader& header = file.header;
+    const contour::LevelRequest request{.mode = contour::LevelMode::interval,
+                                        .start = header.startValue,
+                                        .end = header.endValue,
+                                        .interval = header.interval,
+                                        .list = {},
+                                        .count = 0};
+    return contour::chooseLevels(file.values, frame::missingInFiles, request).values;
 }
 
 std::vector<float> parseLevels(const std::string& text) {
@@ -73,20 +90,14 @@ float parseInterval(const std::string& text) {
 LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
     const frame::GridHeader& header = file.header;
     const Extremes extremes = findExtremes(file.values, header.field.lattice);
-    if (!options.list.empty()) return listPlan(options.list);
-    if (extremes.present == 0) {
-        LevelPlan none = listPlan({});
-        none.notice = "it holds no data, only missing values";
-        return none;
-    }
-    if (options.interval > 0) return listPlan(multiplesInside(options.interval, extremes));
-    if (options.automaticCount > 0) return {LevelMode::automatic, options.automaticCount, {}, {}};
-    if (headerGivesLines(header, extremes)) return {};
+    if (!options.list.empty()) return {options.list, {}};
+    if (extremes.present == 0) return {{}, "it holds no data, only missing values"};
+    if (options.interval > 0) return {multiplesInside(options.interval, extremes), {}};
+    if (options.automaticCount > 0) return {automaticLevels(options.automaticCount, file), {}};
+    if (headerGivesLines(header, extremes)) return {headerLevels(file), {}};
     // Nothing to choose from, and nothing wrong with the header.
-    if (extremes.smallest.value == extremes.largest.value) return listPlan({});
-    return {LevelMode::automatic,
-            automaticLevels,
-            {},
+    if (extremes.smallest.value == extremes.largest.value) return {};
+    return {automaticLevels(automaticCount, file),
             fmt::format(
                 "the levels of its header ({} to {} by {}) give no lines; levels were chosen from the data",
                 plainNumber(header.startValue), plainNumber(header.endValue), plainNumber(header.interval))};

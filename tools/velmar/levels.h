@@ -16,16 +16,13 @@ struct LevelOptions {
     std::vector<float> list;
     float interval = 0;
     int automaticCount = 0;
+
+    bool given() const { return !list.empty() || interval > 0 || automaticCount > 0; }
 };
 
-/// The modes of the library's contouring.
-enum class LevelMode { header = 0, automatic = 1, list = 2 };
-
-/// What the library is asked to draw.
+/// The levels to draw.
 struct LevelPlan {
-    LevelMode mode = LevelMode::header;
-    int count = 0;
-    std::vector<float> list;
+    std::vector<float> levels;
     std::string notice;  ///< what the user should know about the choice; empty when it is the one asked for
 };
 

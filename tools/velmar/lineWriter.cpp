@@ -3,39 +3,25 @@
 #include <fmt/format.h>
 
 #include <iterator>
-#include <nlohmann/json.hpp>
 
+#include "geoJson.h"
 #include "text.h"
 
 namespace velmar::tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json position(GeoPoint point) {
-    return Json::array({writtenNumber(point.longitude), writtenNumber(point.latitude)});
-}
-
 Json geometry(const Isoline& line) {
-    if (line.size() == 1) return {{"type", "Point"}, {"coordinates", position(line[0])}};
-    Json positions = Json::array();
-    for (std::size_t k = 0; k < line.size(); ++k) positions.push_back(position(line[k]));
-    return {{"type", "LineString"}, {"coordinates", std::move(positions)}};
+    if (line.size() == 1) return {{"type", "Point"}, {"coordinates", positionJson(line[0])}};
+    return {{"type", "LineString"}, {"coordinates", positionsJson(line)}};
 }
 
 }  // namespace
 
 std::string geoJson(const ContourSet& set) {
-    std::string text = "{\"type\":\"FeatureCollection\",\"features\":[";
-    const char* separator = "\n";
-    for (const Isoline& line : set.lines) {
-        const Json feature{{"type", "Feature"},
-                           {"properties", {{"value", writtenNumber(line.value)}, {"closed", line.closed()}}},
-                           {"geometry", geometry(line)}};
-        text += separator + feature.dump();
-        separator = ",\n";
-    }
-    return text + "\n]}\n";
+    FeatureCollection collection;
+    for (const Isoline& line : set.lines)
+        collection.add({{"value", writtenNumber(line.value)}, {"closed", line.closed()}}, geometry(line));
+    return collection.text();
 }
 
 std::string commaSeparated(const ContourSet& set) {

@@ -19,6 +19,7 @@ int main(int argc, char** argv) try {
     int exitCode = success;
     addInfoCommand(program, exitCode);
     addContourCommand(program, exitCode);
+    addShadeCommand(program, exitCode);
     addChartCommand(program, exitCode);
     try {
         program.parse(argc, argv);

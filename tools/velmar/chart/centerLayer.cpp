@@ -1,7 +1,7 @@
 #include "chart/centerLayer.h"
 
-#include "chart/isolineLayer.h"
 #include "chart/lettering.h"
+#include "chart/levelSpacing.h"
 #include "text.h"
 
 namespace velmar::tool {

@@ -2,75 +2,74 @@
 
 #include "chart/canvas.h"
 #include "chart/centerLayer.h"
+#include "chart/colourBar.h"
 #include "chart/coverageLayer.h"
+#include "chart/fillLayer.h"
 #include "chart/graticuleLayer.h"
+#include "chart/imageLayer.h"
 #include "chart/isolineLayer.h"
 #include "chart/margins.h"
-#include "chart/page.h"
 
 namespace velmar::tool {
 namespace {
 
-constexpr PaperSize customarySize{1400, 900};
-/// Titles need so much, however narrow the map.
-constexpr double leastWidth = 700;
+// Colours of the graticule.
+constexpr Colour onWhite{0.55, 0.55, 0.55};
+constexpr Colour onColours{0.35, 0.35, 0.35};
+constexpr Colour onGreys{1.0, 0.85, 0.2};
 
-constexpr double leftMargin = degreesWidth + 8;
-constexpr double rightMargin = 30;
-constexpr double topMargin = titleHeight;
-constexpr double bottomMargin = degreesHeight + captionHeight;
-
-struct Sheet {
-    PaperSize size;
-    MapFrame map;
-};
-
-Sheet lay(const Bounds& bounds, PaperSize size) {
-    const PaperBox room{leftMargin, topMargin, size.width - leftMargin - rightMargin,
-                        size.height - topMargin - bottomMargin};
-    return {size, fitMap(bounds, room)};
-}
-
-/// Without a size of the user's the sheet is cut to the map.
-Sheet layOut(const Bounds& bounds, const std::optional<PaperSize>& size) {
-    if (size) return lay(bounds, *size);
-    const PaperBox box = lay(bounds, customarySize).map.box;
-    return lay(bounds, {std::max(leastWidth, box.width + leftMargin + rightMargin),
-                        box.height + topMargin + bottomMargin});
-}
-
-Layers layersOf(const GridFile& file, const ContourSet& set, const ChartOptions& options) {
+Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers) {
     Layers layers;
-    layers.push_back(std::make_unique<CoverageLayer>(set));
-    layers.push_back(std::make_unique<GraticuleLayer>());
+    if (fill) {
+        layers.push_back(
+            std::make_unique<CoverageLayer>(fill->grid.view(), fill->lattice, fill->colours.front()));
+        layers.push_back(std::make_unique<FillLayer>(*fill));
+        layers.push_back(std::make_unique<GraticuleLayer>(onColours));
+    } else {
+        layers.push_back(std::make_unique<CoverageLayer>(set.grid, set.lattice, white));
+        layers.push_back(std::make_unique<GraticuleLayer>(onWhite));
+    }
     layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
-    if (options.centers) layers.push_back(std::make_unique<CenterLayer>(set));
+    if (centers) layers.push_back(std::make_unique<CenterLayer>(set));
     return layers;
 }
 
-void drawMap(Page& page, const Layers& layers) {
-    for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) (*layer)->place(page);
-    const PaperBox& box = page.map.box;
-    cairo_save(page.ink);
-    cairo_rectangle(page.ink, box.left, box.top, box.width, box.height);
-    cairo_clip(page.ink);
-    for (const auto& layer : layers) layer->draw(page);
-    cairo_restore(page.ink);
-    drawFrame(page.ink, page.map);
+/// What charts of all kinds have in common.
+std::string drawSheet(const Sheet& sheet, const Layers& layers, const ChartTexts& texts,
+                      const std::function<void(cairo_t*)>& drawBar, const std::string& format) {
+    return renderPage(format, sheet.size, [&](cairo_t* ink) {
+        Page page{ink, sheet.map, {}};
+        drawMap(page, layers);
+        drawBar(ink);
+        drawTitle(ink, sheet, texts);
+        drawCaption(ink, sheet, texts);
+    });
 }
 
 }  // namespace
 
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
                       const std::string& format) {
-    const Bounds own = boundsOf(set.lattice);
-    const Sheet sheet = layOut(options.bounds.value_or(own), options.size);
-    return renderPage(format, sheet.size, [&](cairo_t* ink) {
-        Page page{ink, sheet.map, {}};
-        drawMap(page, layersOf(file, set, options));
-        drawTitle(ink, sheet.map, sheet.size, file);
-        drawCaption(ink, sheet.map, sheet.size, file, set);
-    });
+    const Bounds shown = options.bounds.value_or(boundsOf(set.lattice));
+    // Without levels there are no bands.
+    const bool hasBands = options.fill && !ascending(set.levels).empty();
+    const auto fill = hasBands ? std::optional(fillContours(set)) : std::nullopt;
+    const Sheet sheet = layOut(shown, options.size, fill ? bandBarWidth(fill->levels) : 0);
+    const auto drawBar = [&](cairo_t* ink) {
+        if (fill) drawBandBar(ink, sheet.map, fill->levels, fill->colours);
+    };
+    return drawSheet(sheet, layersOf(file, set, fill, options.centers), textsOf(file, set, shown), drawBar,
+                     format);
+}
+
+std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format) {
+    const Bounds shown = options.bounds.value_or(boundsOf(image));
+    const Sheet sheet = layOut(shown, options.size, greyBarWidth());
+    Layers layers;
+    layers.push_back(std::make_unique<ImageLayer>(image));
+    layers.push_back(std::make_unique<GraticuleLayer>(onGreys));
+    const auto drawBar = [&](cairo_t* ink) { drawGreyBar(ink, sheet.map); };
+    return drawSheet(sheet, layers, textsOf(image, shown), drawBar, format);
 }
 
 }  // namespace velmar::tool

@@ -3,19 +3,26 @@
 #include <optional>
 #include <string>
 
+#include "byteImageFile.h"
 #include "chart/paper.h"
 #include "contours.h"
 
 namespace velmar::tool {
 
 struct ChartOptions {
-    std::optional<Bounds> bounds;   ///< the grid's own when not set
+    std::optional<Bounds> bounds;   ///< those of the grid or picture when not set
     std::optional<PaperSize> size;  ///< a customary one, cut to the map's shape, when not set
     bool centers = true;
+    bool fill = false;
 };
 
-/// Draws the chart of a grid and its lines and returns it as a file of the format (png, svg or pdf).
+// Both draw a chart and return it as a file of the format (png, svg or pdf).
+
+/// A grid and its lines.
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
                       const std::string& format);
+
+/// A byte image as a picture. Options of lines play no part.
+std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format);
 
 }  // namespace velmar::tool

@@ -17,32 +17,31 @@ void CoverageLayer::draw(Page& page) const {
     setColour(page.ink, noDataGrey);
     cairo_fill(page.ink);
 
-    const auto [west, east] = std::minmax<double>({set_.lattice.startLongitude, set_.lattice.endLongitude});
+    const auto [west, east] = std::minmax<double>({lattice_.startLongitude, lattice_.endLongitude});
     const auto [first, last] = circlesInto(page.map.bounds, west, east);
     for (int circles = first; circles <= last; ++circles)
-        for (int row = 0; row + 1 < set_.grid.ny; ++row) addRow(page, row, circles);
-    setColour(page.ink, white);
+        for (int row = 0; row + 1 < grid_.ny; ++row) addRow(page, row, circles);
+    setColour(page.ink, covered_);
     cairo_fill(page.ink);
 }
 
 /// Neighbouring cells become one rectangle, so that no seams show between them.
 void CoverageLayer::addRow(const Page& page, int row, int circles) const {
     int first = 0;
-    for (int column = 0; column + 1 < set_.grid.nx; ++column) {
-        if (isCovered(set_.grid, column, row)) continue;
+    for (int column = 0; column + 1 < grid_.nx; ++column) {
+        if (isCovered(grid_, column, row)) continue;
         addCells(page, row, first, column, circles);
         first = column + 1;
     }
-    addCells(page, row, first, set_.grid.nx - 1, circles);
+    addCells(page, row, first, grid_.nx - 1, circles);
 }
 
 void CoverageLayer::addCells(const Page& page, int row, int firstColumn, int lastColumn, int circles) const {
     if (firstColumn >= lastColumn) return;
-    const frame::Lattice& lattice = set_.lattice;
     const auto corner = [&](int column, int cornerRow) {
         return page.map.toPaper(
-            lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep + 360.0 * circles,
-            lattice.startLatitude + static_cast<double>(cornerRow) * lattice.latitudeStep);
+            lattice_.startLongitude + static_cast<double>(column) * lattice_.longitudeStep + 360.0 * circles,
+            lattice_.startLatitude + static_cast<double>(cornerRow) * lattice_.latitudeStep);
     };
     const PaperPoint a = corner(firstColumn, row);
     const PaperPoint b = corner(lastColumn, row + 1);

@@ -1,22 +1,25 @@
 #pragma once
 
 #include "chart/page.h"
-#include "contours.h"
 
 namespace velmar::tool {
 
 inline constexpr Colour noDataGrey{0.88, 0.88, 0.88};
 
-/// Paints grey where the grid has no data, missing or beyond its edge, and white where it has.
+/// Paints grey where the grid has no data, missing or beyond its edge, and another colour where it has.
 class CoverageLayer : public Layer {
 public:
-    explicit CoverageLayer(const ContourSet& set) : set_(set) {}
+    CoverageLayer(const frame::GridView& grid, const frame::Lattice& lattice, const Colour& covered)
+        : grid_(grid), lattice_(lattice), covered_(covered) {}
     void draw(Page& page) const override;
 
 private:
     void addRow(const Page& page, int row, int circles) const;
     void addCells(const Page& page, int row, int firstColumn, int lastColumn, int circles) const;
-    const ContourSet& set_;
+
+    frame::GridView grid_;
+    frame::Lattice lattice_;
+    Colour covered_;
 };
 
 }  // namespace velmar::tool

@@ -53,7 +53,7 @@ void GraticuleLayer::draw(Page& page) const {
     cairo_save(page.ink);
     cairo_set_dash(page.ink, dashes.data(), dashes.size(), 0);
     cairo_set_line_width(page.ink, 1);
-    setColour(page.ink, {0.55, 0.55, 0.55});
+    setColour(page.ink, colour_);
     cairo_stroke(page.ink);
     cairo_restore(page.ink);
 }

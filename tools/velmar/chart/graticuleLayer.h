@@ -7,7 +7,11 @@ namespace velmar::tool {
 /// Meridians and parallels.
 class GraticuleLayer : public Layer {
 public:
+    explicit GraticuleLayer(const Colour& colour) : colour_(colour) {}
     void draw(Page& page) const override;
+
+private:
+    Colour colour_;
 };
 
 /// The map's border and the degrees beside it.

@@ -1,9 +1,7 @@
 #include "chart/isolineLayer.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "chart/lettering.h"
+#include "chart/levelSpacing.h"
 
 namespace velmar::tool {
 namespace {
@@ -14,27 +12,6 @@ constexpr double boldWidth = 2.6;
 constexpr double labelSize = 12.5;
 
 }  // namespace
-
-std::vector<float> levelsOf(const ContourSet& set) {
-    std::vector<float> levels;
-    for (const Isoline& line : set.lines) levels.push_back(line.value);
-    std::ranges::sort(levels);
-    levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
-    return levels;
-}
-
-float spacingOf(const std::vector<float>& levels) {
-    float spacing = 0;
-    for (std::size_t k = 1; k < levels.size(); ++k) {
-        const float step = levels[k] - levels[k - 1];
-        if (k == 1 || step < spacing) spacing = step;
-    }
-    return spacing;
-}
-
-bool isBoldLevel(float level, float boldValue, float spacing) {
-    return std::fabs(level - boldValue) <= 0.01F * spacing;
-}
 
 void IsolineLayer::place(Page& page) {
     const float spacing = spacingOf(levelsOf(set_));
@@ -52,7 +29,7 @@ void IsolineLayer::draw(Page& page) const {
     setColour(page.ink, lineInk);
     cairo_set_line_join(page.ink, CAIRO_LINE_JOIN_ROUND);
     for (std::size_t k = 0; k < lines_.size(); ++k) {
-        lines_[k].trace(page.ink, page.map.box, gaps[k]);
+        lines_[k].trace(page.ink, sightOf(page.map), gaps[k]);
         cairo_set_line_width(page.ink, style_.isBold[k] ? boldWidth : thinWidth);
         cairo_stroke(page.ink);
     }

@@ -42,6 +42,15 @@ Bounds boundsOf(const frame::Lattice& lattice) {
     return bounds;
 }
 
+Bounds boundsOf(const ByteImageFile& image) {
+    const double across = std::fabs(image.lattice.longitudeStep) / 2;
+    const double up = std::fabs(image.lattice.latitudeStep) / 2;
+    const auto [west, east, south, north] = boundsOf(image.lattice);
+    const double start = image.circlesGlobe() ? west : west - across;
+    const double end = image.circlesGlobe() ? west + 360 : std::min(east + across, start + 360);
+    return {start, end, std::max(south - up, -90.0), std::min(north + up, 90.0)};
+}
+
 MapFrame fitMap(const Bounds& bounds, const PaperBox& room) {
     const double ratio = aspect(bounds);
     const double width = std::min(room.width, room.height * ratio);

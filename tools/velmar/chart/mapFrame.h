@@ -1,5 +1,6 @@
 #pragma once
 
+#include "byteImageFile.h"
 #include "chart/paper.h"
 #include "gridFile.h"
 
@@ -19,6 +20,9 @@ struct MapFrame {
 /// The area that a grid covers. A Problem when there is none to draw: a grid of one row or column, or one
 /// that lies off the globe.
 Bounds boundsOf(const frame::Lattice& lattice);
+
+/// The area of a picture, half a step wider than its lattice, or a whole circle.
+Bounds boundsOf(const ByteImageFile& image);
 
 /// Makes the map as large as the room allows. Small areas keep their shape: a degree of longitude is as much
 /// shorter than one of latitude as it is in their middle.

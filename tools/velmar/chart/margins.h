@@ -1,7 +1,7 @@
 #pragma once
 
-#include "chart/mapFrame.h"
-#include "contours.h"
+#include "chart/chartTexts.h"
+#include "chart/sheet.h"
 
 namespace velmar::tool {
 
@@ -9,11 +9,9 @@ namespace velmar::tool {
 inline constexpr double titleHeight = 66;
 inline constexpr double captionHeight = 52;
 
-/// The file's title, its times and its level.
-void drawTitle(cairo_t* ink, const MapFrame& map, PaperSize sheet, const GridFile& file);
+void drawTitle(cairo_t* ink, const Sheet& sheet, const ChartTexts& texts);
 
-/// What the lines stand for, and the extremes of the area shown.
-void drawCaption(cairo_t* ink, const MapFrame& map, PaperSize sheet, const GridFile& file,
-                 const ContourSet& set);
+/// The caption and, where needed, the key of the grey of missing data.
+void drawCaption(cairo_t* ink, const Sheet& sheet, const ChartTexts& texts);
 
 }  // namespace velmar::tool

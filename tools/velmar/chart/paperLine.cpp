@@ -3,17 +3,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "chart/rounding.h"
+
 namespace velmar::tool {
 namespace {
-
-/// Points closer together than this are one corner. Where a line passes a grid point it has two crossings a
-/// hair apart, which could not be rounded; a cell's eighth is also less than the grid can tell.
-double detailOf(const frame::Lattice& lattice, const MapFrame& map) {
-    constexpr double leastVisible = 0.3;
-    const PaperPoint from = map.toPaper(0, 0);
-    const PaperPoint to = map.toPaper(lattice.longitudeStep, lattice.latitudeStep);
-    return std::max(leastVisible, std::min(std::fabs(to.x - from.x), std::fabs(to.y - from.y)) / 8);
-}
 
 struct Extent {
     double west = 1e9;
@@ -54,16 +47,16 @@ std::optional<Stretch> partInside(PaperPoint from, PaperPoint to, const PaperBox
 
 PaperLine::PaperLine(const Isoline& line, const MapFrame& map, int circles, double detail)
     : value_(line.value) {
-    const auto onPaper = [&](std::size_t k) {
-        return map.toPaper(line[k].longitude + 360.0 * circles, line[k].latitude);
-    };
+    std::vector<PaperPoint> points;
+    points.reserve(line.size() + 1);
+    for (std::size_t k = 0; k < line.size(); ++k)
+        points.push_back(map.toPaper(line[k].longitude + 360.0 * circles, line[k].latitude));
     // A ring starts in the middle of its first piece, so that its first corner is a corner like the others.
-    const PaperPoint middle = 0.5 * (onPaper(0) + onPaper(1));
-    add(line.closed() ? middle : onPaper(0));
-    for (std::size_t k = 1; k + 1 < line.size(); ++k)
-        if (distance(points_.back(), onPaper(k)) >= detail) add(onPaper(k));
-    add(onPaper(line.size() - 1));
-    if (line.closed()) add(middle);
+    if (line.closed()) {
+        points.front() = 0.5 * (points[0] + points[1]);
+        points.push_back(points.front());
+    }
+    for (const PaperPoint& point : withoutDetail(points, detail)) add(point);
 }
 
 void PaperLine::add(PaperPoint point) {
@@ -79,24 +72,14 @@ PaperPoint PaperLine::at(double length) const {
     return points_[k - 1] + part * (points_[k] - points_[k - 1]);
 }
 
-// Corners are rounded: from the middle of one piece to the middle of the next the line is a parabola that
-// keeps inside the corner, so that neighbouring lines still do not cross.
 void PaperLine::traceStretch(cairo_t* ink, const Stretch& stretch) const {
-    PaperPoint from = at(stretch.from);
-    const PaperPoint end = at(stretch.to);
     const auto first = std::upper_bound(lengths_.begin(), lengths_.end(), stretch.from) - lengths_.begin();
     const auto last = std::lower_bound(lengths_.begin(), lengths_.end(), stretch.to) - lengths_.begin();
-    cairo_move_to(ink, from.x, from.y);
-    for (auto k = static_cast<std::size_t>(first); k < static_cast<std::size_t>(last); ++k) {
-        const PaperPoint corner = points_[k];
-        const PaperPoint next = k + 1 < static_cast<std::size_t>(last) ? points_[k + 1] : end;
-        const PaperPoint to = 0.5 * (corner + next);
-        const PaperPoint a = from + 2.0 / 3 * (corner - from);
-        const PaperPoint b = to + 2.0 / 3 * (corner - to);
-        cairo_curve_to(ink, a.x, a.y, b.x, b.y, to.x, to.y);
-        from = to;
-    }
-    cairo_line_to(ink, end.x, end.y);
+    std::vector<PaperPoint> line{at(stretch.from)};
+    if (first < last) line.insert(line.end(), points_.begin() + first, points_.begin() + last);
+    line.push_back(at(stretch.to));
+    cairo_move_to(ink, line.front().x, line.front().y);
+    traceRounded(ink, line);
 }
 
 std::vector<Stretch> PaperLine::stretchesInside(const PaperBox& box) const {
@@ -117,10 +100,7 @@ std::vector<Stretch> PaperLine::stretchesInside(const PaperBox& box) const {
 }
 
 void PaperLine::trace(cairo_t* ink, const PaperBox& box, const std::vector<Stretch>& gaps) const {
-    // The ends of a stretch are not rounded as its corners are, so they are kept out of sight.
-    constexpr double margin = 60;
-    const PaperBox wide{box.left - margin, box.top - margin, box.width + 2 * margin, box.height + 2 * margin};
-    for (auto [from, to] : stretchesInside(wide)) {
+    for (auto [from, to] : stretchesInside(box)) {
         for (const Stretch& gap : gaps) {
             if (gap.from < from || gap.to > to) continue;
             traceStretch(ink, {from, gap.from});
@@ -130,8 +110,21 @@ void PaperLine::trace(cairo_t* ink, const PaperBox& box, const std::vector<Stret
     }
 }
 
+double detailOf(const frame::Lattice& lattice, const MapFrame& map) {
+    constexpr double leastVisible = 0.3;
+    const PaperPoint from = map.toPaper(0, 0);
+    const PaperPoint to = map.toPaper(lattice.longitudeStep, lattice.latitudeStep);
+    return std::max(leastVisible, std::min(std::fabs(to.x - from.x), std::fabs(to.y - from.y)) / 8);
+}
+
+PaperBox sightOf(const MapFrame& map) {
+    constexpr double margin = 60;
+    const PaperBox& box = map.box;
+    return {box.left - margin, box.top - margin, box.width + 2 * margin, box.height + 2 * margin};
+}
+
 std::vector<PaperLine> bringToPaper(const ContourSet& set, const MapFrame& map) {
-    const double detail = detailOf(set.lattice, map);
+    const double detail = detailOf(set.tracedLattice(), map);
     std::vector<PaperLine> lines;
     for (const Isoline& line : set.lines) {
         const Extent extent = extentOf(line);

@@ -27,7 +27,7 @@ public:
     /// The stretches inside a rectangle, in rising order. However far a line reaches, work on it should keep
     /// to these.
     std::vector<Stretch> stretchesInside(const PaperBox& box) const;
-    /// Adds the parts of the line that can be seen in a rectangle to the drawing path, without the gaps,
+    /// Adds the parts of the line inside a rectangle to the drawing path, without the gaps,
     /// which lie inside it and are in rising order.
     void trace(cairo_t* ink, const PaperBox& box, const std::vector<Stretch>& gaps) const;
 
@@ -42,5 +42,12 @@ private:
 
 /// All lines of a set that can be seen on a map, each as often as it can be seen.
 std::vector<PaperLine> bringToPaper(const ContourSet& set, const MapFrame& map);
+
+/// Less than this cannot be seen on a map, or is less than a grid of this lattice can tell.
+double detailOf(const frame::Lattice& lattice, const MapFrame& map);
+
+/// The box at whose border lines and areas are cut. The ends of a cut line are not rounded as its corners
+/// are, so they are kept out of sight.
+PaperBox sightOf(const MapFrame& map);
 
 }  // namespace velmar::tool

@@ -1,0 +1,148 @@
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "byteImages.h"
+#include "chart/coverageLayer.h"
+#include "chart/imageLayer.h"
+#include "frame/progress.h"
+#include "picture.h"
+#include "program.h"
+
+namespace {
+
+using namespace velmar::tool;
+using nlohmann::json;
+using testing::HasSubstr;
+
+class ImageTest : public ProgramTest {
+protected:
+    ImageTest() { velmar::frame::setProgressEnabled(false); }
+
+    BareMap draw(const ByteImageText& image, const Bounds& bounds, int width = 440, int height = 400) const {
+        const ByteImageFile file = readByteImageFile(readFileHead(write("image", image.text())));
+        BareMap map(bounds, width, height);
+        ImageLayer(file).draw(map.page);
+        return map;
+    }
+};
+
+Pixel greyOf(int value) {
+    const int grey = static_cast<int>(std::lround(255.0 * value / 254));
+    return {grey, grey, grey};
+}
+
+TEST_F(ImageTest, EveryPixelIsInItsPlace) {
+    ByteImageText image;
+    image.value = [](int column, int row) { return 2 + 9 * column + 13 * row; };
+    for (const double dy : {-1.0, 1.0}) {
+        for (const double dx : {-1.0, 1.0}) {
+            image.dx = dx;
+            image.dy = dy;
+            image.west = dx > 0 ? 100 : 111;
+            image.first = dy > 0 ? 31 : 40;
+            // Also where the map is a circle away, and where a paper unit holds many pixels of the picture.
+            for (const Bounds& bounds :
+                 {Bounds{99.5, 111.5, 30.5, 40.5}, Bounds{-260.5, -248.5, 30.5, 40.5}}) {
+                const BareMap map = draw(image, bounds);
+                for (int row = 0; row < image.ny; ++row)
+                    for (int column = 0; column < image.nx; ++column)
+                        EXPECT_TRUE(
+                            isLike(map.at(bounds.west + 0.5 + (image.west + column * dx - 100) + 0.005,
+                                          image.first + row * dy - 0.005),
+                                   greyOf(image.value(column, row))));
+            }
+        }
+    }
+}
+
+TEST_F(ImageTest, NothingIsMadeUpWhereThereIsNoPicture) {
+    ByteImageText image;
+    image.value = [](int column, int row) {
+        return column == 4 && row == 5 ? 255 : column == 8 && row == 5 ? 20 : 200;
+    };
+    const auto isNoData = [](const Pixel& p) { return isLike(p, pixelOf(noDataGrey)); };
+    const auto isPicture = [](const Pixel& p) { return isLike(p, greyOf(200)); };
+    const int cell = 440 * 400 / 120;
+    const Bounds bounds{99.5, 111.5, 30.5, 40.5};
+    for (const int kind : {1, 5}) {
+        image.kind = kind;
+        const BareMap map = draw(image, bounds);
+        EXPECT_TRUE(isNoData(map.at(104.4, 35.4)));
+        EXPECT_EQ(isNoData(map.at(108.4, 35.4)), kind == 5);
+        const int holes = map.picture.count(isNoData);
+        EXPECT_NEAR(holes, kind == 5 ? 2 * cell : cell, 0.1 * cell);
+        EXPECT_EQ(map.picture.count([](const Pixel& p) { return p[0] < 50; }) > 0, kind == 1);
+        EXPECT_EQ(holes + map.picture.count(isPicture) == 440 * 400, kind == 5);
+    }
+    // Outside there is none either.
+    const BareMap wide = draw(image, {90, 120, 30, 45});
+    EXPECT_TRUE(isNoData(wide.at(99.3, 35)));
+    EXPECT_TRUE(isNoData(wide.at(111.7, 35)));
+    EXPECT_TRUE(isNoData(wide.at(105, 40.8)));
+    EXPECT_TRUE(isPicture(wide.at(99.7, 30.7)));
+}
+
+TEST_F(ImageTest, PicturesRoundTheGlobeHaveNoSeam) {
+    ByteImageText image;
+    image.nx = 36;
+    image.dx = 10;
+    image.west = 0;
+    image.value = [](int column, int) { return column < 18 ? 10 * column : 10 * (35 - column); };
+    const BareMap map = draw(image, {-90, 270, 31, 40}, 720, 90);
+    for (int x = 1; x < 720; ++x)
+        EXPECT_LE(std::abs(map.picture.at(x, 45)[0] - map.picture.at(x - 1, 45)[0]), 2) << x;
+}
+
+TEST_F(ImageTest, ChartsAreCutToThePictureAndSayWhatDoesNotApply) {
+    const std::string file = write("image", ByteImageText{}.text());
+    const Answer plain = run({"chart", file, "-o", path("c.png")});
+    EXPECT_EQ(plain.exitCode, 0);
+    EXPECT_EQ(plain.err, "");
+    const Picture chart(path("c.png"));
+    EXPECT_GT(chart.count([](const Pixel& p) { return isLike(p, greyOf(60)); }), 100);
+    EXPECT_LT(chart.count([](const Pixel& p) { return isLike(p, pixelOf(noDataGrey)); }), 2000);
+    for (const char* option : {"--fill", "--levels=5", "--interval=5", "--auto=5", "--centers"})
+        EXPECT_THAT(run({"chart", file, "-o", path("c.svg"), option}).err,
+                    HasSubstr("it is drawn as the picture that it is"));
+    EXPECT_THAT(run({"contour", file, "-o", path("c.csv")}).err, HasSubstr("byte image (type 13)"));
+}
+
+TEST_F(ImageTest, InfoTellsPlaceValuesAndShareOfNoData) {
+    ByteImageText image;
+    image.value = [](int column, int row) { return row == 0 ? 255 : 10 * column + row; };
+    const std::string file = write("image", image.text());
+    const json info = json::parse(run({"info", "--json", file}).out);
+    EXPECT_EQ(info["time"], "2009-09-21 06:00");
+    EXPECT_EQ(info["longitudes"], json::parse(R"({"start": 100.0, "end": 111.0, "step": 1.0, "count": 12})"));
+    EXPECT_EQ(info["latitudes"]["end"], 31);
+    EXPECT_EQ(info["values"], 120);
+    EXPECT_EQ(info["missing"], 12);
+    EXPECT_EQ(info["largest"]["value"], 119);
+    EXPECT_EQ(info["smallest"]["latitude"], 39);
+    EXPECT_THAT(run({"info", file}).out, HasSubstr("120, 12 of them missing (10.0%)"));
+}
+
+TEST_F(ImageTest, SaysWhatIsWrongWithAPicture) {
+    const std::string whole = ByteImageText{}.text();
+    ByteImageText empty;
+    empty.nx = 0;
+    ByteImageText nowhere;
+    nowhere.west = std::nan("");
+    const std::vector<std::pair<std::string, std::string>> files{
+        {whole.substr(0, 100), "it is cut off"},
+        {whole.substr(0, whole.size() - 1), "it is cut off"},
+        {empty.text(), "its header gives it 0 columns and 10 rows"},
+        {nowhere.text(), "not all finite numbers"},
+    };
+    for (const auto& [text, sentence] : files)
+        for (const char* command : {"chart", "info"}) {
+            const std::string file = write("f", text);
+            const Answer result = command == std::string("chart") ? run({command, file, "-o", path("c.png")})
+                                                                  : run({command, file});
+            EXPECT_EQ(result.exitCode, 1);
+            EXPECT_THAT(result.err, HasSubstr(sentence)) << command;
+        }
+}
+
+}  // namespace

@@ -1,0 +1,123 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "../support/files.h"
+#include "byteImages.h"
+#include "frame/progress.h"
+#include "program.h"
+#include "shading.h"
+
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using velmar::tool::Shading;
+
+class ShadeTest : public ProgramTest {
+protected:
+    ShadeTest() { velmar::frame::setProgressEnabled(false); }
+
+    json polygons(const std::string& file, std::vector<std::string> options) const {
+        options.insert(options.begin(), {"shade", file, "-o", "-"});
+        const Answer result = run(options);
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        return json::parse(result.out)["features"];
+    }
+
+    /// Compares features with a block of the library.
+    static void expectSame(const json& features, const float* block) {
+        ASSERT_NE(block, nullptr);
+        ASSERT_EQ(features.size(), static_cast<std::size_t>(block[1]));
+        const float* next = block + 2;
+        int order = 0;
+        for (const json& feature : features) {
+            const auto points = static_cast<std::size_t>(next[0]);
+            EXPECT_EQ(feature["properties"]["level"].get<float>(), next[1]);
+            EXPECT_EQ(feature["properties"]["colour"], next[2]);
+            EXPECT_EQ(feature["properties"]["order"], order++);
+            const json& ring = feature["geometry"]["coordinates"][0];
+            std::vector<float> coordinates;
+            double twiceArea = 0;
+            for (std::size_t k = 0; k < ring.size(); ++k) {
+                coordinates.insert(coordinates.end(), {ring[k][0], ring[k][1]});
+                if (k > 0) twiceArea += cross(ring[k - 1], ring[k], ring[0]);
+            }
+            EXPECT_GE(twiceArea, 0);
+            std::vector<float> expected(next + 3, next + 3 + 2 * points);
+            if (coordinates != expected) {  // turned round
+                std::ranges::reverse(expected);
+                for (std::size_t k = 0; k < expected.size(); k += 2) std::swap(expected[k], expected[k + 1]);
+            }
+            EXPECT_EQ(coordinates, expected);
+            EXPECT_EQ(ring.front(), ring.back());
+            next += 3 + 2 * points;
+        }
+        EXPECT_EQ(*next, -1);
+    }
+
+    static double cross(const json& a, const json& b, const json& origin) {
+        const auto d = [&](const json& p, std::size_t c) {
+            return p[c].get<double>() - origin[c].get<double>();
+        };
+        return d(a, 0) * d(b, 1) - d(b, 0) * d(a, 1);
+    }
+};
+
+TEST_F(ShadeTest, WritesThePolygonsOfTheLibrary) {
+    const std::string file = sample("grids/soilt_global_missing.000");
+    const velmar::test::Block contours(readCntrData(file.c_str(), 2, 0, std::array{0.0F}.data()));
+    ASSERT_EQ(contours[3], 145) << "the grid is closed around the globe";
+    const std::array levels{-20.0F, 0.0F, 12.5F, 30.0F};
+    const std::array colours{0, 1, 2, 3};
+    for (const int stripRows : {1, 5, 0}) {
+        const velmar::test::Block expected(velmarCntrShad(contours.get() + 11, 145, 73, levels.data(),
+                                                          colours.data(), 4, 9999, 0, 90, 2.5F, -2.5F,
+                                                          stripRows));
+        expectSame(polygons(file, {"--levels=30,-20,12.5,0", "--strip-rows", std::to_string(stripRows)}),
+                   expected.get());
+    }
+    EXPECT_EQ(polygons(file, {"--levels", "0"}), polygons(file, {"--levels", "0", "--strip-rows", "1"}));
+}
+
+TEST_F(ShadeTest, ShadesByteImages) {
+    const std::string file = write("image", ByteImageText{}.text());
+    expectSame(polygons(file, {}), velmar::test::Block(readByteShadData(file.c_str(), 1, 0, 0)).get());
+    const json single = polygons(file, {"--levels", "33.5", "--strip-rows", "0"});
+    expectSame(single, velmar::test::Block(readByteShadData(file.c_str(), 0, 1, 33.5F)).get());
+    EXPECT_EQ(single[0]["properties"]["level"], 33.5);
+
+    for (const char* option : {"--levels=10,20", "--interval=10", "--auto=5"}) {
+        const Answer refused = run({"shade", file, "-o", "-", option});
+        EXPECT_EQ(refused.exitCode, 1);
+        EXPECT_THAT(refused.err, HasSubstr("all its values or, with --levels, at a single one"));
+        EXPECT_EQ(refused.out, "");
+    }
+}
+
+TEST_F(ShadeTest, TellsNothingToPaintFromFailure) {
+    GridText grid;
+    const std::string notice = "there is nothing to paint";
+    const Answer high = run({"shade", write("grid", grid.text()), "-o", "-", "--levels", "500"});
+    EXPECT_EQ(high.exitCode, 0);
+    EXPECT_THAT(high.err, HasSubstr(notice));
+    EXPECT_EQ(json::parse(high.out), json::parse(R"({"type":"FeatureCollection","features":[]})"));
+    // Above the level, but no cell has data at all its corners.
+    grid.value = [](double longitude, double latitude) {
+        return std::fmod(longitude + latitude, 2) == 0 ? 9999 : 600;
+    };
+    const Answer scattered = run({"shade", write("grid", grid.text()), "-o", "-", "--levels", "500"});
+    EXPECT_EQ(scattered.exitCode, 0);
+    EXPECT_THAT(scattered.err, HasSubstr(notice));
+    // An outline with more corners than the library has room for.
+    grid.value = [](double, double) { return 600; };
+    grid.ny = 2;
+    const Answer flat =
+        run({"shade", write("grid", grid.text()), "-o", path("flat.geojson"), "--levels", "500"});
+    EXPECT_EQ(flat.exitCode, 1);
+    EXPECT_THAT(flat.err, HasSubstr("the library gave up shading it"));
+    EXPECT_FALSE(std::filesystem::exists(path("flat.geojson")));
+}
+
+}  // namespace

@@ -1,0 +1,90 @@
+#include "chart/chartTexts.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/levelSpacing.h"
+#include "chart/mapFrame.h"
+#include "text.h"
+
+namespace velmar::tool {
+namespace {
+
+std::string timesText(const frame::FieldHeader& field) {
+    std::string text = startTimeText(field);
+    const auto valid = validTimeText(field);
+    if (field.forecastHour != 0) text += fmt::format(" + {} h", field.forecastHour);
+    if (field.forecastHour != 0 && valid) text += ", valid " + *valid;
+    const std::string level = levelText(field.level);
+    return level.empty() ? text : level + "   " + text;
+}
+
+std::string levelsText(const ContourSet& set, float boldValue) {
+    const std::vector<float> levels = levelsOf(set);
+    if (levels.empty()) return "no lines";
+    const float step = evenStep(levels);
+    std::string text;
+    if (step > 0) {
+        text = fmt::format("lines {} to {} every {}", plainNumber(levels.front()), plainNumber(levels.back()),
+                           plainNumber(step));
+    } else {
+        std::vector<std::string> values;
+        values.reserve(levels.size());
+        for (const float level : levels) values.push_back(plainNumber(level));
+        text = fmt::format("lines {}", fmt::join(values, ", "));
+    }
+    const float spacing = spacingOf(levels);
+    const bool hasBold =
+        std::ranges::any_of(levels, [&](float level) { return isBoldLevel(level, boldValue, spacing); });
+    return hasBold ? text + ", bold " + plainNumber(boldValue) : text;
+}
+
+/// A grid or picture: where it lies and what it holds inside the area shown.
+struct Content {
+    Bounds bounds;
+    bool circlesGlobe;
+    Extremes extremes;
+
+    bool covers(const Bounds& shown) const {
+        const double shift = 360 * std::floor((shown.west - bounds.west) / 360);
+        const bool allLongitudes = circlesGlobe || shown.east <= bounds.east + shift;
+        return extremes.missing == 0 && allLongitudes && bounds.south <= shown.south &&
+               shown.north <= bounds.north;
+    }
+
+    std::string extremesText(std::string_view most, std::string_view least) const {
+        if (extremes.present == 0) return "no data in this area";
+        return fmt::format("{} {}, {} {}", most, placedText(extremes.largest), least,
+                           placedText(extremes.smallest));
+    }
+};
+
+}  // namespace
+
+ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown) {
+    const Content content{boundsOf(set.lattice), set.circlesGlobe(),
+                          findExtremes(set.grid, set.lattice, &shown)};
+    return {.title = file.title,
+            .subtitle = timesText(file.header.field),
+            .caption = levelsText(set, file.header.boldValue),
+            .extremes = content.extremesText("highest", "lowest"),
+            .hasNoData = !content.covers(shown)};
+}
+
+ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
+    const frame::Grid& grid = image.grid;
+    const Content content{boundsOf(image), image.circlesGlobe(),
+                          findExtremes(grid.view(), image.lattice, &shown)};
+    return {.title = image.title,
+            .subtitle = image.time,
+            .caption = fmt::format("{} x {} pixels of {}° x {}°", grid.nx, grid.ny,
+                                   plainNumber(std::fabs(image.lattice.longitudeStep)),
+                                   plainNumber(std::fabs(image.lattice.latitudeStep))),
+            .extremes = content.extremesText("brightest", "darkest"),
+            .hasNoData = !content.covers(shown)};
+}
+
+}  // namespace velmar::tool

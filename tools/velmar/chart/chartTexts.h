@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "byteImageFile.h"
+#include "contours.h"
+
+namespace velmar::tool {
+
+/// What is written around a map.
+struct ChartTexts {
+    std::string title;
+    std::string subtitle;  ///< times and level
+    std::string caption;   ///< what the lines or greys stand for
+    std::string extremes;  ///< of the area shown
+    bool hasNoData;        ///< whether a part of the area shown has no data
+};
+
+ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown);
+ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown);
+
+}  // namespace velmar::tool

@@ -1,0 +1,20 @@
+#include "chart/fill.h"
+
+#include "chart/palette.h"
+
+namespace velmar::tool {
+
+Fill fillContours(const ContourSet& set) {
+    Fill fill{.levels = ascending(set.levels),
+              .colours = {},
+              // Areas of the coarse grid would not reach the lines.
+              .grid = refine(set.grid, frame::missingInFiles, set.refinement),
+              .lattice = set.tracedLattice(),
+              .areas = {}};
+    fill.colours = bandColours(fill.levels);
+    constexpr frame::Lattice columnsAndRows{0, 0, 1, 0, 0, 1};
+    fill.areas = joinStrips(shadeGrid(fill.grid.view(), columnsAndRows, fill.levels, 1));
+    return fill;
+}
+
+}  // namespace velmar::tool

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+#include "chart/outlines.h"
+#include "chart/paper.h"
+#include "contours.h"
+
+namespace velmar::tool {
+
+/// The bands between the levels of a chart.
+struct Fill {
+    std::vector<float> levels;    ///< rising
+    std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
+    frame::Grid grid;             ///< as fine as the one that the lines were traced on
+    frame::Lattice lattice;
+    std::vector<LevelArea> areas;
+};
+
+Fill fillContours(const ContourSet& set);
+
+}  // namespace velmar::tool

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+#include "contours.h"
+
+namespace velmar::tool {
+
+/// The values of which a set has lines, in rising order.
+std::vector<float> levelsOf(const ContourSet& set);
+
+/// Smallest distance of neighbouring levels; 0 when there are not two.
+float spacingOf(const std::vector<float>& levels);
+
+/// The step of levels that are all whole steps apart; 0 when they are not, or fewer than three.
+float evenStep(const std::vector<float>& levels);
+
+/// Whether a level is the bold one, also when it comes from a sum of intervals and is off by a rounding.
+bool isBoldLevel(float level, float boldValue, float spacing);
+
+}  // namespace velmar::tool

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "geoPoints.h"
+
+namespace velmar::tool {
+
+using Json = nlohmann::ordered_json;
+
+Json positionJson(GeoPoint point);
+Json positionsJson(const GeoPoints& points);
+
+/// A GeoJSON FeatureCollection on its way to a file, a line a feature.
+class FeatureCollection {
+public:
+    void add(Json properties, Json geometry);
+    std::string text() const;
+
+private:
+    std::string features_;
+};
+
+}  // namespace velmar::tool

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "byteImageFile.h"
+#include "geoPoints.h"
+#include "gridFile.h"
+
+namespace velmar::tool {
+
+/// An area to be painted: a view into the block of its shading. Its last point repeats the first.
+struct ShadePolygon : GeoPoints {
+    float level;
+    int colour;
+
+    bool counterClockwise() const;
+};
+
+/// Areas in the order in which they are painted.
+struct Shading {
+    Block block;
+    std::vector<ShadePolygon> polygons;
+};
+
+/// What is above the levels, which are in rising order, each once. Nothing to paint gives no polygons; a
+/// Problem when the library gives up.
+///
+///   stripRows  rows that are shaded at a time; all when below 1
+Shading shadeGrid(const frame::GridView& grid, const frame::Lattice& lattice,
+                  const std::vector<float>& levels, int stripRows);
+
+/// The same for a byte image, at one level or at all of its 256.
+Shading shadeByteImage(const std::string& path, const FileHead& head, std::optional<float> level,
+                       int stripRows);
+
+/// Levels as the shading wants them.
+std::vector<float> ascending(std::vector<float> levels);
+
+}  // namespace velmar::tool
