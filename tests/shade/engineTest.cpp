@@ -116,6 +116,12 @@ TEST_F(Shading, GivesNothingWithoutHighCells) {
     EXPECT_EQ(printed(plain(1, 9, 2, {1}, {1})), "");
 }
 
+TEST_F(Shading, OutlinesLevelsBelowHugeValues) {
+    // A strip's minimum is never taken to be above 9.99e33, so that the lower level here is not passed over.
+    EXPECT_THAT(polygons(plain(3, 3, 1e34F, {1, 9.995e33F}, {1, 2})), SizeIs(2));
+    EXPECT_THAT(polygons(plain(3, 3, 1e33F, {1, 9e32F}, {1, 2})), SizeIs(1));
+}
+
 TEST_F(Shading, LaysOutItsBlock) {
     Field f = around(0, {1, 2}, {-5, 150});
     f.x0 = 70;

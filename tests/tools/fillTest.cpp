@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <random>
 
 #include "../support/fields.h"
@@ -64,19 +63,18 @@ TEST_F(FillTest, JoinedStripsCoverWhatTheStripsDo) {
         const int ny = 4 + round % 9;
         const std::vector<float> field =
             velmar::test::steppedField(random, nx, ny, 6, round % 3 == 0 ? 0 : 9);
-        const Shading shading =
-            shadeGrid({field.data(), nx, ny}, {0, 0, 1, 0, 0, 1}, {0.5F, 1, 2.25F, 4.75F}, 1);
-        std::map<float, double> stripAreas;
-        for (const ShadePolygon& polygon : shading.polygons)
-            stripAreas[polygon.level] += std::fabs(twiceArea(
-                polygon, [](GeoPoint p) { return p.longitude; }, [](GeoPoint p) { return p.latitude; }));
-        std::map<float, double> joinedAreas;
-        for (const LevelArea& area : joinStrips(shading))
-            for (const Outline& outline : area.outlines)
-                joinedAreas[area.level] += twiceArea(
+        for (const float level : {0.5F, 1.0F, 2.25F, 4.75F}) {
+            const Shading shading = shadeGrid({field.data(), nx, ny}, {0, 0, 1, 0, 0, 1}, {level}, 1);
+            double stripArea = 0;
+            for (const ShadePolygon& polygon : shading.polygons)
+                stripArea += std::fabs(twiceArea(
+                    polygon, [](GeoPoint p) { return p.longitude; }, [](GeoPoint p) { return p.latitude; }));
+            double joinedArea = 0;
+            for (const Outline& outline : joinStrips(shading))
+                joinedArea += twiceArea(
                     outline, [](OutlinePoint p) { return p.column; }, [](OutlinePoint p) { return p.row; });
-        ASSERT_EQ(stripAreas.size(), joinedAreas.size());
-        for (const auto& [level, area] : stripAreas) EXPECT_NEAR(joinedAreas[level], area, 1e-3) << round;
+            EXPECT_NEAR(joinedArea, stripArea, 1e-3) << round;
+        }
     }
 }
 

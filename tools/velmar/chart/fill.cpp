@@ -13,7 +13,8 @@ Fill fillContours(const ContourSet& set) {
               .areas = {}};
     fill.colours = bandColours(fill.levels);
     constexpr frame::Lattice columnsAndRows{0, 0, 1, 0, 0, 1};
-    fill.areas = joinStrips(shadeGrid(fill.grid.view(), columnsAndRows, fill.levels, 1));
+    for (const float level : fill.levels)
+        fill.areas.push_back(joinStrips(shadeGrid(fill.grid.view(), columnsAndRows, {level}, 1)));
     return fill;
 }
 

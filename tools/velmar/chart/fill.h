@@ -14,7 +14,7 @@ struct Fill {
     std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
     frame::Grid grid;             ///< as fine as the one that the lines were traced on
     frame::Lattice lattice;
-    std::vector<LevelArea> areas;
+    std::vector<std::vector<Outline>> areas;  ///< above each level
 };
 
 Fill fillContours(const ContourSet& set);

@@ -21,7 +21,7 @@ struct Edge {
 
 bool isOnRow(const Node& a, const Node& b) { return a.row == b.row && a.row == std::floor(a.row); }
 
-/// The outlines of a level's areas, strip by strip. Strips meet in rows of the grid, where one walks to and
+/// The outlines of areas, strip by strip. Strips meet in rows of the grid, where one walks to and
 /// the other fro: those walks are added up, so that only what they do not share is left.
 class StripEdges {
 public:
@@ -128,20 +128,10 @@ std::vector<Outline> chain(const std::vector<Edge>& edges) {
 
 }  // namespace
 
-std::vector<LevelArea> joinStrips(const Shading& shading) {
-    std::vector<const ShadePolygon*> polygons;
-    polygons.reserve(shading.polygons.size());
-    for (const ShadePolygon& polygon : shading.polygons) polygons.push_back(&polygon);
-    std::ranges::stable_sort(polygons, {}, &ShadePolygon::level);
-
-    std::vector<LevelArea> areas;
-    for (auto polygon = polygons.begin(); polygon != polygons.end();) {
-        const float level = (*polygon)->level;
-        StripEdges edges;
-        for (; polygon != polygons.end() && (*polygon)->level == level; ++polygon) edges.add(**polygon);
-        areas.push_back({level, chain(edges.joined())});
-    }
-    return areas;
+std::vector<Outline> joinStrips(const Shading& shading) {
+    StripEdges edges;
+    for (const ShadePolygon& polygon : shading.polygons) edges.add(polygon);
+    return chain(edges.joined());
 }
 
 }  // namespace velmar::tool

@@ -17,14 +17,8 @@ struct OutlinePoint {
 /// with columns and rows, those of their holes the other way.
 using Outline = std::vector<OutlinePoint>;
 
-/// Everything that lies above a level.
-struct LevelArea {
-    float level;
-    std::vector<Outline> outlines;
-};
-
-/// Joins the areas of a shading in strips of one row, level by level, from the lowest up: what two strips
-/// have in common is no outline. The shading is in columns and rows.
-std::vector<LevelArea> joinStrips(const Shading& shading);
+/// Joins the areas of a shading of one level in strips of one row: what two strips have in common is no
+/// outline. The shading is in columns and rows.
+std::vector<Outline> joinStrips(const Shading& shading);
 
 }  // namespace velmar::tool
