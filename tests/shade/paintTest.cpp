@@ -172,15 +172,4 @@ TEST_F(Paint, IsWrongInTallerStripsWhereItsOrderMakesItSo) {
     EXPECT_EQ(tally_.faults.size(), 5U) << "each of the causes occurs";
 }
 
-TEST_F(Paint, IsWrongInFewPlacesOfSmoothFields) {
-    for (int round = 0; round < 60; ++round) {
-        Field f{test::smoothField(random_, 20, 20), 20, 20, {-2, -1, 0, 1}, {10, 20, 30, 40}, round % 4};
-        if (round % 2 == 0) f.values[random_() % 400] = 9999;
-        checkPaint(f);
-    }
-    int wrong = 0;
-    for (const auto& [fault, count] : tally_.faults) wrong += count;
-    EXPECT_LT(wrong * 40, tally_.samples);
-}
-
 }  // namespace
