@@ -87,13 +87,27 @@ TEST_F(ShadeTest, ShadesByteImages) {
     const json single = polygons(file, {"--levels", "33.5", "--strip-rows", "0"});
     expectSame(single, velmar::test::Block(readByteShadData(file.c_str(), 0, 1, 33.5F)).get());
     EXPECT_EQ(single[0]["properties"]["level"], 33.5);
+    const json tens = polygons(file, {"--interval", "50"});
+    EXPECT_EQ(tens, polygons(file, {"--levels", "0,50,100"}));
+    EXPECT_EQ(tens, polygons(file, {"--auto", "3"}));
+}
 
-    for (const char* option : {"--levels=10,20", "--interval=10", "--auto=5"}) {
-        const Answer refused = run({"shade", file, "-o", "-", option});
-        EXPECT_EQ(refused.exitCode, 1);
-        EXPECT_THAT(refused.err, HasSubstr("all its values or, with --levels, at a single one"));
-        EXPECT_EQ(refused.out, "");
-    }
+TEST_F(ShadeTest, ClosesPicturesRoundTheGlobeAndLeavesOutWhatTheyDoNotShow) {
+    ByteImageText image;
+    image.nx = 36;
+    image.dx = 10;
+    image.west = 0;
+    image.value = [](int column, int) { return column == 9 ? 255 : 100; };
+    const auto ends = [](const json& polygon) {
+        std::vector<double> longitudes;
+        for (const json& point : polygon["geometry"]["coordinates"][0]) longitudes.push_back(point[0]);
+        const auto [west, east] = std::ranges::minmax(longitudes);
+        return std::pair(west, east);
+    };
+    const json parts = polygons(write("image", image.text()), {"--levels=50", "--strip-rows=0"});
+    ASSERT_EQ(parts.size(), 2U);
+    EXPECT_EQ(ends(parts[0]), std::pair(0.0, 80.0));
+    EXPECT_EQ(ends(parts[1]), std::pair(100.0, 360.0));
 }
 
 TEST_F(ShadeTest, TellsNothingToPaintFromFailure) {

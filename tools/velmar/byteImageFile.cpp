@@ -7,6 +7,7 @@
 
 #include "frame/scanner.h"
 #include "problem.h"
+#include "shade/byteImage.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -32,6 +33,15 @@ frame::Lattice latticeOf(const shade::ByteImage& image) {
     return lattice;
 }
 
+/// Views into the head's file.
+shade::ByteImage readByteImage(const FileHead& head) {
+    const auto image = shade::readByteImage(head.file.view());
+    if (!image) throw Problem("it is cut off: it holds fewer bytes than its header says");
+    if (image->pixels.empty())
+        throw Problem(fmt::format("its header gives it {} columns and {} rows", image->nx, image->ny));
+    return *image;
+}
+
 }  // namespace
 
 bool ByteImageFile::circlesGlobe() const {
@@ -39,12 +49,14 @@ bool ByteImageFile::circlesGlobe() const {
     return std::fabs(std::fabs(static_cast<double>(grid.nx) * lattice.longitudeStep) - 360.0) < tolerance;
 }
 
-shade::ByteImage readByteImage(const FileHead& head) {
-    const auto image = shade::readByteImage(head.file.view());
-    if (!image) throw Problem("it is cut off: it holds fewer bytes than its header says");
-    if (image->pixels.empty())
-        throw Problem(fmt::format("its header gives it {} columns and {} rows", image->nx, image->ny));
-    return *image;
+frame::Grid ByteImageFile::closedGrid() const {
+    if (!circlesGlobe()) return grid;
+    frame::Grid closed{{}, grid.nx + 1, grid.ny};
+    closed.values.reserve(closed.view().size());
+    for (int row = 0; row < closed.ny; ++row)
+        for (int column = 0; column < closed.nx; ++column)
+            closed.values.push_back(grid.view().at(column % grid.nx, row));
+    return closed;
 }
 
 ByteImageFile readByteImageFile(const FileHead& head) {

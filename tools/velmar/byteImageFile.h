@@ -4,7 +4,6 @@
 
 #include "fileHead.h"
 #include "frame/grid.h"
-#include "shade/byteImage.h"
 
 namespace velmar::tool {
 
@@ -20,11 +19,11 @@ struct ByteImageFile {
     frame::Lattice lattice;  ///< ends at the last column and row, whatever the header says
 
     bool circlesGlobe() const;
+    /// The grid with its first column again behind its last where it circles the globe.
+    frame::Grid closedGrid() const;
 };
 
-/// A byte image as the library reads it: views into the head's file. A Problem when it is cut off or empty.
-shade::ByteImage readByteImage(const FileHead& head);
-
+/// Reads a byte image; a Problem when it is cut off or empty.
 ByteImageFile readByteImageFile(const FileHead& head);
 
 }  // namespace velmar::tool

@@ -17,7 +17,7 @@ namespace {
 /// More lines than this cannot be told apart on any chart; a file that asks for them has a slip in its
 /// header.
 constexpr int mostLevels = 1000;
-constexpr int automaticCount = 10;
+constexpr int customaryCount = 10;
 
 /// Whether the levels start, start + interval, ... up to end are a reasonable number and one lies inside the
 /// data.
@@ -46,14 +46,14 @@ std::vector<float> multiplesInside(float interval, const Extremes& extremes) {
     return levels;
 }
 
-std::vector<float> automaticLevels(int count, const GridFile& file) {
+std::vector<float> automaticLevels(int count, const frame::GridView& values) {
     const contour::LevelRequest request{.mode = contour::LevelMode::automatic,
                                         .start = 0,
                                         .end = 0,
                                         .interval = 0,
                                         .list = {},
                                         .count = count};
-    return contour::chooseLevels(file.values, frame::missingInFiles, request).values;
+    return contour::chooseLevels(values, frame::missingInFiles, request).values;
 }
 
 std::vector<float> headerLevels(const GridFile& file) {
@@ -87,17 +87,23 @@ float parseInterval(const std::string& text) {
 
 }  // namespace
 
-LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
-    const frame::GridHeader& header = file.header;
-    const Extremes extremes = findExtremes(file.values, header.field.lattice);
+LevelPlan planLevels(const LevelOptions& options, const frame::GridView& values) {
     if (!options.list.empty()) return {options.list, {}};
+    const Extremes extremes = findExtremes(values, {});
     if (extremes.present == 0) return {{}, "it holds no data, only missing values"};
     if (options.interval > 0) return {multiplesInside(options.interval, extremes), {}};
-    if (options.automaticCount > 0) return {automaticLevels(options.automaticCount, file), {}};
+    const bool counted = options.automaticCount > 0;
+    return {automaticLevels(counted ? options.automaticCount : customaryCount, values), {}};
+}
+
+LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
+    const frame::GridHeader& header = file.header;
+    const Extremes extremes = findExtremes(file.values, {});
+    if (options.given() || extremes.present == 0) return planLevels(options, file.values);
     if (headerGivesLines(header, extremes)) return {headerLevels(file), {}};
     // Nothing to choose from, and nothing wrong with the header.
     if (extremes.smallest.value == extremes.largest.value) return {};
-    return {automaticLevels(automaticCount, file),
+    return {planLevels(options, file.values).levels,
             fmt::format(
                 "the levels of its header ({} to {} by {}) give no lines; levels were chosen from the data",
                 plainNumber(header.startValue), plainNumber(header.endValue), plainNumber(header.interval))};

@@ -26,8 +26,11 @@ struct LevelPlan {
     std::string notice;  ///< what the user should know about the choice; empty when it is the one asked for
 };
 
-/// Decides the levels for a grid. Without options they are those of the file's header, or automatic ones
-/// where the header gives no line.
+/// Decides the levels for values without a header. Without options they are automatic.
+LevelPlan planLevels(const LevelOptions& options, const frame::GridView& values);
+
+/// Decides the levels for a grid file. Without options they are those of its header, or automatic ones where
+/// the header gives no line.
 LevelPlan planLevels(const LevelOptions& options, const GridFile& file);
 
 /// Adds --levels, --interval and --auto to a command.

@@ -1,14 +1,14 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
-#include <optional>
+#include <numeric>
 
+#include "byteImageFile.h"
 #include "commands.h"
 #include "contours.h"
 #include "geoJson.h"
 #include "jobs.h"
 #include "levels.h"
-#include "problem.h"
 #include "shading.h"
 #include "text.h"
 
@@ -22,7 +22,7 @@ constexpr const char* explanation =
     "polygons, painted in their order, give the right picture everywhere. Taller strips give\n"
     "fewer and larger polygons, but holes are polygons of their own then, in the colour below,\n"
     "so that nothing is right without the order, and some areas that are enclosed or without\n"
-    "data are painted over. A byte image is shaded at all its values or, with --levels, at one.";
+    "data are painted over. Without levels a byte image is shaded at all values of a byte.";
 
 struct ShadeOptions {
     OutputOptions output;
@@ -30,12 +30,19 @@ struct ShadeOptions {
     int stripRows = 1;
 };
 
-Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& options) {
-    const LevelOptions& levels = options.levels;
-    if (levels.given() && levels.list.size() != 1)
-        throw Problem("a byte image is shaded at all its values or, with --levels, at a single one");
-    const auto level = levels.given() ? std::optional(levels.list.front()) : std::nullopt;
-    return shadeByteImage(job.input, head, level, options.stripRows);
+/// All values of a byte unless levels were asked for.
+LevelPlan planImageLevels(const LevelOptions& options, const frame::GridView& values) {
+    if (options.given()) return planLevels(options, values);
+    LevelPlan plan{std::vector<float>(256), {}};
+    std::iota(plan.levels.begin(), plan.levels.end(), 0.0F);
+    return plan;
+}
+
+Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
+    const ByteImageFile image = readByteImageFile(head);
+    const LevelPlan plan = planImageLevels(options.levels, image.grid.view());
+    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    return shadeGrid(image.closedGrid().view(), image.lattice, ascending(plan.levels), options.stripRows);
 }
 
 Shading shadeGridFile(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
@@ -63,8 +70,8 @@ std::string polygonJson(const Shading& shading) {
 int runShade(const ShadeOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
         const FileHead head = readFileHead(job.input);
-        const Shading shading =
-            isByteImage(head) ? shadeImage(job, head, options) : shadeGridFile(job, head, options, reporter);
+        const auto shade = isByteImage(head) ? shadeImage : shadeGridFile;
+        const Shading shading = shade(job, head, options, reporter);
         if (shading.polygons.empty())
             reporter.tell(job.input, "there is nothing to paint: no cell with data reaches above a level");
         writeOutput(job.output, polygonJson(shading));

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "byteImageFile.h"
 #include "geoPoints.h"
 #include "gridFile.h"
 
@@ -24,16 +21,12 @@ struct Shading {
     std::vector<ShadePolygon> polygons;
 };
 
-/// What is above the levels, which are in rising order, each once. Nothing to paint gives no polygons; a
-/// Problem when the library gives up.
+/// What is above the levels, which are in rising order, each once; missingInFiles is no data. Nothing to
+/// paint gives no polygons; a Problem when the library gives up.
 ///
 ///   stripRows  rows that are shaded at a time; all when below 1
 Shading shadeGrid(const frame::GridView& grid, const frame::Lattice& lattice,
                   const std::vector<float>& levels, int stripRows);
-
-/// The same for a byte image, at one level or at all of its 256.
-Shading shadeByteImage(const std::string& path, const FileHead& head, std::optional<float> level,
-                       int stripRows);
 
 /// Levels as the shading wants them.
 std::vector<float> ascending(std::vector<float> levels);
