@@ -324,6 +324,184 @@ VELMAR_EXPORT float* SHClip(const float* points, float ex1, float ey1, float ex2
 /* Returns the number of points that the last SHClip call left, 0 before the first. */
 VELMAR_EXPORT int SHClipPntNum(void) VELMAR_NOEXCEPT;
 
+/* ---- Objective analysis: scattered stations onto a grid ------------------------------------------------ */
+
+/* Spreads station values onto a grid with Gaussian weights, after Barnes (1964): a first guess from all
+ * stations within a radius, then five passes that pull the grid towards the stations, each with a
+ * smaller radius and a sharper weight.
+ *
+ *   kappa               width of the first guess's Gaussian, exp(-d^2 / (4 kappa)), square degrees
+ *   radius              how far a station reaches in the first guess, degrees
+ *   gamma               convergence: the width of pass p is kappa * gamma^p, its radius radius / (p + 2)
+ *   nx, ny              columns and rows, end bounds included
+ *   startLon, endLon    longitudes of the first and last column, whole degrees
+ *   startLat, endLat    latitudes of the first and last row, whole degrees
+ *   n                   number of stations
+ *   lon, lat, value     n longitudes, latitudes (degrees) and values; not changed
+ *   maskRadius          above 0 (degrees): the grid is capped by the largest value of the stations so near,
+ *                       and -9999 where there is none
+ *
+ * The distance d is that of a flat earth, the difference of longitudes shrunk by the cosine of the mean
+ * latitude. A point at a station's very place takes its value. The first station of the list takes no part
+ * in the first guess, which is 0 where no other is near. The state before each pass is printed: the
+ * largest and the mean absolute residual of the stations, and the root of the summed squares of their
+ * deviations from the mean.
+ *
+ * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null when nx or ny
+ * is not positive, when a list is null and n positive, or for lack of memory. Release with
+ * freecPointer(). */
+VELMAR_EXPORT float* barnes(float kappa, float radius, float gamma, int nx, int ny, int startLon, int endLon,
+                            int startLat, int endLat, int n, const float* lon, const float* lat,
+                            const float* value, float maskRadius) VELMAR_NOEXCEPT;
+
+/* Spreads station values onto a grid by successive corrections, after Cressman (1959).
+ *
+ *   nscan               number of scans
+ *   radii               nscan influence radii in grid lengths, in the order of the scans
+ *   nx, ny              columns and rows, end bounds included
+ *   startLon, endLon    longitudes of the first and last column, degrees
+ *   startLat, endLat    latitudes of the first and last row, degrees
+ *   n                   number of stations
+ *   lon, lat, value     n longitudes, latitudes (degrees) and values; -9999 is no value; not changed
+ *   maskRadius          as in barnes
+ *
+ * Stations west of the grid are looked for a circle further east, those east of it further west. The first
+ * guess is the SUM of the values of all stations in the grid. Points that no station reaches in the third
+ * scan are -9999 in the end; with fewer scans they keep the first guess.
+ *
+ * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null when nx or ny
+ * is not positive, when a list is null and its length positive, when the values add up to exactly -9999
+ * ("retrn" is printed), or for lack of memory ("err!" is printed). Release with freecPointer(). */
+VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, float startLon, float endLon,
+                              float startLat, float endLat, int n, const float* lon, const float* lat,
+                              const float* value, float maskRadius) VELMAR_NOEXCEPT;
+
+/* Reads a file of surface reports ("diamond" type 1; the keyword is not checked) and analyses one element of
+ * them.
+ *
+ *   path                the file
+ *   method              0: as cressman does, with scan radii of 25, 10, 5, 2 and 1 grid lengths
+ *                       1: as barnes does, with kappa 0.25, radius 20, gamma 0.3, and the bounds cut to
+ *                       whole degrees; any other: nothing is analysed
+ *   element             0: field 13 of a report, 9999 and above counting as -1
+ *                       1: field 20; 2, 3 and 4: field 8; any other: no station
+ *   autoBounds          0: the bounds given; else those of all stations, a degree wider on each side, within
+ *                       0 to 360 and -90 to 90
+ *   startLon, endLon    longitudes of the grid, degrees
+ *   startLat, endLat    latitudes of the grid, degrees
+ *   latStep, lonStep    distance of rows, then of columns, degrees
+ *   maskRadius          as in barnes, degrees
+ *
+ * There are nx = (endLon - startLon) / lonStep + 1 columns and as many rows by latitude, in single precision
+ * and cut to whole numbers.
+ *
+ * A report whose value is 9999 or 999999, fractions left aside, has no value. Reading ends at the first
+ * report that is incomplete. Of the reports read the last is not used, nor is the last of the stations with a
+ * value. The k-th value found is analysed at the place of the k-th report of the file: behind a report
+ * without a value the two are out of step.
+ *
+ * The grid is also written to a grid file OAtestC.000 in the current directory; its contour values are the
+ * smallest and the largest value, its interval 5. The numbers of stations and the limits of their values are
+ * printed, and with values below -1000 a line per station.
+ *
+ * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null, and no file, for
+ * another method or where the analysis gives null. Errors, in a one-element block: -1 (told on standard
+ * error) to -3; -4 when the date or the number of reports cannot be read, or for lack of memory. A grid may
+ * begin with such a value too. Release with freecPointer(). */
+VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, int autoBounds, float startLon,
+                                   float endLon, float startLat, float endLat, float latStep, float lonStep,
+                                   float maskRadius) VELMAR_NOEXCEPT;
+
+/* Reads a file of station values ("diamond" type 3, one value a station; the keyword is not checked) and
+ * analyses them.
+ *
+ *   path        the file
+ *   method      below 0: no grid; 0: as in OAReadVelmar1; 1: as there, but with radius 10; above 1: a grid of
+ *               undefined points
+ *   autoBounds  as in OAReadVelmar1; stations without a value count too
+ *   others      as in OAReadVelmar1
+ *
+ * A station whose value is 9999 or 999999, fractions left aside, has none and is left out. Reading ends at
+ * the first station that is incomplete. Stations left out before it keep their places then: as many
+ * stations of zeros (number, position and value) follow the others and are analysed like them.
+ *
+ * Result, with S stations, L contour levels and n = nx * ny (nx and ny as in OAReadVelmar1, 0 and 0 without a
+ * grid; n is 0 when one is not positive):
+ *   0             n + 5 S + L + 11, the element count
+ *   1             S
+ *   2, 3          nx, ny
+ *   4 to 7        startLon, endLon, startLat, endLat
+ *   8, 9          lonStep, latStep
+ *   10            L
+ *   next L        the contour levels
+ *   per station   number, height, longitude, latitude, value
+ *   next n        the grid, row after row; -1e20 at each point when the method or the analysis gives none
+ *
+ * Errors, in a one-element block: -1 (told on standard error) to -3; -4 the second line; -5 a contour level;
+ * -6 the items in front of the boundary; -7 the boundary; -8 another number of values per station than one;
+ * -9 the number of stations, or a lack of memory. Errors -2 to -7 are also printed. Release with
+ * freecPointer(). */
+VELMAR_EXPORT float* OAReadVelmar3(const char* path, int method, int autoBounds, float startLon, float endLon,
+                                   float startLat, float endLat, float latStep, float lonStep,
+                                   float maskRadius) VELMAR_NOEXCEPT;
+
+/* Reads a file of surface reports as OAReadVelmar1 does and marks what lies near to a kind of them.
+ *
+ *   path     the file
+ *   unused   not used
+ *   element  what is looked at: 0: whether field 19 of a report lies between 10 and 12 (mist);
+ *            1: whether field 17 is above 0; any other: no station
+ *   radius   degrees, on an earth that is flat nearby, as in barnes
+ *   others   as in OAReadVelmar1
+ *
+ * A point is 1 when the nearest station is less than the radius away and what is looked at is so there, else
+ * -1. Of several nearest stations the first counts. Values and positions are in step. Of the reports read the
+ * last is not used, nor is the last of the stations with a value.
+ *
+ * Result, with n = nx * ny (0 when one is not positive):
+ *   0         n + 9, the element count
+ *   1 to 4    startLon, endLon, startLat, endLat
+ *   5, 6      lonStep, latStep
+ *   7, 8      nx, ny
+ *   next n    the field, row after row
+ * The field is also written to a grid file OAtestttq.000 in the current directory.
+ *
+ * Errors and release as in OAReadVelmar1. */
+VELMAR_EXPORT float* ReadVelmar1Tqq(const char* path, int unused, int element, int autoBounds, float startLon,
+                                    float endLon, float startLat, float endLat, float latStep, float lonStep,
+                                    float radius) VELMAR_NOEXCEPT;
+
+/* Gives each grid point the value of the nearest station.
+ *
+ *   lon, lat, value     n longitudes, latitudes (degrees) and values; not changed
+ *   n                   number of stations
+ *   radius              degrees, as in ReadVelmar1Tqq
+ *   others              as in OAReadVelmar1
+ *
+ * Stations without a value (9999 or 999999, fractions left aside) take no part, nor does the last station
+ * that has one. A point is -1 when no station is less than the radius away, when those that are lie twice the
+ * radius or more away in longitude (towards the poles), or when the nearest value is negative.
+ *
+ * Result as for ReadVelmar1Tqq; the field is also written to a grid file OATQQ.000 in the current directory.
+ * Null when a list is null and n positive, or for lack of memory. Release with freecPointer(). */
+VELMAR_EXPORT float* TqqOA(const float* lon, const float* lat, const float* value, int n, int autoBounds,
+                           float startLon, float endLon, float startLat, float endLat, float latStep,
+                           float lonStep, float radius) VELMAR_NOEXCEPT;
+
+/* Refines a grid by piecewise cubic Hermite interpolation, rows first, then columns. The slope at a point
+ * is half the difference of its two neighbours, or the difference across the interval itself where one of
+ * them is undefined or beyond the edge. Grid points keep their values; an interval with an undefined end is
+ * undefined inside.
+ *
+ *   grid    ny rows of nx values; not changed
+ *   fx, fy  into how many parts the intervals along rows and along columns are divided, at least 1
+ *   undef   value of points without data
+ *
+ * Returns the bare grid of ((nx - 1) fx + 1) * ((ny - 1) fy + 1) values, row after row. Null when a factor
+ * is below 1, when nx or ny is not positive, when grid is null, or for lack of memory. Release with
+ * freecPointer(). */
+VELMAR_EXPORT float* gagexps(const float* grid, int nx, int ny, int fx, int fy, float undef) VELMAR_NOEXCEPT;
+
 #ifdef __cplusplus
 }
 #endif

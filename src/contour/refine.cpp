@@ -36,8 +36,23 @@ std::vector<Position> innerPositions(int factor) {
     return positions;
 }
 
+/// The cubic over an interval with these values and slopes at its ends.
+template <CubicForm form>
+float cubic(float a0, float a1, float s0, float s1, const Position& at) {
+    if constexpr (form == CubicForm::ascending) {
+        const float c3 = 2.0F * a0 - 2.0F * a1 + s0 + s1;
+        const float c2 = 3.0F * a1 - 3.0F * a0 - 2.0F * s0 - s1;
+        return a0 + s0 * at.t + c2 * at.t2 + c3 * at.t3;
+    } else {
+        const float c3 = 2.0F * a0 + s0 - 2.0F * a1 + s1;
+        const float c2 = 3.0F * a1 - s1 - 2.0F * s0 - 3.0F * a0;
+        return c3 * at.t3 + c2 * at.t2 + s0 * at.t + a0;
+    }
+}
+
 /// Interpolates at one position of `count` intervals that lie side by side; results are `stride` elements
 /// apart.
+template <CubicForm form>
 void interpolate(const Neighbours& in, std::size_t count, const Position& at, float missing, float* out,
                  std::size_t stride) {
     const bool opens = in.before == nullptr;
@@ -53,14 +68,12 @@ void interpolate(const Neighbours& in, std::size_t count, const Position& at, fl
         const bool undefined = (a0 == missing) | (a1 == missing);
         const float s0 = oneSidedFirst ? across : (a1 - before[c]) * 0.5F;
         const float s1 = oneSidedLast ? across : (after[c] - a0) * 0.5F;
-        const float c3 = 2.0F * a0 - 2.0F * a1 + s0 + s1;
-        const float c2 = 3.0F * a1 - 3.0F * a0 - 2.0F * s0 - s1;
-        const float value = a0 + s0 * at.t + c2 * at.t2 + c3 * at.t3;
-        out[c * stride] = undefined ? missing : value;
+        out[c * stride] = undefined ? missing : cubic<form>(a0, a1, s0, s1, at);
     }
 }
 
 /// Widens one row of `count` values by `factor`.
+template <CubicForm form>
 void widenRow(const float* row, std::size_t count, std::size_t factor, const std::vector<Position>& positions,
               float missing, float* out) {
     for (std::size_t i = 0; i < count; ++i) out[i * factor] = row[i];
@@ -70,11 +83,35 @@ void widenRow(const float* row, std::size_t count, std::size_t factor, const std
         const Position& at = positions[k - 1];
         float* const target = out + k;
         const float* const second = lastInterval > 0 ? row + 2 : nullptr;
-        interpolate({nullptr, row, row + 1, second}, 1, at, missing, target, factor);
+        interpolate<form>({nullptr, row, row + 1, second}, 1, at, missing, target, factor);
         if (lastInterval == 0) continue;
-        interpolate({row, row + 1, row + 2, row + 3}, lastInterval - 1, at, missing, target + factor, factor);
+        interpolate<form>({row, row + 1, row + 2, row + 3}, lastInterval - 1, at, missing, target + factor,
+                          factor);
         const float* const end = row + lastInterval;
-        interpolate({end - 1, end, end + 1, nullptr}, 1, at, missing, target + lastInterval * factor, factor);
+        interpolate<form>({end - 1, end, end + 1, nullptr}, 1, at, missing, target + lastInterval * factor,
+                          factor);
+    }
+}
+
+template <CubicForm form>
+void refineRowsAndColumns(const GridView& grid, float missing, const RefinementFactors& factors,
+                          float* fine) {
+    const auto count = static_cast<std::size_t>(grid.nx);
+    const auto factor = static_cast<std::size_t>(factors.x);
+    const std::size_t width = (count - 1) * factor + 1;
+    const auto rowOf = [&](int j) {
+        return fine + static_cast<std::size_t>(j) * static_cast<std::size_t>(factors.y) * width;
+    };
+
+    const std::vector<Position> alongRows = innerPositions(factors.x);
+    for (int j = 0; j < grid.ny; ++j)
+        widenRow<form>(grid.row(j), count, factor, alongRows, missing, rowOf(j));
+    const std::vector<Position> alongColumns = innerPositions(factors.y);
+    for (int j = 0; j + 1 < grid.ny; ++j) {
+        const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
+                              j + 2 < grid.ny ? rowOf(j + 2) : nullptr};
+        float* out = rowOf(j);
+        for (const Position& at : alongColumns) interpolate<form>(rows, width, at, missing, out += width, 1);
     }
 }
 
@@ -95,24 +132,16 @@ Grid refine(const GridView& grid, float missing, const RefinementFactors& factor
     fine.nx = (grid.nx - 1) * factors.x + 1;
     fine.ny = (grid.ny - 1) * factors.y + 1;
     fine.values.resize(frame::valueCount(fine.nx, fine.ny));
-    const auto width = static_cast<std::size_t>(fine.nx);
-    const auto rowOf = [&](int j) {
-        return fine.values.data() + static_cast<std::size_t>(j * factors.y) * width;
-    };
-
-    const std::vector<Position> alongRows = innerPositions(factors.x);
-    for (int j = 0; j < grid.ny; ++j) {
-        widenRow(grid.row(j), static_cast<std::size_t>(grid.nx), static_cast<std::size_t>(factors.x),
-                 alongRows, missing, rowOf(j));
-    }
-    const std::vector<Position> alongColumns = innerPositions(factors.y);
-    for (int j = 0; j + 1 < grid.ny; ++j) {
-        const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
-                              j + 2 < grid.ny ? rowOf(j + 2) : nullptr};
-        float* out = rowOf(j);
-        for (const Position& at : alongColumns) interpolate(rows, width, at, missing, out += width, 1);
-    }
+    refineInto(grid, missing, factors, CubicForm::ascending, fine.values.data());
     return fine;
+}
+
+void refineInto(const GridView& grid, float missing, const RefinementFactors& factors, CubicForm form,
+                float* fine) {
+    if (form == CubicForm::ascending)
+        refineRowsAndColumns<CubicForm::ascending>(grid, missing, factors, fine);
+    else
+        refineRowsAndColumns<CubicForm::descending>(grid, missing, factors, fine);
 }
 
 }  // namespace velmar::contour

@@ -5,15 +5,6 @@
 
 namespace velmar::frame {
 
-namespace {
-
-bool circlesGlobe(const FieldHeader& field) {
-    const float width = static_cast<float>(field.nx) * field.lattice.longitudeStep;
-    return 359.5 < width && width < 360.01 && field.nx < std::numeric_limits<int>::max();
-}
-
-}  // namespace
-
 int scanFieldHeader(TextScanner& in, FieldHeader& header) {
     Lattice& lattice = header.lattice;
     return scan(in, header.year, header.month, header.day, header.hour, header.forecastHour, header.level,
@@ -34,6 +25,11 @@ Outcome<GridHeader> readGridHeader(TextScanner& in) {
         return Failure{-5};
     }
     return header;
+}
+
+bool circlesGlobe(const FieldHeader& field) {
+    const float width = static_cast<float>(field.nx) * field.lattice.longitudeStep;
+    return 359.5 < width && width < 360.01 && field.nx < std::numeric_limits<int>::max();
 }
 
 Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field, UnreadableValue unreadable) {

@@ -47,8 +47,11 @@ struct UnreadableValue {
     int other;
 };
 
-/// Reads a grid file's values. A grid that circles the globe (nx times the longitude step between 359.5 and
-/// 360.01) is closed: its first column is repeated behind its last.
+/// Whether nx times the longitude step lies between 359.5 and 360.01, so that the first column follows the last.
+bool circlesGlobe(const FieldHeader& field);
+
+/// Reads a grid file's values. A grid that circles the globe is closed: its first column is repeated behind its
+/// last.
 Outcome<Grid> readGridValues(TextScanner& in, const FieldHeader& field, UnreadableValue unreadable);
 
 /// Where a grid file says that its grid lies; the end positions play no part.

@@ -65,4 +65,41 @@ inline constexpr const char* diagonalOutside = "Logic error 32 in velmarCntrShad
 inline constexpr const char* noDiagonal = "Logic error 36 in velmarCntrShad\n";
 inline constexpr const char* unknownStart = "Logic error 40 in velmarCntrShad\n";
 
+// Objective analysis
+// 计算修正%d %f %f %f
+inline constexpr const char* barnesPass = "\xBC\xC6\xCB\xE3\xD0\xDE\xD5\xFD%d %f %f %f\n";
+inline constexpr const char* noMemoryForCressman = "err!";
+inline constexpr const char* cressmanSumIsMissing = "retrn";
+
+// Station files for analysis
+
+// Standard error
+inline constexpr const char* cannotOpenReports = "Cannot open data file.\n";
+inline constexpr const char* cannotOpenStationValues = "Cannot open wind data file.\n";
+// Standard output
+inline constexpr const char* readingReports = "Open and read file: %s\n";
+inline constexpr const char* reportsPromised = "There are %d stations\n";
+inline constexpr const char* reportsRead = "There are %d stations have value\n";
+inline constexpr const char* stationFound = "Find a station\n";
+inline constexpr const char* smallValue = "%d %d %f %f\n";
+inline constexpr const char* stationSummary = "%d %f %f\n";
+// 网格化..%f %f. %d
+inline constexpr const char* griddingReports = "\xCD\xF8\xB8\xF1\xBB\xAF..%f %f. %d\n";
+// 打开文件%s
+inline constexpr const char* openedFile = "\xB4\xF2\xBF\xAA\xCE\xC4\xBC\xFE%s\n";
+// 读文件错误%d
+inline constexpr const char* unreadablePart = "\xB6\xC1\xCE\xC4\xBC\xFE\xB4\xED\xCE\xF3%d\n";
+// 总站点数%d
+inline constexpr const char* stationTotal = "\xD7\xDC\xD5\xBE\xB5\xE3\xCA\xFD%d\n";
+// 网格化..%f %f. %d %d %d
+inline constexpr const char* griddingValues = "\xCD\xF8\xB8\xF1\xBB\xAF..%f %f. %d %d %d\n";
+// 计算第一猜测场
+inline constexpr const char* firstGuess = "\xBC\xC6\xCB\xE3\xB5\xDA\xD2\xBB\xB2\xC2\xB2\xE2\xB3\xA1\n";
+// 返回数组大小 %d
+inline constexpr const char* resultSize = "\xB7\xB5\xBB\xD8\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 %d\n";
+
+// Diagnostic grid file: keyword, type and title
+// 客观分析场
+inline constexpr const char* analysisTitle = "diamond 4 \xBF\xCD\xB9\xDB\xB7\xD6\xCE\xF6\xB3\xA1\n";
+
 }  // namespace velmar::frame::messages

@@ -1,11 +1,10 @@
 #include "frame/progress.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <cstdint>
 #include <cstdio>
+
+#include "frame/realText.h"
 
 namespace velmar::frame {
 
@@ -39,32 +38,14 @@ void print(std::string_view text) {
     }
 }
 
-/// Writes a number with six decimals; returns the end.
-char* writeReal(char* begin, char* end, double value) {
-    // The product of a single and a million is exact in double, and adding the smallest double without
-    // fraction rounds it as it should be: to nearest, half to even.
-    constexpr double whole = 4503599627370496.0;  // 2^52
-    const double millionths = std::fabs(value) * 1e6;
-    if (!(millionths < whole) || static_cast<float>(value) != value)
-        return std::to_chars(begin, end, value, std::chars_format::fixed, 6).ptr;
-    const auto rounded = static_cast<std::uint64_t>((millionths + whole) - whole);
-    if (std::signbit(value)) *begin++ = '-';
-    char* next = std::to_chars(begin, end, rounded / 1'000'000).ptr;
-    *next++ = '.';
-    const std::uint64_t leadingOne = 1'000'000 + rounded % 1'000'000;
-    std::array<char, 7> decimals;
-    std::to_chars(decimals.data(), decimals.data() + decimals.size(), leadingOne);
-    return std::copy(decimals.begin() + 1, decimals.end(), next);
-}
-
 }  // namespace
 
 void ProgressArgument::print() const {
     if (kind_ == Kind::text) return frame::print(text_);
-    constexpr std::size_t longest = 320;  // the largest double has 309 digits before the point
-    char* const begin = makeRoom(longest);
-    const char* const end = kind_ == Kind::integer ? std::to_chars(begin, begin + longest, integer_).ptr
-                                                   : writeReal(begin, begin + longest, real_);
+    char* const begin = makeRoom(longestRealText);
+    char* const limit = begin + longestRealText;
+    const char* const end = kind_ == Kind::integer ? std::to_chars(begin, limit, integer_).ptr
+                                                   : writeReal<6>(begin, limit, real_);
     state.used += static_cast<std::size_t>(end - begin);
 }
 

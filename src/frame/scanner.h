@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -39,6 +40,12 @@ public:
     /// Whether so many numbers can follow. Two numbers are never one character each, so a count that an
     /// author got wrong, or made up, is noticed before memory is taken for it.
     bool mayHold(std::size_t numbers) const { return numbers <= (remaining() + 1) / 2; }
+
+    /// How many of the promised records of so many numbers each can follow; a negative promise counts as none.
+    std::size_t recordsAtMost(int promised, std::size_t numbersEach) const {
+        const std::size_t room = (remaining() + 1) / 2 / numbersEach;
+        return promised < 0 ? 0 : std::min(static_cast<std::size_t>(promised), room);
+    }
 
     std::size_t remaining() const { return static_cast<std::size_t>(end_ - next_); }
 

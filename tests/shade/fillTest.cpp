@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <climits>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <limits>
 #include <random>
@@ -16,6 +15,7 @@
 
 #include "frame/progress.h"
 #include "support/files.h"
+#include "support/ownFolder.h"
 
 namespace {
 
@@ -52,27 +52,10 @@ std::ptrdiff_t openFiles() {
     return error ? 0 : std::distance(begin(entries), end(entries));
 }
 
-/// The marks go to the current directory, which is one of its own here.
-class Filling : public testing::Test {
-protected:
-    void SetUp() override {
-        std::filesystem::create_directory(folder_);
-        std::filesystem::current_path(folder_);
-    }
-    void TearDown() override {
-        std::filesystem::current_path(former_);
-        std::filesystem::remove_all(folder_);
-    }
-    static std::string marks() {
-        std::ifstream file(marksFile);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+/// The marks go to the current directory.
+using Filling = velmar::test::InOwnFolder;
 
-private:
-    std::filesystem::path former_ = std::filesystem::current_path();
-    std::filesystem::path folder_ =
-        std::filesystem::temp_directory_path() / ("velmar-fill-" + std::to_string(std::random_device{}()));
-};
+std::string marks() { return velmar::test::textOf(marksFile); }
 
 TEST_F(Filling, PutsCrossingsWhereTheOutlinePassesTheRim) {
     EXPECT_THAT(fill({5, 2, 15, 4, 5, 4.5F, 5, 8, -5, 8, 2, 1}),

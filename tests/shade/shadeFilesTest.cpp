@@ -8,6 +8,7 @@
 #include "frame/state.h"
 #include "shade/byteImage.h"
 #include "shade/shadingCall.h"
+#include "support/said.h"
 
 namespace {
 
@@ -15,6 +16,7 @@ using namespace velmar;
 using test::Block;
 using test::Field;
 using test::gridText;
+using test::said;
 using test::TemporaryFile;
 using testing::ElementsAre;
 using testing::StartsWith;
@@ -43,16 +45,6 @@ std::string image(const std::string& pixels, const std::string& size = "4 3", in
 std::vector<float> all(const Block& block) {
     if (!block) return {};
     return {block.get(), block.get() + static_cast<std::ptrdiff_t>(block[0])};
-}
-
-/// What an export prints.
-template <class Call>
-std::string said(Call&& call) {
-    frame::setProgressEnabled(true);
-    testing::internal::CaptureStdout();
-    call();
-    frame::setProgressEnabled(false);
-    return testing::internal::GetCapturedStdout();
 }
 
 class ShadedFiles : public testing::Test {

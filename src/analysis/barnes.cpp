@@ -1,0 +1,179 @@
+#include "analysis/barnes.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "analysis/barnesRow.h"
+#include "analysis/nearby.h"
+#include "frame/messages.h"
+#include "frame/progress.h"
+
+namespace velmar::analysis {
+
+namespace {
+
+using frame::GridPlace;
+using frame::ResultBlock;
+
+constexpr int passes = 5;
+
+class Barnes {
+public:
+    Barnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
+           const StationView& stations)
+        : parameters_(parameters),
+          size_(size),
+          bounds_(bounds),
+          place_(placeOf(size, bounds)),
+          stations_(stations),
+          estimates_(stations.values.begin(), stations.values.end()),
+          residuals_(stations.count()),
+          row_(place_, size.nx),
+          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))) {}
+
+    ResultBlock analyse(float maskRadius);
+
+private:
+    void barnesFirstGuess();
+    void interpolateGridToStations();
+    void stationResidualStats(int pass);
+    void barnesCorrectionPass(int pass);
+
+    double widthOf(int pass) const;
+    float interpolatedAt(float longitude, float latitude) const;
+    template <class Combine>
+    void sweepGrid(const BarnesSweep& sweep, Combine combine);
+    template <class Combine>
+    float combined(std::size_t i, float point, const BarnesSweep& sweep, Combine combine) const;
+    float* gridRow(int j) const { return grid_.get() + static_cast<std::size_t>(j) * row_.size(); }
+
+    const BarnesParameters parameters_;
+    const GridSize size_;
+    const WholeBounds bounds_;
+    const GridPlace place_;
+    const StationView stations_;
+    std::vector<float> estimates_;
+    std::vector<float> residuals_;
+    BarnesRow row_;
+    ResultBlock grid_;
+};
+
+ResultBlock Barnes::analyse(float maskRadius) {
+    barnesFirstGuess();
+    for (int t = 0; t < passes; ++t) {
+        interpolateGridToStations();
+        stationResidualStats(t);
+        barnesCorrectionPass(t + 1);
+    }
+    if (maskRadius > 0.0F) capByNearbyStations(grid_.get(), place_, size_, stations_, maskRadius);
+    return std::move(grid_);
+}
+
+void Barnes::barnesFirstGuess() {
+    // The first station of the list has never taken part in the first guess.
+    sweepGrid({parameters_.radius, widthOf(0), stations_.values, 1}, [](float, const WeightedSum& s) {
+        return static_cast<float>(s.weight > 0.0 ? s.sum / s.weight : s.sum);
+    });
+}
+
+void Barnes::barnesCorrectionPass(int pass) {
+    const float radius = parameters_.radius / static_cast<float>(pass + 2);
+    sweepGrid({radius, widthOf(pass), residuals_, 0}, [](float point, const WeightedSum& s) {
+        return s.weight > 0.0 ? static_cast<float>(point + s.sum / s.weight) : point;
+    });
+}
+
+double Barnes::widthOf(int pass) const {
+    double power = 1.0;
+    for (int k = 0; k < pass; ++k) power *= static_cast<double>(parameters_.gamma);
+    return 4.0 * static_cast<double>(parameters_.kappa) * power;
+}
+
+/// Stations on the bounds or beyond keep their estimates: at first these are their own values, so that they
+/// correct nothing.
+void Barnes::interpolateGridToStations() {
+    const auto [west, east, south, north] = bounds_;
+    for (std::size_t k = 0; k < stations_.count(); ++k) {
+        const float longitude = stations_.longitudes[k];
+        const float latitude = stations_.latitudes[k];
+        if (longitude > static_cast<float>(west) && longitude < static_cast<float>(east) &&
+            latitude > static_cast<float>(south) && latitude < static_cast<float>(north))
+            estimates_[k] = interpolatedAt(longitude, latitude);
+    }
+}
+
+float Barnes::interpolatedAt(float longitude, float latitude) const {
+    const float x = (longitude - place_.x0) / place_.dx;
+    const float y = (latitude - place_.y0) / place_.dy;
+    const int column = frame::truncateToInt(x);
+    const int row = frame::truncateToInt(y);
+    const float fx = x - static_cast<float>(column);
+    const float fy = y - static_cast<float>(row);
+    const auto at = [&](int i, int j) {
+        return gridRow(std::clamp(j, 0, size_.ny - 1))[std::clamp(i, 0, size_.nx - 1)];
+    };
+    const float a = (1.0F - fx) * at(column, row) + fx * at(column + 1, row);
+    const float b = (1.0F - fx) * at(column, row + 1) + fx * at(column + 1, row + 1);
+    return (1.0F - fy) * a + fy * b;
+}
+
+void Barnes::stationResidualStats(int pass) {
+    double sum = 0.0;
+    double absoluteSum = 0.0;
+    float largest = -1.0F;
+    for (std::size_t k = 0; k < residuals_.size(); ++k) {
+        const float residual = stations_.values[k] - estimates_[k];
+        residuals_[k] = residual;
+        sum += residual;
+        absoluteSum += std::fabs(residual);
+        if (std::fabs(residual) > largest) largest = std::fabs(residual);
+    }
+    // The mean of nothing is not a number, of which machines disagree about the sign.
+    const auto meanOf = [&](double total) {
+        return residuals_.empty() ? std::numeric_limits<double>::quiet_NaN()
+                                  : total / static_cast<double>(residuals_.size());
+    };
+    const double mean = meanOf(sum);
+    double squares = 0.0;
+    for (const float residual : residuals_) squares += (residual - mean) * (residual - mean);
+    // The sum of the squares has always been printed as it is, not divided by the count.
+    frame::progress(frame::messages::barnesPass, {pass, largest, meanOf(absoluteSum), std::sqrt(squares)});
+}
+
+/// Gives each point what `combine` makes of its value and its sums; at a station's place that station's value.
+template <class Combine>
+void Barnes::sweepGrid(const BarnesSweep& sweep, Combine combine) {
+    for (int j = 0; j < size_.ny; ++j) {
+        row_.sum(rowLatitude(place_, j), stations_, sweep);
+        float* const points = gridRow(j);
+        for (std::size_t i = 0; i < row_.size(); ++i) {
+            points[i] = row_.isAtStation(i) ? stations_.values[row_.stationAt(i)]
+                                            : combined(i, points[i], sweep, combine);
+        }
+    }
+}
+
+/// What `combine` makes of the exact sums. Those at hand are good enough where all that lie as near to the exact
+/// ones as they do come to the same.
+template <class Combine>
+float Barnes::combined(std::size_t i, float point, const BarnesSweep& sweep, Combine combine) const {
+    const auto [sum, weight] = row_.at(i);
+    const double slack = row_.uncertainty() * weight;
+    const float lower = combine(point, {sum - slack, weight});
+    const float upper = combine(point, {sum + slack, weight});
+    const bool decided = lower == upper && std::signbit(lower) == std::signbit(upper);
+    if (decided && !row_.isFaint(i, sweep)) return lower;
+    return combine(point, row_.exactly(i, sweep));
+}
+
+}  // namespace
+
+ResultBlock analyseBarnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
+                          const StationView& stations, float maskRadius) {
+    if (frame::valueCount(size.nx, size.ny) == 0) return nullptr;
+    return Barnes(parameters, size, bounds, stations).analyse(maskRadius);
+}
+
+}  // namespace velmar::analysis

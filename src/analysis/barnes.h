@@ -1,0 +1,21 @@
+#pragma once
+
+#include "analysis/area.h"
+#include "analysis/stations.h"
+#include "frame/block.h"
+
+namespace velmar::analysis {
+
+struct BarnesParameters {
+    float kappa;   ///< width of the first guess's Gaussian: exp(-d^2 / (4 kappa)), square degrees
+    float radius;  ///< how far a station reaches in the first guess, degrees
+    float gamma;   ///< the width of pass p is kappa gamma^p
+};
+
+/// Spreads station values onto a grid with Gaussian weights: a weighted first guess and five passes of
+/// corrections, each narrower than the one before (after Barnes 1964). Prints a line a pass. Null when the
+/// grid has no points. With a mask radius above 0 (degrees) the field is capped and masked at the end.
+frame::ResultBlock analyseBarnes(const BarnesParameters& parameters, const GridSize& size,
+                                 const WholeBounds& bounds, const StationView& stations, float maskRadius);
+
+}  // namespace velmar::analysis

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "analysis/distance.h"
+#include "analysis/stations.h"
+
+namespace velmar::analysis {
+
+/// One sweep over the grid: how far stations reach, how their weights fall off, and what each brings.
+struct BarnesSweep {
+    float radius;                          ///< degrees
+    double width;                          ///< of the Gaussian exp(-d^2 / width), square degrees
+    std::span<const float> contributions;  ///< values, or what estimates lack
+    std::size_t firstStation;              ///< those before it take no part
+    float largest = 0.0F;                  ///< contribution, infinite when one of them is not finite
+
+    BarnesSweep(float sweepRadius, double gaussianWidth, std::span<const float> brought, std::size_t first);
+};
+
+/// Weighted sums of what stations bring to a point.
+struct WeightedSum {
+    double sum = 0.0;
+    double weight = 0.0;
+};
+
+/// The sums of a row's points.
+///
+/// A Gaussian is soon so low that a station cannot be told from none beside a nearer one. So the distance of
+/// the nearest station is found first, for all points of the row, and sums are taken over stations not much
+/// farther than that. They may be off in the last digits of a double; `uncertainty` says how much, and
+/// `exactly` gives those of all stations in the order of the list, for points where that decides the rounding.
+class BarnesRow {
+public:
+    BarnesRow(const frame::GridPlace& place, int nx);
+
+    /// Sums for the row at a latitude.
+    void sum(float latitude, const StationView& stations, const BarnesSweep& sweep);
+
+    std::size_t size() const { return longitudes_.size(); }
+    WeightedSum at(std::size_t i) const { return {sums_[i], weights_[i]}; }
+    /// How far sum / weight may be from that of `exactly`. Not finite where contributions are not.
+    double uncertainty() const { return uncertainty_; }
+    /// Whether all weights at a point are so small that doubles have few digits left for them, or none. Then
+    /// only `exactly` knows.
+    bool isFaint(std::size_t i, const BarnesSweep& sweep) const;
+    WeightedSum exactly(std::size_t i, const BarnesSweep& sweep) const;
+
+    /// Whether a station stands at the very place of a point, and the first such station.
+    bool isAtStation(std::size_t i) const { return nearestSquares_[i] == 0.0F; }
+    std::size_t stationAt(std::size_t i) const;
+
+private:
+    /// A station that can reach the row.
+    struct Reaching {
+        StationFromRow fromRow;
+        std::size_t station;
+    };
+
+    void findReaching(float latitude, const StationView& stations, const BarnesSweep& sweep);
+    void findNearest(float radius);
+    float farEnough(const BarnesSweep& sweep) const;
+    void add(const StationFromRow& station, float radius, const BarnesSweep& sweep, float contribution);
+
+    const frame::GridPlace place_;
+    const std::vector<float> longitudes_;
+    std::vector<Reaching> reaching_;
+    std::vector<float> nearestSquares_;
+    std::vector<double> sums_;
+    std::vector<double> weights_;
+    double uncertainty_ = 0.0;
+};
+
+}  // namespace velmar::analysis

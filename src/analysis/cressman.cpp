@@ -1,0 +1,195 @@
+#include "analysis/cressman.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "analysis/distance.h"
+#include "analysis/nearby.h"
+#include "frame/messages.h"
+#include "frame/progress.h"
+#include "frame/wideVectors.h"
+
+namespace velmar::analysis {
+
+namespace {
+
+using frame::GridPlace;
+using frame::ResultBlock;
+
+constexpr float missing = -9999.0F;
+/// Of all scans only the third one, counted from 0, tells which points are without data.
+constexpr std::size_t markingScan = 2;
+
+/// A station in the grid, in grid lengths from its first column and row.
+struct GriddedStation {
+    float x;
+    float y;
+    int column;  ///< of the cell that it lies in
+    int row;
+    float value;
+};
+
+/// The sums of a row's points.
+struct RowSums {
+    std::vector<double> sums;
+    std::vector<double> weights;
+
+    explicit RowSums(int nx) : sums(static_cast<std::size_t>(nx)), weights(sums.size()) {}
+
+    void clear() {
+        std::fill(sums.begin(), sums.end(), 0.0);
+        std::fill(weights.begin(), weights.end(), 0.0);
+    }
+};
+
+/// Adds what a station brings to these columns. Its weight is (R^2 - d^2) / (R^2 + d^2).
+VELMAR_WIDE_VECTORS
+void addCressman(const LineRange& columns, float x, float dy, float radius, double residual, double* sums,
+                 double* weights) {
+    const double reach = static_cast<double>(radius) * static_cast<double>(radius);
+    const auto first = static_cast<int>(columns.first);
+    const auto last = static_cast<int>(columns.first + columns.count);
+    for (int i = first; i < last; ++i) {
+        const auto column = static_cast<float>(i);
+        const float d = length(column - x, dy);
+        const bool reached = (column - radius <= x) & (x <= column + radius) & (d <= radius);
+        const double squared = static_cast<double>(d) * static_cast<double>(d);
+        const double weight = (reach - squared) / (reach + squared);
+        sums[i] += reached ? weight * residual : 0.0;
+        weights[i] += reached ? weight : 0.0;
+    }
+}
+
+class Cressman {
+public:
+    Cressman(const GridSize& size, const GridPlace& place)
+        : size_(size),
+          place_(place),
+          row_(size.nx),
+          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))),
+          unreached_(frame::valueCount(size.nx, size.ny)) {}
+
+    /// Puts the stations on the grid. Those outside and those without a value are left out.
+    void placeStations(const StationView& stations, const Bounds& bounds);
+    /// The sum of the stations' values, of those in the grid: the first guess.
+    float sum() const;
+    void fill(float value) { std::fill_n(grid_.get(), unreached_.size(), value); }
+    void scan(float radius, bool marks);
+    void blankUnreached();
+    ResultBlock release() { return std::move(grid_); }
+
+private:
+    float estimateAt(const GriddedStation& station) const;
+    void finishRow(int j, bool marks);
+    std::size_t firstPoint(int j) const { return static_cast<std::size_t>(j) * row_.sums.size(); }
+
+    const GridSize size_;
+    const GridPlace place_;
+    std::vector<GriddedStation> stations_;
+    std::vector<float> residuals_;
+    RowSums row_;
+    ResultBlock grid_;
+    std::vector<std::uint8_t> unreached_;
+};
+
+void Cressman::placeStations(const StationView& stations, const Bounds& bounds) {
+    stations_.reserve(stations.count());
+    for (std::size_t k = 0; k < stations.count(); ++k) {
+        float longitude = stations.longitudes[k];
+        if (longitude < bounds.startLongitude)
+            longitude += 360.0F;
+        else if (longitude > bounds.endLongitude)
+            longitude -= 360.0F;
+        const float x = (longitude - place_.x0) / place_.dx;
+        const float y = (stations.latitudes[k] - place_.y0) / place_.dy;
+        const int column = frame::truncateToInt(x);
+        const int row = frame::truncateToInt(y);
+        // Truncation takes stations up to one grid length west or south of the grid for inside.
+        const bool inside = column >= 0 && column < size_.nx && row >= 0 && row < size_.ny;
+        if (inside && stations.values[k] != missing)
+            stations_.push_back({x, y, column, row, stations.values[k]});
+    }
+    residuals_.resize(stations_.size());
+}
+
+float Cressman::sum() const {
+    float sum = 0.0F;
+    for (const GriddedStation& station : stations_) sum += station.value;
+    return sum;
+}
+
+/// Between the four points around a station. In the last column and row there are only two, or one.
+float Cressman::estimateAt(const GriddedStation& station) const {
+    const auto [x, y, column, row, value] = station;
+    const auto at = [&](int i, int j) {
+        return grid_[firstPoint(std::min(j, size_.ny - 1)) +
+                     static_cast<std::size_t>(std::min(i, size_.nx - 1))];
+    };
+    const float fx = x - static_cast<float>(column);
+    const float fy = y - static_cast<float>(row);
+    const float a = at(column, row) + fx * (at(column + 1, row) - at(column, row));
+    const float c = at(column, row + 1) + fx * (at(column + 1, row + 1) - at(column, row + 1));
+    return a + fy * (c - a);
+}
+
+/// Moves every point towards the stations within the radius. All residuals are those of the grid before.
+void Cressman::scan(float radius, bool marks) {
+    for (std::size_t k = 0; k < stations_.size(); ++k)
+        residuals_[k] = stations_[k].value - estimateAt(stations_[k]);
+    for (int j = 0; j < size_.ny; ++j) {
+        row_.clear();
+        const auto row = static_cast<float>(j);
+        for (std::size_t k = 0; k < stations_.size(); ++k) {
+            const auto [x, y] = std::pair(stations_[k].x, stations_[k].y);
+            if (!(row - radius <= y && y <= row + radius)) continue;
+            addCressman(linesWithin(0.0, 1.0, row_.sums.size(), x, radius), x, row - y, radius, residuals_[k],
+                        row_.sums.data(), row_.weights.data());
+        }
+        finishRow(j, marks);
+    }
+}
+
+void Cressman::finishRow(int j, bool marks) {
+    constexpr double leastWeight = 1.0e-6;
+    const std::size_t first = firstPoint(j);
+    for (std::size_t i = 0; i < row_.sums.size(); ++i) {
+        const bool reached = row_.weights[i] > leastWeight;
+        float& point = grid_[first + i];
+        if (reached) point = static_cast<float>(row_.sums[i] / row_.weights[i] + point);
+        if (marks && !reached) unreached_[first + i] = 1;
+    }
+}
+
+void Cressman::blankUnreached() {
+    for (std::size_t p = 0; p < unreached_.size(); ++p)
+        if (unreached_[p] != 0) grid_[p] = missing;
+}
+
+}  // namespace
+
+ResultBlock analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
+                            const StationView& stations, float maskRadius) try {
+    if (frame::valueCount(size.nx, size.ny) == 0) return nullptr;
+    const GridPlace place = placeOf(size, bounds);
+    Cressman cressman(size, place);
+    cressman.placeStations(stations, bounds);
+    // The first guess is the sum of the values, not their mean: the scans correct it.
+    const float sum = cressman.sum();
+    if (sum == missing) {
+        frame::progress(frame::messages::cressmanSumIsMissing);
+        return nullptr;
+    }
+    cressman.fill(sum);
+    for (std::size_t s = 0; s < radii.size(); ++s) cressman.scan(radii[s], s == markingScan);
+    cressman.blankUnreached();
+    ResultBlock grid = cressman.release();
+    if (maskRadius > 0.0F) capByNearbyStations(grid.get(), place, size, stations, maskRadius);
+    return grid;
+} catch (const std::bad_alloc&) {
+    frame::progress(frame::messages::noMemoryForCressman);
+    return nullptr;
+}
+
+}  // namespace velmar::analysis

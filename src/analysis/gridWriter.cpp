@@ -1,0 +1,122 @@
+#include "analysis/gridWriter.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "frame/messages.h"
+#include "frame/realText.h"
+
+namespace velmar::analysis {
+
+namespace {
+
+/// Text on its way to a stream.
+class TextWriter {
+public:
+    explicit TextWriter(std::FILE* file) : file_(file) {}
+    ~TextWriter() { flush(); }
+    TextWriter(const TextWriter&) = delete;
+    TextWriter& operator=(const TextWriter&) = delete;
+
+    void write(std::string_view text) {
+        makeRoom();
+        used_ += text.copy(next(), longestItem);
+    }
+
+    void write(int value) {
+        makeRoom();
+        advance(std::to_chars(next(), next() + longestItem, value).ptr);
+    }
+
+    template <int decimals>
+    void write(float value) {
+        makeRoom();
+        advance(frame::writeReal<decimals>(next(), next() + longestItem, value));
+    }
+
+    /// A line of the data: two decimals, at least eight characters.
+    void writeValue(float value) {
+        constexpr std::ptrdiff_t width = 8;
+        makeRoom();
+        char* const first = next();
+        char* last = frame::writeReal<2>(first, first + longestItem, value);
+        if (last - first < width) {
+            std::copy_backward(first, last, first + width);
+            std::fill(first, first + (width - (last - first)), ' ');
+            last = first + width;
+        }
+        *last = '\n';
+        advance(last + 1);
+    }
+
+private:
+    static constexpr std::size_t longestItem = frame::longestRealText;
+
+    char* next() { return text_.data() + used_; }
+    void advance(const char* end) { used_ = static_cast<std::size_t>(end - text_.data()); }
+
+    void makeRoom() {
+        if (text_.size() - used_ <= longestItem) flush();
+    }
+
+    void flush() {
+        std::fwrite(text_.data(), 1, used_, file_);
+        used_ = 0;
+    }
+
+    std::FILE* file_;
+    std::size_t used_ = 0;
+    std::array<char, 1 << 16> text_;
+};
+
+void writeHeader(TextWriter& out, const AnalysisArea& area, const DrawingHints& hints) {
+    out.write(frame::messages::analysisTitle);
+    // The date is deliberately this one, whatever that of the stations is.
+    out.write("2006 6 2 8 0 1000\n");
+    const Bounds& b = area.bounds;
+    const char* separator = "";
+    for (const float degrees : {area.longitudeStep, area.latitudeStep, b.startLongitude, b.endLongitude,
+                                b.startLatitude, b.endLatitude}) {
+        out.write(separator);
+        out.write<6>(degrees);
+        separator = " ";
+    }
+    out.write("\n");
+    out.write(area.size.nx);
+    out.write(" ");
+    out.write(area.size.ny);
+    out.write(" ");
+    out.write<6>(hints.interval);
+    out.write(" ");
+    out.write<1>(hints.startValue);
+    out.write(" ");
+    out.write<1>(hints.endValue);
+    out.write(" 0 0.0\n");  // smoothing, bold value
+}
+
+}  // namespace
+
+void writeAnalysisGrid(std::FILE* file, const AnalysisArea& area, const float* values,
+                       const DrawingHints& hints) {
+    {
+        TextWriter out(file);
+        writeHeader(out, area, hints);
+        const auto [nx, ny] = area.size;
+        const std::size_t count = area.pointCount();
+        for (std::size_t first = 0; first < count; first += static_cast<std::size_t>(nx)) {
+            for (int i = 0; i < nx; ++i) out.writeValue(values[first + static_cast<std::size_t>(i)]);
+            out.write("\n");
+        }
+    }
+    std::fclose(file);
+}
+
+void writeDiagnosticGrid(const char* name, const AnalysisArea& area, const float* values,
+                         const DrawingHints& hints) {
+    std::FILE* const file = std::fopen(name, "w");
+    if (file != nullptr) writeAnalysisGrid(file, area, values, hints);
+}
+
+}  // namespace velmar::analysis
