@@ -68,7 +68,7 @@ private:
 
     std::FILE* file_;
     std::size_t used_ = 0;
-    std::array<char, 1 << 16> text_;
+    std::array<char, 1 << 16> text_{};
 };
 
 void writeHeader(TextWriter& out, const AnalysisArea& area, const DrawingHints& hints) {

@@ -49,16 +49,6 @@ bool ByteImageFile::circlesGlobe() const {
     return std::fabs(std::fabs(static_cast<double>(grid.nx) * lattice.longitudeStep) - 360.0) < tolerance;
 }
 
-frame::Grid ByteImageFile::closedGrid() const {
-    if (!circlesGlobe()) return grid;
-    frame::Grid closed{{}, grid.nx + 1, grid.ny};
-    closed.values.reserve(closed.view().size());
-    for (int row = 0; row < closed.ny; ++row)
-        for (int column = 0; column < closed.nx; ++column)
-            closed.values.push_back(grid.view().at(column % grid.nx, row));
-    return closed;
-}
-
 ByteImageFile readByteImageFile(const FileHead& head) {
     const shade::ByteImage image = readByteImage(head);
     ByteImageFile file{

@@ -19,8 +19,6 @@ struct ByteImageFile {
     frame::Lattice lattice;  ///< ends at the last column and row, whatever the header says
 
     bool circlesGlobe() const;
-    /// The grid with its first column again behind its last where it circles the globe.
-    frame::Grid closedGrid() const;
 };
 
 /// Reads a byte image; a Problem when it is cut off or empty.

@@ -1,11 +1,7 @@
-#include <fmt/format.h>
-
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <memory>
 
-#include "arguments.h"
-#include "chart/chart.h"
+#include "chartOptions.h"
 #include "commands.h"
 #include "jobs.h"
 #include "levels.h"
@@ -22,48 +18,12 @@ struct ChartCommandOptions {
     bool centersGiven = false;
 };
 
-Bounds parseBounds(const std::string& text) {
-    const auto numbers = parseNumbers("--bounds", text);
-    const auto refuse = [&](const char* reason) {
-        throw CLI::ValidationError("--bounds", fmt::format("\"{}\": {}", text, reason));
-    };
-    if (numbers.size() != 4) refuse("four numbers are expected: west,east,south,north");
-    const Bounds bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
-    if (bounds.west < -360 || bounds.east > 720) refuse("longitudes lie between -360 and 720");
-    if (bounds.south < -90 || bounds.north > 90) refuse("latitudes lie between -90 and 90");
-    if (bounds.west >= bounds.east) refuse("west must be less than east; across the date line say 170,190");
-    if (bounds.east - bounds.west > 360) refuse("it is more than a circle");
-    if (bounds.south >= bounds.north) refuse("south must be less than north");
-    constexpr double least = 0.1 - 1e-9;
-    if (bounds.east - bounds.west < least || bounds.north - bounds.south < least)
-        refuse("it is less than 0.1 degrees wide or high");
-    return bounds;
-}
-
-PaperSize parseSize(const std::string& text) {
-    constexpr int leastWidth = 300;
-    constexpr int leastHeight = 240;
-    constexpr int most = 10000;
-    int width = 0;
-    int height = 0;
-    const char* const end = text.data() + text.size();
-    const auto first = std::from_chars(text.data(), end, width);
-    const bool hasCross = first.ec == std::errc{} && first.ptr != end && *first.ptr == 'x';
-    const auto second = hasCross ? std::from_chars(first.ptr + 1, end, height) : first;
-    if (!hasCross || second.ec != std::errc{} || second.ptr != end)
-        throw CLI::ValidationError("--size", fmt::format("\"{}\" is not of the form 1400x900", text));
-    if (width < leastWidth || width > most || height < leastHeight || height > most)
-        throw CLI::ValidationError("--size", fmt::format("{} is not between {}x{} and {}x{}", text,
-                                                         leastWidth, leastHeight, most, most));
-    return {static_cast<double>(width), static_cast<double>(height)};
-}
-
 std::string gridChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
                       Reporter& reporter) {
     const GridFile file = readGridFile(job.input, head);
     const LevelPlan plan = planLevels(options.levels, file);
     if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
-    return drawChart(file, drawContours(job.input, plan.levels), options.chart, job.format);
+    return drawChart(file, drawContours(file, plan.levels), options.chart, job.format);
 }
 
 std::string imageChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
@@ -94,12 +54,7 @@ void addChartCommand(CLI::App& program, int& exitCode) {
     command->add_option_function<std::string>(
         "--bounds", [&chart](const std::string& text) { chart.bounds = parseBounds(text); },
         "Area to draw as west,east,south,north in degrees (default: the whole grid)");
-    command->add_option_function<std::string>(
-        "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
-        "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
-    command->add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
-    command->add_flag("--centers,!--no-centers", chart.centers,
-                      "Mark the centres of highs and lows (default: yes)");
+    addSheetOptions(*command, chart);
     command->callback([options, command, &exitCode] {
         options->centersGiven = options->chart.centers && command->count("--centers") > 0;
         exitCode = runChart(*options);

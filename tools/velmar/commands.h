@@ -11,5 +11,7 @@ void addInfoCommand(CLI::App& program, int& exitCode);
 void addContourCommand(CLI::App& program, int& exitCode);
 void addShadeCommand(CLI::App& program, int& exitCode);
 void addChartCommand(CLI::App& program, int& exitCode);
+void addAnalyseCommand(CLI::App& program, int& exitCode);
+void addRefineCommand(CLI::App& program, int& exitCode);
 
 }  // namespace velmar::tool

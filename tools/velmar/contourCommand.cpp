@@ -19,9 +19,10 @@ struct ContourOptions {
 
 int runContour(const ContourOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const LevelPlan plan = planLevels(options.levels, readGridFile(job.input));
+        const GridFile file = readGridFile(job.input);
+        const LevelPlan plan = planLevels(options.levels, file);
         if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
-        const ContourSet set = drawContours(job.input, plan.levels);
+        const ContourSet set = drawContours(file, plan.levels);
         writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
     });
 }

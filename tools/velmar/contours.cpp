@@ -22,6 +22,20 @@ void requireUsable(const frame::Lattice& lattice) {
         throw Problem("the longitudes and latitudes of its header are not all finite numbers");
 }
 
+Block contourBlock(const GridFile& file, const std::vector<float>& levels) {
+    constexpr int levelList = 2;
+    // The list must not be null even when it is empty.
+    const float noLevel = 0;
+    const float* const list = levels.empty() ? &noLevel : levels.data();
+    const frame::Grid closed =
+        circlesGlobe(file.header.field) ? closedGrid(file.values) : frame::Grid{.values = {}};
+    const frame::GridView grid = closed.values.empty() ? file.values : closed.view();
+    const frame::GridPlace place = placeOf(file.header.field.lattice);
+    return ownedBlock(contour2D(grid.values, frame::missingInFiles, grid.nx, grid.ny, levelList, 0, 0, 0,
+                                list, static_cast<int>(levels.size()), place.x0, place.y0, place.dx,
+                                place.dy));
+}
+
 }  // namespace
 
 bool Isoline::closed() const {
@@ -41,13 +55,9 @@ frame::Lattice ContourSet::tracedLattice() const {
     return fine;
 }
 
-ContourSet drawContours(const std::string& path, const std::vector<float>& levels) {
-    constexpr int levelList = 2;
-    // The list must not be null even when it is empty.
-    const float noLevel = 0;
-    const float* const list = levels.empty() ? &noLevel : levels.data();
+ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) {
     ContourSet set{};
-    set.block = checkedBlock(readCntrData(path.c_str(), levelList, static_cast<int>(levels.size()), list));
+    set.block = contourBlock(file, levels);
     set.levels = levels;
 
     BlockReader in(set.block.get() + 1);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "contour/refine.h"
@@ -16,7 +15,7 @@ struct Isoline : GeoPoints {
     bool closed() const;
 };
 
-/// The contour lines of a grid file, and the grid as it was contoured: one that circles the globe has its
+/// The contour lines of a grid, and the grid as it was contoured: one that circles the globe has its
 /// first column once more as its last.
 struct ContourSet {
     Block block;
@@ -30,7 +29,7 @@ struct ContourSet {
     frame::Lattice tracedLattice() const;
 };
 
-/// Has the library draw the lines of a grid file at the levels; a Problem when it cannot.
-ContourSet drawContours(const std::string& path, const std::vector<float>& levels);
+/// Has the library draw the lines of a grid at the levels; a Problem when it cannot.
+ContourSet drawContours(const GridFile& file, const std::vector<float>& levels);
 
 }  // namespace velmar::tool

@@ -47,7 +47,7 @@ frame::FileText readFile(const std::string& path) {
 }  // namespace
 
 FileHead readFileHead(const std::string& path) {
-    FileHead head{.file = readFile(path), .keyword = {}, .kind = {}, .title = {}};
+    FileHead head{.file = readFile(path), .keyword = {}, .kind = {}, .title = {}, .titleBytes = {}};
     frame::TextScanner in(head.file.view());
     std::string_view keyword;
     int type = 0;
@@ -67,7 +67,9 @@ FileHead readFileHead(const std::string& path) {
     // Map lines with this keyword go on with numbers at once.
     if (diamond && type == 9) return head;
     std::string_view title;
-    if (scan(in, title) == 1) head.title = gbkToUtf8(title);
+    if (scan(in, title) < 1) return head;
+    head.title = gbkToUtf8(title);
+    head.titleBytes = title;
     return head;
 }
 

@@ -21,7 +21,8 @@ struct FileHead {
     frame::FileText file;
     std::string keyword;
     FileKind kind;
-    std::string title;  ///< UTF-8; empty where the kind has none
+    std::string title;       ///< UTF-8; empty where the kind has none
+    std::string titleBytes;  ///< as the file has it, in GBK
 };
 
 inline constexpr int gridFileType = 4;

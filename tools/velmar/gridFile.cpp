@@ -19,9 +19,13 @@ bool isInside(const Bounds& area, double longitude, double latitude) {
 
 }  // namespace
 
+Block ownedBlock(float* block) {
+    if (block == nullptr) throw Problem("there is not enough memory for it");
+    return Block(block);
+}
+
 Block checkedBlock(float* block) {
-    Block owned(block);
-    if (!owned) throw Problem("there is not enough memory for it");
+    Block owned = ownedBlock(block);
     if (owned[0] < 0) throw Problem(readerProblem(static_cast<int>(owned[0])));
     return owned;
 }
@@ -37,7 +41,8 @@ GridFile readGridFile(const std::string& path, const FileHead& head) {
     auto header = frame::readGridHeader(in);
     if (!header) throw Problem(readerProblem(header.failure().code));
 
-    GridFile file{.header = *header, .title = head.title, .block = {}, .values = {}};
+    GridFile file{
+        .header = *header, .title = head.title, .titleBytes = head.titleBytes, .block = {}, .values = {}};
     file.header.title = {};
     file.block = checkedBlock(readVelmar4(path.c_str()));
     const int nx = header->field.nx;
@@ -46,6 +51,16 @@ GridFile readGridFile(const std::string& path, const FileHead& head) {
         throw Problem("it changed while it was being read");
     file.values = {.values = file.block.get() + 11, .nx = nx, .ny = ny};
     return file;
+}
+
+frame::Grid closedGrid(const frame::GridView& grid) {
+    frame::Grid closed{{}, grid.nx + 1, grid.ny};
+    closed.values.reserve(closed.view().size());
+    for (int row = 0; row < grid.ny; ++row) {
+        closed.values.insert(closed.values.end(), grid.row(row), grid.row(row) + grid.nx);
+        closed.values.push_back(grid.at(0, row));
+    }
+    return closed;
 }
 
 Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice, const Bounds* area) {

@@ -18,10 +18,11 @@ struct BlockRelease {
 /// A result block of the library.
 using Block = std::unique_ptr<float[], BlockRelease>;
 
-/// A grid file, read in full.
+/// A grid file, read in full or yet to be written.
 struct GridFile {
-    frame::GridHeader header;  ///< its view of the title is empty: the text is gone
+    frame::GridHeader header;  ///< its view of the title is empty: titleBytes has it
     std::string title;         ///< UTF-8
+    std::string titleBytes;    ///< GBK
     Block block;
     frame::GridView values;
 };
@@ -32,8 +33,14 @@ GridFile readGridFile(const std::string& path);
 /// The same where the head of the file is known already.
 GridFile readGridFile(const std::string& path, const FileHead& head);
 
-/// Hands on the block of a reader, or turns its failure (null or an error code) into a Problem.
+/// Hands on a block; a Problem when there was no memory for it.
+Block ownedBlock(float* block);
+
+/// The same for the block of a reader, which may hold an error code instead of a result.
 Block checkedBlock(float* block);
+
+/// The grid with its first column again behind its last.
+frame::Grid closedGrid(const frame::GridView& grid);
 
 inline bool isPresent(float value) { return value != frame::missingInFiles && std::isfinite(value); }
 

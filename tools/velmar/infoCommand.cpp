@@ -1,14 +1,15 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <iterator>
 #include <memory>
 
 #include "byteImageFile.h"
 #include "commands.h"
 #include "geoJson.h"
 #include "gridFile.h"
+#include "infoLines.h"
 #include "jobs.h"
+#include "stationInfo.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -44,10 +45,6 @@ void addContentJson(const frame::GridView& grid, const frame::Lattice& lattice, 
         json["smallest"] = extremeJson(extremes.smallest);
         json["largest"] = extremeJson(extremes.largest);
     }
-}
-
-void addLine(std::string& text, std::string_view name, const std::string& value) {
-    fmt::format_to(std::back_inserter(text), "  {:<12}{}\n", name, value);
 }
 
 std::string axisText(float start, float end, float step, int count) {
@@ -118,6 +115,7 @@ Json describeJson(const std::string& path) {
               {"title", head.title}};
     if (head.kind.type == gridFileType) addGridJson(readGridFile(path, head), json);
     if (isByteImage(head)) addImageJson(readByteImageFile(head), json);
+    if (isStationFile(head)) addStationsJson(readStationFile(head), json);
     return json;
 }
 
@@ -128,6 +126,7 @@ std::string describe(const std::string& path) {
     if (!head.title.empty()) addLine(text, "title", head.title);
     if (head.kind.type == gridFileType) addGridText(readGridFile(path, head), text);
     if (isByteImage(head)) addImageText(readByteImageFile(head), text);
+    if (isStationFile(head)) addStationsText(readStationFile(head), text);
     return text;
 }
 

@@ -16,9 +16,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+bool isThreeDigits(std::string_view text) {
+    return text.size() == 3 && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 std::string formatOfEnding(const std::string& output, const std::vector<std::string>& formats) {
     std::string ending = fs::path(output).extension().string();
     std::ranges::transform(ending, ending.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    if (!ending.empty() && isThreeDigits(std::string_view(ending).substr(1)))
+        ending = std::string(".") + gridFormat;
     const auto format = std::ranges::find_if(formats, [&](const auto& name) { return ending == "." + name; });
     if (format == formats.end())
         throw CLI::ValidationError(

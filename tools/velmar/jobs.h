@@ -20,6 +20,9 @@ struct OutputOptions {
     std::string format;
 };
 
+/// The format of grid files. Any three digits are its ending: they mostly tell the forecast hour.
+inline constexpr const char* gridFormat = "000";
+
 /// One file to be worked on.
 struct Job {
     std::string input;

@@ -12,7 +12,7 @@ int main(int argc, char** argv) try {
     // Standard output belongs to the results.
     velmar::frame::setProgressEnabled(false);
 
-    CLI::App program{"Reads, contours and draws meteorological data files."};
+    CLI::App program{"Reads, analyses, contours and draws meteorological data files."};
     program.name("velmar");
     program.set_version_flag("--version", "velmar " VELMAR_VERSION);
     program.require_subcommand(1);
@@ -21,6 +21,8 @@ int main(int argc, char** argv) try {
     addContourCommand(program, exitCode);
     addShadeCommand(program, exitCode);
     addChartCommand(program, exitCode);
+    addAnalyseCommand(program, exitCode);
+    addRefineCommand(program, exitCode);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -39,10 +39,13 @@ struct Converter {
     ~Converter() { iconv_close(handle); }
 };
 
+/// Files of the last century give years without it.
+int fullYear(int year) { return year >= 50 && year < 100 ? 1900 + year : year; }
+
 std::optional<std::chrono::sys_time<std::chrono::minutes>> startTime(const frame::FieldHeader& header) {
     if (header.year < 1 || header.year > 9999 || header.month < 1 || header.day < 1) return std::nullopt;
     if (header.hour < 0 || header.hour > 24) return std::nullopt;
-    const std::chrono::year_month_day date{std::chrono::year{header.year},
+    const std::chrono::year_month_day date{std::chrono::year{fullYear(header.year)},
                                            std::chrono::month{static_cast<unsigned>(header.month)},
                                            std::chrono::day{static_cast<unsigned>(header.day)}};
     if (header.month > 12 || header.day > 31 || !date.ok()) return std::nullopt;

@@ -51,12 +51,13 @@ void CenterLayer::placeMark(Page& page, const Mark& mark) {
 }
 
 void CenterLayer::draw(Page& page) const {
+    const float spacing = spacingOf(levelsOf(set_));
     for (const auto& [center, place] : marks_) {
         const Colour ink = center.high ? highInk : lowInk;
         drawText(page.ink, center.high ? "H" : "L", place, Anchor::center,
                  {.size = letterSize, .bold = true, .colour = ink, .halo = 2.5});
-        drawText(page.ink, plainNumber(center.value), place + PaperPoint{0, valueBelow}, Anchor::center,
-                 {.size = valueSize, .bold = true, .colour = ink, .halo = 2});
+        drawText(page.ink, plainNumber(roundedFor(spacing, center.value)), place + PaperPoint{0, valueBelow},
+                 Anchor::center, {.size = valueSize, .bold = true, .colour = ink, .halo = 2});
     }
 }
 

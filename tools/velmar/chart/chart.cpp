@@ -9,6 +9,7 @@
 #include "chart/imageLayer.h"
 #include "chart/isolineLayer.h"
 #include "chart/margins.h"
+#include "chart/stationLayer.h"
 
 namespace velmar::tool {
 namespace {
@@ -18,7 +19,8 @@ constexpr Colour onWhite{0.55, 0.55, 0.55};
 constexpr Colour onColours{0.35, 0.35, 0.35};
 constexpr Colour onGreys{1.0, 0.85, 0.2};
 
-Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers) {
+Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers,
+                const std::vector<PlacedValue>& stations) {
     Layers layers;
     if (fill) {
         layers.push_back(
@@ -30,6 +32,7 @@ Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional
         layers.push_back(std::make_unique<GraticuleLayer>(onWhite));
     }
     layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
+    layers.push_back(std::make_unique<StationLayer>(stations));
     if (centers) layers.push_back(std::make_unique<CenterLayer>(set));
     return layers;
 }
@@ -49,7 +52,7 @@ std::string drawSheet(const Sheet& sheet, const Layers& layers, const ChartTexts
 }  // namespace
 
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
-                      const std::string& format) {
+                      const std::string& format, const PlottedStations& stations) {
     const Bounds shown = options.bounds.value_or(boundsOf(set.lattice));
     // Without levels there are no bands.
     const bool hasBands = options.fill && !ascending(set.levels).empty();
@@ -58,7 +61,9 @@ std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOp
     const auto drawBar = [&](cairo_t* ink) {
         if (fill) drawBandBar(ink, sheet.map, fill->levels, fill->colours);
     };
-    return drawSheet(sheet, layersOf(file, set, fill, options.centers), textsOf(file, set, shown), drawBar,
+    ChartTexts texts = textsOf(file, set, shown);
+    if (!stations.remark.empty()) texts.subtitle += "   " + stations.remark;
+    return drawSheet(sheet, layersOf(file, set, fill, options.centers, stations.stations), texts, drawBar,
                      format);
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "byteImageFile.h"
 #include "chart/paper.h"
@@ -16,11 +17,17 @@ struct ChartOptions {
     bool fill = false;
 };
 
+/// Stations to be plotted.
+struct PlottedStations {
+    std::vector<PlacedValue> stations;
+    std::string remark;  ///< what the user should know about them
+};
+
 // Both draw a chart and return it as a file of the format (png, svg or pdf).
 
-/// A grid and its lines.
+/// A grid and its lines, and the stations that it was made from, if any.
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
-                      const std::string& format);
+                      const std::string& format, const PlottedStations& stations = {});
 
 /// A byte image as a picture. Options of lines play no part.
 std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format);

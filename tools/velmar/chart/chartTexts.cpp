@@ -65,8 +65,10 @@ struct Content {
 }  // namespace
 
 ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown) {
-    const Content content{boundsOf(set.lattice), set.circlesGlobe(),
-                          findExtremes(set.grid, set.lattice, &shown)};
+    Content content{boundsOf(set.lattice), set.circlesGlobe(), findExtremes(set.grid, set.lattice, &shown)};
+    const float spacing = spacingOf(levelsOf(set));
+    for (PlacedValue* extreme : {&content.extremes.smallest, &content.extremes.largest})
+        extreme->value = roundedFor(spacing, extreme->value);
     return {.title = file.title,
             .subtitle = timesText(file.header.field),
             .caption = levelsText(set, file.header.boldValue),

@@ -32,6 +32,12 @@ float evenStep(const std::vector<float>& levels) {
     return (levels.back() - levels.front()) / std::round(stepsTo(levels.back()));
 }
 
+float roundedFor(float spacing, float value) {
+    if (!(spacing > 0)) return value;
+    const double digit = std::pow(10.0, std::floor(std::log10(spacing)) - 2);
+    return static_cast<float>(std::round(value / digit) * digit);
+}
+
 bool isBoldLevel(float level, float boldValue, float spacing) {
     return std::fabs(level - boldValue) <= 0.01F * spacing;
 }
