@@ -98,6 +98,25 @@ TEST_F(Analyses, EqualThePlainWay) {
     }
 }
 
+TEST_F(Analyses, EqualThePlainWayOnRealReports) {
+    constexpr int withoutGrid = -1;
+    const Block read(OAReadVelmar3(test::sample("stations/temp_95031808.000").c_str(), withoutGrid, 0, 0, 0,
+                                   0, 0, 1, 1, 0));
+    StationList list;
+    const float* station = read.get() + 11 + static_cast<int>(read[10]);
+    for (int k = 0; k < static_cast<int>(read[1]); ++k, station += 5) {
+        list.lon.push_back(station[2]);
+        list.lat.push_back(station[3]);
+        list.value.push_back(station[4]);
+    }
+    ASSERT_EQ(list.count(), 1014);
+    const Nodes nodes = test::nodesBetween(57, 33, -124, -68, 24, 56);
+    EXPECT_EQ(all(barnesOf(list, nodes, -124, -68, 24, 56, 2), nodes.count()),
+              test::plainBarnes(0.25F, 20, 0.3F, nodes, list, 2));
+    EXPECT_EQ(all(cressmanOf(list, nodes, -124, -68, 24, 56, 0), nodes.count()),
+              test::plainCressman(radii, nodes, list, 0));
+}
+
 TEST_F(Analyses, EqualThePlainWayWhereWeightsHaveFewDigits) {
     // At these distances the weights of the last pass are the smallest that doubles have.
     const Nodes nodes = test::nodesBetween(3, 3, 0, 20, 0, 20);
