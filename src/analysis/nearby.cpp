@@ -42,7 +42,7 @@ void capByNearbyStations(float* grid, const frame::GridPlace& place, const GridS
             for (std::size_t i = first; i < first + count; ++i) {
                 const bool near = length(longitudes[i] - longitude, dy) <= radius;
                 row.found[i] |= static_cast<std::uint8_t>(near);
-                row.largest[i] = near & (value > row.largest[i]) ? value : row.largest[i];
+                row.largest[i] = near && value > row.largest[i] ? value : row.largest[i];
             }
         }
         float* const points = grid + static_cast<std::size_t>(j) * row.largest.size();

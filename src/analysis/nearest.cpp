@@ -51,7 +51,7 @@ std::vector<int> nearestStations(const frame::GridPlace& place, const GridSize& 
             for (std::size_t i = first; i < first + count; ++i) {
                 const float distance = station.distanceOf(longitudes[i]);
                 const bool nearer =
-                    (distance < row.distances[i]) & (std::fabs(longitudes[i] - station.longitude) < box);
+                    distance < row.distances[i] && std::fabs(longitudes[i] - station.longitude) < box;
                 row.distances[i] = nearer ? distance : row.distances[i];
                 row.stations[i] = nearer ? static_cast<int>(k) : row.stations[i];
             }
