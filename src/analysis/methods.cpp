@@ -1,16 +1,12 @@
 #include "analysis/methods.h"
 
-#include <array>
-
-#include "analysis/barnes.h"
 #include "analysis/cressman.h"
 #include "frame/numbers.h"
 
 namespace velmar::analysis {
 
 frame::ResultBlock runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius) {
-    constexpr std::array radii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};  // grid lengths
-    return analyseCressman(radii, area.size, area.bounds, stations, maskRadius);
+    return analyseCressman(cressmanRadii, area.size, area.bounds, stations, maskRadius);
 }
 
 frame::ResultBlock runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
@@ -18,7 +14,7 @@ frame::ResultBlock runBarnes(float radius, const AnalysisArea& area, const Stati
     const Bounds& b = area.bounds;
     const WholeBounds whole{frame::truncateToInt(b.startLongitude), frame::truncateToInt(b.endLongitude),
                             frame::truncateToInt(b.startLatitude), frame::truncateToInt(b.endLatitude)};
-    return analyseBarnes({.kappa = 0.25F, .radius = radius, .gamma = 0.3F}, area.size, whole, stations,
+    return analyseBarnes({barnesParameters.kappa, radius, barnesParameters.gamma}, area.size, whole, stations,
                          maskRadius);
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+
 #include "analysis/analysisArea.h"
+#include "analysis/barnes.h"
 #include "analysis/stations.h"
 #include "frame/block.h"
 
@@ -8,6 +11,12 @@ namespace velmar::analysis {
 
 /// How station files are analysed; hosts pass the number.
 enum class Method : int { cressman = 0, barnes = 1 };
+
+/// Influence radii of Cressman's scans, in grid lengths.
+inline constexpr std::array cressmanRadii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};
+
+/// Barnes's parameters; station values have half the radius.
+inline constexpr BarnesParameters barnesParameters{.kappa = 0.25F, .radius = 20.0F, .gamma = 0.3F};
 
 /// The analyses with the parameters that station files get. Null without a grid.
 frame::ResultBlock runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius);

@@ -45,7 +45,7 @@ ResultBlock run(Method method, const AnalysisArea& area, int promised, const Sta
                             {area.bounds.startLongitude, area.bounds.endLongitude, promised});
             return runCressman(area, stations, maskRadius);
         case Method::barnes:
-            return runBarnes(20.0F, area, stations, maskRadius);
+            return runBarnes(barnesParameters.radius, area, stations, maskRadius);
         default:
             return nullptr;
     }

@@ -75,7 +75,7 @@ ResultBlock run(Method method, const AnalysisArea& area, const StationView& stat
         case Method::barnes:
             progress(messages::firstGuess);
             // Half the radius that surface reports get, deliberately.
-            return runBarnes(10.0F, area, stations, maskRadius);
+            return runBarnes(barnesParameters.radius / 2.0F, area, stations, maskRadius);
         default:
             return nullptr;
     }

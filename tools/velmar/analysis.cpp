@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "analysis/methods.h"
 #include "analysis/nearest.h"
 #include "frame/block.h"
 #include "problem.h"
@@ -25,9 +26,7 @@ std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, fl
 }
 
 Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
-    constexpr float kappa = 0.25F;
-    constexpr float radius = 20;
-    constexpr float gamma = 0.3F;
+    const auto [kappa, radius, gamma] = analysis::barnesParameters;
     // The first of the list takes no part in the first guess. So that no station is left out, that place goes
     // to one far off the globe: outside every radius it plays no part in the corrections and in masking either,
     // whereas a station that is listed twice would count twice in them.
@@ -50,7 +49,7 @@ Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float m
 }
 
 Block analyseByCressman(const GridPlan& plan, const StationView& stations, float maskRadius) {
-    constexpr std::array<float, 5> radii{25, 10, 5, 2, 1};
+    const auto& radii = analysis::cressmanRadii;
     // The first guess is the sum of all values, which takes digits from what the scans make of it. The sum of
     // deviations from the mean is near 0.
     const double sum = std::accumulate(stations.values.begin(), stations.values.end(), 0.0);
