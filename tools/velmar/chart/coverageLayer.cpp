@@ -11,11 +11,15 @@ bool isCovered(const frame::GridView& grid, int column, int row) {
 
 }  // namespace
 
-void CoverageLayer::draw(Page& page) const {
+void paintNoData(const Page& page) {
     const PaperBox& box = page.map.box;
     cairo_rectangle(page.ink, box.left, box.top, box.width, box.height);
     setColour(page.ink, noDataGrey);
     cairo_fill(page.ink);
+}
+
+void CoverageLayer::draw(Page& page) const {
+    paintNoData(page);
 
     const auto [west, east] = std::minmax<double>({lattice_.startLongitude, lattice_.endLongitude});
     const auto [first, last] = circlesInto(page.map.bounds, west, east);

@@ -6,6 +6,9 @@ namespace velmar::tool {
 
 inline constexpr Colour noDataGrey{0.88, 0.88, 0.88};
 
+/// Paints the map in the grey of missing data.
+void paintNoData(const Page& page);
+
 /// Paints grey where the grid has no data, missing or beyond its edge, and another colour where it has.
 class CoverageLayer : public Layer {
 public:

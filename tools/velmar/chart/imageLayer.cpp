@@ -78,12 +78,9 @@ Surface paint(const ByteImageFile& image, const MapFrame& map) {
 }  // namespace
 
 void ImageLayer::draw(Page& page) const {
-    const PaperBox& box = page.map.box;
-    cairo_rectangle(page.ink, box.left, box.top, box.width, box.height);
-    setColour(page.ink, noDataGrey);
-    cairo_fill(page.ink);
+    paintNoData(page);
     const Surface picture = paint(image_, page.map);
-    cairo_set_source_surface(page.ink, picture.get(), box.left, box.top);
+    cairo_set_source_surface(page.ink, picture.get(), page.map.box.left, page.map.box.top);
     cairo_paint(page.ink);
 }
 
