@@ -104,7 +104,7 @@ Analysis analyse(const Job& job, const AnalyseOptions& options, const StationFil
     GridRequest request = options.grid;
     request.wholeDegrees = options.method == AnalysisMethod::barnes;
     const GridPlan plan = planGrid(request, stations.view());
-    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    reporter.tell(job.input, plan.notice);
 
     Analysis result{
         .stations = {.stations = {}, .remark = remarkOf(options, element, stations.values.size())},
@@ -132,7 +132,7 @@ void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& report
                                              file.promised, file.stationCount()));
     auto [stations, grid] = analyse(job, options, file, reporter);
     const LevelPlan plan = levelsFor(options.levels, file, grid);
-    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    reporter.tell(job.input, plan.notice);
     setHints(grid.header, plan.levels, grid.values);
     if (job.format == gridFormat)
         writeOutput(job.output, gridFileText(grid));

@@ -22,7 +22,7 @@ std::string gridChart(const Job& job, const FileHead& head, const ChartCommandOp
                       Reporter& reporter) {
     const GridFile file = readGridFile(job.input, head);
     const LevelPlan plan = planLevels(options.levels, file);
-    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    reporter.tell(job.input, plan.notice);
     return drawChart(file, drawContours(file, plan.levels), options.chart, job.format);
 }
 

@@ -21,7 +21,7 @@ int runContour(const ContourOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
         const GridFile file = readGridFile(job.input);
         const LevelPlan plan = planLevels(options.levels, file);
-        if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+        reporter.tell(job.input, plan.notice);
         const ContourSet set = drawContours(file, plan.levels);
         writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
     });

@@ -14,6 +14,7 @@ Reporter::Reporter(std::size_t fileCount)
 }
 
 void Reporter::tell(std::string_view file, std::string_view sentence) {
+    if (sentence.empty()) return;
     eraseBar();
     fmt::print(stderr, "velmar: {}: {}\n", file, sentence);
     drawBar();

@@ -14,6 +14,7 @@ public:
     Reporter& operator=(const Reporter&) = delete;
     ~Reporter() { eraseBar(); }
 
+    /// Says something about a file; an empty sentence is not said.
     void tell(std::string_view file, std::string_view sentence);
     void fileDone();
 

@@ -41,7 +41,7 @@ LevelPlan planImageLevels(const LevelOptions& options, const frame::GridView& va
 Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
     const ByteImageFile image = readByteImageFile(head);
     const LevelPlan plan = planImageLevels(options.levels, image.grid.view());
-    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    reporter.tell(job.input, plan.notice);
     const frame::Grid grid = image.circlesGlobe() ? closedGrid(image.grid.view()) : image.grid;
     return shadeGrid(grid.view(), image.lattice, ascending(plan.levels), options.stripRows);
 }
@@ -49,7 +49,7 @@ Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& opt
 Shading shadeGridFile(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
     const GridFile file = readGridFile(job.input, head);
     const LevelPlan plan = planLevels(options.levels, file);
-    if (!plan.notice.empty()) reporter.tell(job.input, plan.notice);
+    reporter.tell(job.input, plan.notice);
     // Without levels the contouring just closes a grid that circles the globe.
     const ContourSet set = drawContours(file, {});
     return shadeGrid(set.grid, set.lattice, ascending(plan.levels), options.stripRows);
