@@ -502,6 +502,125 @@ VELMAR_EXPORT float* TqqOA(const float* lon, const float* lat, const float* valu
  * freecPointer(). */
 VELMAR_EXPORT float* gagexps(const float* grid, int nx, int ny, int fx, int fy, float undef) VELMAR_NOEXCEPT;
 
+/* ---- Wind ---------------------------------------------------------------------------------------------- */
+
+/* Reads a wind file ("diamond" type 11, though any type number is accepted): the eastward wind u, then the
+ * northward wind v. Rows of a file whose latitude step is not above 0 are turned round, so that they always
+ * run from south to north: the latitude step changes its sign, start and end latitude change places.
+ *
+ *   path  the file
+ *
+ * Result, with n = nx * ny:
+ *   0              8 n + 15; this is NOT the element count, which is 2 n + 15
+ *   1 to 6         year, month, day, hour, forecast hours, level
+ *   7, 8           longitude step, latitude step (0 or more)
+ *   9, 10          start and end longitude
+ *   11, 12         start and end latitude
+ *   13, 14         nx, ny
+ *   15 ...         n values of u, then n values of v, both row after row, the southernmost first
+ *
+ * Errors, in a one-element block: -1 (told on standard error); -2 the first line; -3 the keyword in it is not
+ * "diamond"; -4 the rest of the header, or nx or ny not positive; -5 a value of u and -6 one of v in a file
+ * from south to north; -7 and -8 the same in a file from north to south (-8 also for lack of memory). Release
+ * with freecPointer(). */
+VELMAR_EXPORT float* readVelmarData11(const char* path) VELMAR_NOEXCEPT;
+
+/* Draws streamlines of a wind field, evenly spaced: the field is divided into fine cells, a line starts in the
+ * lower left corner of every cell, row after row, that has no line near it, runs both with and against the
+ * flow, and ends where it comes to a cell that a line has passed, to a point without data, to a calm (both
+ * components below 0.1) or to the edge.
+ *
+ *   u, v              ny rows of nx values each, eastward and northward wind, m/s, the southernmost row first
+ *   c                 what the lines are coloured by, of the same size; not needed when colourFlag is 0
+ *   nx, ny            columns and rows
+ *   uUndef, vUndef, cUndef  values of points without data in u, v and c
+ *   colourFlag        0: all lines have colour 1
+ *   levels, colours   levelCount ascending levels and as many colours: colour k is that of the values from
+ *                     level k to below level k + 1. The first colour also has all that is below, the last all
+ *                     that is above and what is not a number. Without levels the colour is 1; where c has no
+ *                     data it is 15. Pieces with a colour below 0 are left out; colours above 99 count as 99.
+ *   levelCount        length of both; below 1: none
+ *   density           5 is usual; larger values give more lines, and cells of 1/10 grid length at most
+ *
+ * The grids lie where the last wind file lay that readWindData or readWindDivVor read (at 0 before that, with
+ * steps of 0).
+ *
+ * Result, with P points, A arrows, B = 4 P + 6 A and n = nx * ny; B + 2 n + 12 elements:
+ *   0          B + 2 n + 11; this is one less than the element count
+ *   1          B + 2
+ *   per point  0 to start a line here or 1 to draw to here from the point before, longitude, latitude, colour.
+ *              Each line starts twice at one place: for the part with the flow, then for that against it.
+ *              These starts carry the colour of the piece before, the first of a call that of the call
+ *              before.
+ *   per arrow  2, longitude and latitude of its tail, then of its head (downstream), colour
+ *   next 2     0, -1
+ *   next 8     nx, ny, start longitude, start latitude, end longitude, end latitude, longitude step, latitude
+ *              step
+ *   next 2 n   u and v of each grid point in turn, row after row
+ * A result without arrows is told on standard output.
+ *
+ * Returns null when nx or ny is not positive, when a pointer that is needed is null, or for lack of memory
+ * (told on standard output when it is the memory of the cells). Release with freecPointer(). */
+VELMAR_EXPORT float* streamAnalyse(const float* u, const float* v, const float* c, int nx, int ny,
+                                   float uUndef, float vUndef, float cUndef, int colourFlag,
+                                   const float* levels, const int* colours, int levelCount,
+                                   int density) VELMAR_NOEXCEPT;
+
+/* Reads a wind file as readVelmarData11 does and draws its streamlines as streamAnalyse does, coloured by
+ * speed: colour k, from 0 to 39, is that of 2 k to below 2 k + 2 m/s, 39 that of all from 78 m/s on. The value
+ * 9999 is no data.
+ *
+ *   path     the file
+ *   density  as in streamAnalyse
+ *
+ * Result: that of streamAnalyse. Errors: those of readVelmarData11; a lack of memory for the streamlines gives
+ * null. Release with freecPointer(). */
+VELMAR_EXPORT float* readWindData(const char* path, int density) VELMAR_NOEXCEPT;
+
+/* Divergence and relative vorticity of a wind field on the sphere, by centred differences over two grid
+ * lengths:
+ *   hdiv   (dp/dx + d(q cos lat)/dy) / (a cos lat); with p = u and q = v the divergence
+ *   hvor   (dp/dx - d(q cos lat)/dy) / (a cos lat); with p = v and q = u the relative vorticity
+ * where x and y are longitude and latitude in radians and the earth's radius a is 6370 km.
+ *
+ *   p, q                ny rows of nx values each, m/s; not changed
+ *   nx, ny              columns and rows
+ *   missing             value of points without data
+ *   startLon, startLat  longitude of column 0 and latitude of row 0, degrees
+ *   lonStep, latStep    longitude step and latitude step, degrees
+ *
+ * A point is missing on the edges of the grid, where one of its four neighbours that are needed is missing, and
+ * at the poles. Pi is taken as 3.1416.
+ *
+ * Returns the bare grid of nx * ny values in 1/s; no count stands before it. Null when nx or ny is not
+ * positive, when p or q is null, or for lack of memory. Release with freecPointer(). */
+VELMAR_EXPORT float* hdiv(const float* p, const float* q, int nx, int ny, float missing, float startLon,
+                          float startLat, float lonStep, float latStep) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* hvor(const float* p, const float* q, int nx, int ny, float missing, float startLon,
+                          float startLat, float lonStep, float latStep) VELMAR_NOEXCEPT;
+
+/* Return 0 and do nothing: out is NOT written. They stand for hosts that call them; use hdiv and hvor. */
+VELMAR_EXPORT int ffhdiv(float* out, const float* p, const float* q, int nx, int ny, float missing,
+                         float startLon, float startLat, float lonStep, float latStep) VELMAR_NOEXCEPT;
+VELMAR_EXPORT int ffhvor(float* out, const float* p, const float* q, int nx, int ny, float missing,
+                         float startLon, float startLat, float lonStep, float latStep) VELMAR_NOEXCEPT;
+
+/* Reads a wind file as readVelmarData11 does and says where it lies. It computes NO field: use hdiv and hvor
+ * on the grids of readVelmarData11.
+ *
+ *   path                      the file
+ *   vorticity                 not used
+ *   startLonOut, startLatOut  receive longitude of column 0 and latitude of the southernmost row, degrees
+ *   lonStepOut, latStepOut    receive the steps, degrees
+ *   nxOut, nyOut              receive columns and rows
+ * Outputs that are null are left out; on an error none is written.
+ *
+ * Returns a bare block of nx * ny values, all 9999. Errors: those of readVelmarData11. Release with
+ * freecPointer(). */
+VELMAR_EXPORT float* readWindDivVor(const char* path, int vorticity, float* startLonOut, float* startLatOut,
+                                    float* lonStepOut, float* latStepOut, int* nxOut,
+                                    int* nyOut) VELMAR_NOEXCEPT;
+
 #ifdef __cplusplus
 }
 #endif

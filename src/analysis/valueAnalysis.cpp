@@ -116,7 +116,7 @@ Outcome<ResultBlock> analyseStationValues(const char* path, Method method, const
                                           float maskRadius) {
     const std::optional<FileText> file = frame::readWholeFile(path);
     if (!file) {
-        std::fputs(messages::cannotOpenStationValues, stderr);
+        std::fputs(messages::cannotOpenWindFile, stderr);
         return Failure{-1};
     }
     progress(messages::openedFile, {std::string_view(path)});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -40,6 +41,37 @@ public:
 
 private:
     float* next_;
+};
+
+/// A block that grows at its end, for results whose length shows only when they are made. Large ones do so
+/// without being copied where the system can move pages.
+class GrowingBlock {
+public:
+    /// Values in a row: an array or a span.
+    template <class Values>
+    void append(const Values& values) {
+        std::copy(values.begin(), values.end(), claim(values.size()).begin());
+    }
+
+    /// Leaves the next elements to the caller, who must set each of them before anything else is appended.
+    std::span<float> claim(std::size_t elements) {
+        if (elements > capacity_ - size_) grow(elements);
+        const std::span<float> claimed(block_.get() + size_, elements);
+        size_ += elements;
+        return claimed;
+    }
+
+    std::size_t size() const { return size_; }
+
+    /// The block, cut to its size. This one is empty then.
+    ResultBlock finish();
+
+private:
+    void grow(std::size_t elements);
+
+    ResultBlock block_;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
 };
 
 /// Appends what stands behind lines and polygons: -1, the grid's sizes and place, and its values.

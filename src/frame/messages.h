@@ -6,6 +6,8 @@ namespace velmar::frame::messages {
 
 // Standard error
 inline constexpr const char* cannotOpenDataFile = "Cannot open data file %s.\n";
+// Said of wind files, and of files of station values
+inline constexpr const char* cannotOpenWindFile = "Cannot open wind data file.\n";
 
 // Choice of contour levels
 
@@ -75,7 +77,6 @@ inline constexpr const char* cressmanSumIsMissing = "retrn";
 
 // Standard error
 inline constexpr const char* cannotOpenReports = "Cannot open data file.\n";
-inline constexpr const char* cannotOpenStationValues = "Cannot open wind data file.\n";
 // Standard output
 inline constexpr const char* readingReports = "Open and read file: %s\n";
 inline constexpr const char* reportsPromised = "There are %d stations\n";
@@ -101,5 +102,10 @@ inline constexpr const char* resultSize = "\xB7\xB5\xBB\xD8\xCA\xFD\xD7\xE9\xB4\
 // Diagnostic grid file: keyword, type and title
 // 客观分析场
 inline constexpr const char* analysisTitle = "diamond 4 \xBF\xCD\xB9\xDB\xB7\xD6\xCE\xF6\xB3\xA1\n";
+
+// Streamlines
+inline constexpr const char* noMemoryForStreamlines = "Cannot allocate memory for streamline function\n";
+//     没有箭头
+inline constexpr const char* noArrows = "    \xC3\xBB\xD3\xD0\xBC\xFD\xCD\xB7 \n";
 
 }  // namespace velmar::frame::messages

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+
+#include "wind/drawing.h"
+#include "wind/flagGrid.h"
+#include "wind/lineColours.h"
+
+namespace velmar::wind {
+
+/// A wind field to be traced, m/s, rows from south to north.
+struct Wind {
+    frame::GridView u;
+    frame::GridView v;
+    float uMissing;
+    float vMissing;
+};
+
+/// Follows streamlines from cell to cell, flags the cells that they leave and draws them.
+///
+/// Positions are in grid lengths from the first column and row; all arithmetic on them is single precision with
+/// a rounding per operation, so that lines are the same bits everywhere.
+class Tracer {
+public:
+    /// There are `cellsPerLength` cells to a grid length in both directions.
+    Tracer(const Wind& wind, const LineColours& colours, const frame::Lattice& lattice, int cellsPerLength,
+           FlagGrid& flags, Drawing& drawing, int& currentColour);
+
+    /// Draws the line through a place, first with the flow and then against it, until it comes to a flagged cell,
+    /// a calm, the edge or a place without data. Returns whether it has flagged a cell.
+    bool trace(frame::Point start);
+
+private:
+    enum class Direction { withFlow, againstFlow };
+
+    /// The values of one grid at the corners of a grid cell, as they are needed between them.
+    struct Corners {
+        float lower;
+        float lowerDifference;
+        float upper;
+        float upperDifference;
+
+        float between(frame::Point part) const {
+            const float below = lower + lowerDifference * part.x;
+            const float above = upper + upperDifference * part.x;
+            return below + (above - below) * part.y;
+        }
+    };
+
+    /// The grid cell that a line is in: many steps are made inside one.
+    struct GridCell {
+        frame::Point corner{-1, -1};  ///< the lower left one; no cell at first
+        bool hasWind = false;
+        bool hasColour = false;
+        Corners u;
+        Corners v;
+        Corners colour;
+    };
+
+    /// A line on its way.
+    struct Walk {
+        frame::Point place;
+        std::int64_t cell;
+        int stepsInCell;
+        int stepsSinceArrow;
+        bool penIsUp;
+        bool hasFlagged;
+        Position last;
+    };
+
+    bool trace(frame::Point start, Direction direction);
+    bool isInside(frame::Point place) const;
+    Position degrees(frame::Point place) const;
+    std::int64_t cellOf(frame::Point place) const;
+    void enterGridCell(int i, int j);
+    frame::Point partOf(frame::Point place) const;
+    void chooseColour(frame::Point part);
+    bool step(Walk& walk, Direction direction);
+    bool enterCell(Walk& walk);
+    void draw(Walk& walk, Direction direction);
+
+    Wind wind_;
+    LineColours colours_;
+    frame::Lattice lattice_;
+    float cellsPerLength_;
+    float stepLength_;  ///< of the longer component of a step, in grid lengths: half a cell
+    FlagGrid& flags_;
+    Drawing& drawing_;
+    int& currentColour_;
+
+    GridCell gridCell_;
+    int colour_ = 1;           ///< the last one looked up; below 0 nothing is drawn
+    int previousColour_ = -9;  ///< the one before; no colour at first
+    Position previous_{};      ///< where the last step ended, whatever line it was on
+};
+
+}  // namespace velmar::wind
