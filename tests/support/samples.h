@@ -37,6 +37,7 @@ void expectResultsAsIn(const std::string& table, int rows, Make&& make) {
         row >> name >> how;
         const Block block(make(sample(name), how));
         ASSERT_NE(block, nullptr) << expected;
+        ASSERT_GT(block[0], 0) << expected;
         std::ostringstream result;
         result << name << ' ' << how << ' ' << block[1] << ' ' << block[0] << ' ' << std::hex
                << digest(block);
