@@ -3,7 +3,10 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <filesystem>
 
 #include "arguments.h"
 
@@ -28,6 +31,23 @@ PaperSize parseSize(const std::string& text) {
     return {static_cast<double>(width), static_cast<double>(height)};
 }
 
+std::optional<WindQuantity> quantityNamed(const std::string& word) {
+    constexpr std::array quantities{WindQuantity::speed, WindQuantity::divergence, WindQuantity::vorticity};
+    const auto* const quantity = std::ranges::find(quantities, word, quantityName);
+    return quantity == quantities.end() ? std::nullopt : std::optional(*quantity);
+}
+
+void addSize(CLI::App& command, ChartOptions& chart) {
+    command.add_option_function<std::string>(
+        "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
+        "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
+}
+
+void addCenters(CLI::App& command, ChartOptions& chart) {
+    command.add_flag("--centers,!--no-centers", chart.centers,
+                     "Mark the centres of highs and lows (default: yes)");
+}
+
 }  // namespace
 
 Bounds parseBounds(const std::string& text) {
@@ -49,12 +69,39 @@ Bounds parseBounds(const std::string& text) {
 }
 
 void addSheetOptions(CLI::App& command, ChartOptions& chart) {
-    command.add_option_function<std::string>(
-        "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
-        "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
+    addSize(command, chart);
     command.add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
-    command.add_flag("--centers,!--no-centers", chart.centers,
-                     "Mark the centres of highs and lows (default: yes)");
+    addCenters(command, chart);
+}
+
+void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQuantity>& fillQuantity) {
+    addSize(command, chart);
+    const auto take = [&chart, &fillQuantity](const std::string& value) {
+        const std::string flagAlone = "true";
+        chart.fill = true;
+        fillQuantity = quantityNamed(value);
+        return fillQuantity || value == flagAlone
+                   ? std::string()
+                   : fmt::format("\"{}\" is none of speed, divergence and vorticity", value);
+    };
+    command.add_flag("--fill")
+        ->description(
+            "Fill the bands between the lines with colours; those of a wind file lie under its streamlines "
+            "and are of its speed, or of what is named: --fill divergence, --fill vorticity")
+        ->check(take);
+    addCenters(command, chart);
+}
+
+std::optional<WindQuantity> takeFillQuantity(std::vector<std::string>& inputs) {
+    const auto word = std::ranges::find_if(inputs, [](const std::string& input) {
+        std::error_code ignored;
+        return quantityNamed(input) && !std::filesystem::exists(input, ignored);
+    });
+    if (word == inputs.end()) return std::nullopt;
+    const auto quantity = quantityNamed(*word);
+    inputs.erase(word);
+    if (inputs.empty()) throw CLI::RequiredError("FILE");
+    return quantity;
 }
 
 }  // namespace velmar::tool

@@ -16,4 +16,12 @@ Bounds parseBounds(const std::string& text);
 /// Adds the options that say what a chart looks like, but for its bounds: --size, --fill, --centers.
 void addSheetOptions(CLI::App& command, ChartOptions& chart);
 
+/// The same where --fill may name a quantity of wind files.
+void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQuantity>& fillQuantity);
+
+/// Takes the word of "--fill speed" out of the list of inputs: an option whose word may be left out cannot tell
+/// its word from a file. A word that is a file as well is taken for the file. Throws CLI::RequiredError when
+/// there is no other input.
+std::optional<WindQuantity> takeFillQuantity(std::vector<std::string>& inputs);
+
 }  // namespace velmar::tool

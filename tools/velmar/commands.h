@@ -13,5 +13,7 @@ void addShadeCommand(CLI::App& program, int& exitCode);
 void addChartCommand(CLI::App& program, int& exitCode);
 void addAnalyseCommand(CLI::App& program, int& exitCode);
 void addRefineCommand(CLI::App& program, int& exitCode);
+void addWindCommand(CLI::App& program, int& exitCode);
+void addStreamlinesCommand(CLI::App& program, int& exitCode);
 
 }  // namespace velmar::tool

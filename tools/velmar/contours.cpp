@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "blockReader.h"
-#include "problem.h"
 
 namespace velmar::tool {
 namespace {
@@ -13,13 +12,6 @@ Isoline readLine(BlockReader& in) {
     const float level = in.value();
     in.value();
     return {{in.values(2 * points)}, level};
-}
-
-void requireUsable(const frame::Lattice& lattice) {
-    const float sum = lattice.startLongitude + lattice.endLongitude + lattice.longitudeStep +
-                      lattice.startLatitude + lattice.endLatitude + lattice.latitudeStep;
-    if (!std::isfinite(sum))
-        throw Problem("the longitudes and latitudes of its header are not all finite numbers");
 }
 
 Block contourBlock(const GridFile& file, const std::vector<float>& levels) {
@@ -72,7 +64,7 @@ ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) 
                          &lattice.endLatitude, &lattice.longitudeStep, &lattice.latitudeStep})
         *field = in.value();
     set.grid.values = in.values(set.grid.size()).data();
-    requireUsable(lattice);
+    requireFinite(lattice);
     set.refinement = contour::chooseFactors(set.grid.nx, set.grid.ny);
     return set;
 }

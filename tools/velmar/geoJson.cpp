@@ -14,10 +14,11 @@ Json positionsJson(const GeoPoints& points) {
     return positions;
 }
 
-void FeatureCollection::add(Json properties, Json geometry) {
-    const Json feature{
-        {"type", "Feature"}, {"properties", std::move(properties)}, {"geometry", std::move(geometry)}};
-    features_ += (features_.empty() ? "\n" : ",\n") + feature.dump();
+void FeatureCollection::addText(const Json& properties, const std::string& geometry) {
+    features_ += features_.empty() ? "\n" : ",\n";
+    features_ += R"({"type":"Feature","properties":)" + properties.dump() + R"(,"geometry":)";
+    features_ += geometry;
+    features_ += '}';
 }
 
 std::string FeatureCollection::text() const {

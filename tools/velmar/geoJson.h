@@ -15,7 +15,9 @@ Json positionsJson(const GeoPoints& points);
 /// A GeoJSON FeatureCollection on its way to a file, a line a feature.
 class FeatureCollection {
 public:
-    void add(Json properties, Json geometry);
+    void add(const Json& properties, const Json& geometry) { addText(properties, geometry.dump()); }
+    /// The same with a geometry that is text already.
+    void addText(const Json& properties, const std::string& geometry);
     std::string text() const;
 
 private:

@@ -19,6 +19,13 @@ bool isInside(const Bounds& area, double longitude, double latitude) {
 
 }  // namespace
 
+void requireFinite(const frame::Lattice& lattice) {
+    const float sum = lattice.startLongitude + lattice.endLongitude + lattice.longitudeStep +
+                      lattice.startLatitude + lattice.endLatitude + lattice.latitudeStep;
+    if (!std::isfinite(sum))
+        throw Problem("the longitudes and latitudes of its header are not all finite numbers");
+}
+
 Block ownedBlock(float* block) {
     if (block == nullptr) throw Problem("there is not enough memory for it");
     return Block(block);

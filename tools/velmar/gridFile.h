@@ -33,6 +33,9 @@ GridFile readGridFile(const std::string& path);
 /// The same where the head of the file is known already.
 GridFile readGridFile(const std::string& path, const FileHead& head);
 
+/// A Problem unless all numbers of the lattice are finite.
+void requireFinite(const frame::Lattice& lattice);
+
 /// Hands on a block; a Problem when there was no memory for it.
 Block ownedBlock(float* block);
 

@@ -11,6 +11,7 @@
 #include "jobs.h"
 #include "stationInfo.h"
 #include "text.h"
+#include "windInfo.h"
 
 namespace velmar::tool {
 namespace {
@@ -33,14 +34,34 @@ Json axisJson(float start, float end, float step, int count) {
             {"count", count}};
 }
 
-/// Where a grid or picture lies and what it holds.
-void addContentJson(const frame::GridView& grid, const frame::Lattice& lattice, Json& json) {
-    const Extremes extremes = findExtremes(grid, lattice);
+void addTimesJson(const frame::FieldHeader& field, Json& json) {
+    json["start"] = startTimeText(field);
+    json["forecastHour"] = field.forecastHour;
+    if (const auto valid = validTimeText(field)) json["valid"] = *valid;
+    json["level"] = field.level;
+}
+
+void addTimesText(const frame::FieldHeader& field, std::string& text) {
+    const auto valid = validTimeText(field);
+    addLine(text, "start", startTimeText(field));
+    addLine(text, "forecast", fmt::format("{} h{}", field.forecastHour, valid ? ", valid " + *valid : ""));
+    addLine(text, "level", field.level == 0 ? "0" : levelText(field.level));
+}
+
+/// Where a grid or picture lies and how many values it has.
+void addPlaceJson(const frame::GridView& grid, const frame::Lattice& lattice, std::size_t missing,
+                  Json& json) {
     json["longitudes"] =
         axisJson(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, grid.nx);
     json["latitudes"] = axisJson(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, grid.ny);
     json["values"] = grid.size();
-    json["missing"] = extremes.missing;
+    json["missing"] = missing;
+}
+
+/// Where a grid or picture lies and what it holds.
+void addContentJson(const frame::GridView& grid, const frame::Lattice& lattice, Json& json) {
+    const Extremes extremes = findExtremes(grid, lattice);
+    addPlaceJson(grid, lattice, extremes.missing, json);
     if (extremes.present > 0) {
         json["smallest"] = extremeJson(extremes.smallest);
         json["largest"] = extremeJson(extremes.largest);
@@ -52,15 +73,20 @@ std::string axisText(float start, float end, float step, int count) {
                        plainNumber(step));
 }
 
-void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, std::string& text) {
-    const Extremes extremes = findExtremes(grid, lattice);
-    const double share = 100.0 * static_cast<double>(extremes.missing) / static_cast<double>(grid.size());
-    const std::string percent = extremes.missing > 0 ? fmt::format(" ({:.1f}%)", share) : "";
+void addPlaceText(const frame::GridView& grid, const frame::Lattice& lattice, std::size_t missing,
+                  std::string& text) {
+    const double share = 100.0 * static_cast<double>(missing) / static_cast<double>(grid.size());
+    const std::string percent = missing > 0 ? fmt::format(" ({:.1f}%)", share) : "";
     addLine(text, "longitudes",
             axisText(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, grid.nx));
     addLine(text, "latitudes",
             axisText(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, grid.ny));
-    addLine(text, "values", fmt::format("{}, {} of them missing{}", grid.size(), extremes.missing, percent));
+    addLine(text, "values", fmt::format("{}, {} of them missing{}", grid.size(), missing, percent));
+}
+
+void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, std::string& text) {
+    const Extremes extremes = findExtremes(grid, lattice);
+    addPlaceText(grid, lattice, extremes.missing, text);
     if (extremes.present > 0) {
         addLine(text, "smallest", placedText(extremes.smallest));
         addLine(text, "largest", placedText(extremes.largest));
@@ -69,12 +95,8 @@ void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, 
 
 void addGridJson(const GridFile& file, Json& json) {
     const frame::GridHeader& header = file.header;
-    const frame::FieldHeader& field = header.field;
-    json["start"] = startTimeText(field);
-    json["forecastHour"] = field.forecastHour;
-    if (const auto valid = validTimeText(field)) json["valid"] = *valid;
-    json["level"] = field.level;
-    addContentJson(file.values, field.lattice, json);
+    addTimesJson(header.field, json);
+    addContentJson(file.values, header.field.lattice, json);
     json["contours"] = {{"interval", writtenNumber(header.interval)},
                         {"start", writtenNumber(header.startValue)},
                         {"end", writtenNumber(header.endValue)},
@@ -84,12 +106,8 @@ void addGridJson(const GridFile& file, Json& json) {
 
 void addGridText(const GridFile& file, std::string& text) {
     const frame::GridHeader& header = file.header;
-    const frame::FieldHeader& field = header.field;
-    const auto valid = validTimeText(field);
-    addLine(text, "start", startTimeText(field));
-    addLine(text, "forecast", fmt::format("{} h{}", field.forecastHour, valid ? ", valid " + *valid : ""));
-    addLine(text, "level", field.level == 0 ? "0" : levelText(field.level));
-    addContentText(file.values, field.lattice, text);
+    addTimesText(header.field, text);
+    addContentText(file.values, header.field.lattice, text);
     addLine(text, "contours",
             fmt::format("{} to {} by {}, bold {}, smoothing {}", plainNumber(header.startValue),
                         plainNumber(header.endValue), plainNumber(header.interval),
@@ -106,6 +124,20 @@ void addImageText(const ByteImageFile& image, std::string& text) {
     addContentText(image.grid.view(), image.lattice, text);
 }
 
+void addWindFileJson(const WindFile& file, Json& json) {
+    const WindSummary summary = summarise(file);
+    addTimesJson(file.header, json);
+    addPlaceJson(file.u, file.header.lattice, summary.missing, json);
+    addWindJson(summary, json);
+}
+
+void addWindFileText(const WindFile& file, std::string& text) {
+    const WindSummary summary = summarise(file);
+    addTimesText(file.header, text);
+    addPlaceText(file.u, file.header.lattice, summary.missing, text);
+    addWindText(summary, text);
+}
+
 Json describeJson(const std::string& path) {
     const FileHead head = readFileHead(path);
     Json json{{"file", path},
@@ -116,6 +148,7 @@ Json describeJson(const std::string& path) {
     if (head.kind.type == gridFileType) addGridJson(readGridFile(path, head), json);
     if (isByteImage(head)) addImageJson(readByteImageFile(head), json);
     if (isStationFile(head)) addStationsJson(readStationFile(head), json);
+    if (isWindFile(head)) addWindFileJson(readWindFile(path, head), json);
     return json;
 }
 
@@ -127,6 +160,7 @@ std::string describe(const std::string& path) {
     if (head.kind.type == gridFileType) addGridText(readGridFile(path, head), text);
     if (isByteImage(head)) addImageText(readByteImageFile(head), text);
     if (isStationFile(head)) addStationsText(readStationFile(head), text);
+    if (isWindFile(head)) addWindFileText(readWindFile(path, head), text);
     return text;
 }
 

@@ -23,6 +23,8 @@ int main(int argc, char** argv) try {
     addChartCommand(program, exitCode);
     addAnalyseCommand(program, exitCode);
     addRefineCommand(program, exitCode);
+    addWindCommand(program, exitCode);
+    addStreamlinesCommand(program, exitCode);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -5,11 +5,14 @@
 #include "chart/colourBar.h"
 #include "chart/coverageLayer.h"
 #include "chart/fillLayer.h"
+#include "chart/flowField.h"
 #include "chart/graticuleLayer.h"
 #include "chart/imageLayer.h"
 #include "chart/isolineLayer.h"
 #include "chart/margins.h"
+#include "chart/palette.h"
 #include "chart/stationLayer.h"
+#include "chart/streamlineLayer.h"
 
 namespace velmar::tool {
 namespace {
@@ -19,8 +22,11 @@ constexpr Colour onWhite{0.55, 0.55, 0.55};
 constexpr Colour onColours{0.35, 0.35, 0.35};
 constexpr Colour onGreys{1.0, 0.85, 0.2};
 
-Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers,
-                const std::vector<PlacedValue>& stations) {
+/// Of streamlines over colours.
+constexpr Colour streamlineInk{0.12, 0.12, 0.16};
+
+/// What lies below the lines.
+Layers groundOf(const ContourSet& set, const std::optional<Fill>& fill) {
     Layers layers;
     if (fill) {
         layers.push_back(
@@ -31,6 +37,18 @@ Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional
         layers.push_back(std::make_unique<CoverageLayer>(set.grid, set.lattice, white));
         layers.push_back(std::make_unique<GraticuleLayer>(onWhite));
     }
+    return layers;
+}
+
+/// The bands between the levels, if they are asked for. Without levels there are none.
+std::optional<Fill> fillOf(const ContourSet& set, const ChartOptions& options) {
+    const bool hasBands = options.fill && !ascending(set.levels).empty();
+    return hasBands ? std::optional(fillContours(set)) : std::nullopt;
+}
+
+Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers,
+                const std::vector<PlacedValue>& stations) {
+    Layers layers = groundOf(set, fill);
     layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
     layers.push_back(std::make_unique<StationLayer>(stations));
     if (centers) layers.push_back(std::make_unique<CenterLayer>(set));
@@ -54,9 +72,7 @@ std::string drawSheet(const Sheet& sheet, const Layers& layers, const ChartTexts
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
                       const std::string& format, const PlottedStations& stations) {
     const Bounds shown = options.bounds.value_or(boundsOf(set.lattice));
-    // Without levels there are no bands.
-    const bool hasBands = options.fill && !ascending(set.levels).empty();
-    const auto fill = hasBands ? std::optional(fillContours(set)) : std::nullopt;
+    const auto fill = fillOf(set, options);
     const Sheet sheet = layOut(shown, options.size, fill ? bandBarWidth(fill->levels) : 0);
     const auto drawBar = [&](cairo_t* ink) {
         if (fill) drawBandBar(ink, sheet.map, fill->levels, fill->colours);
@@ -75,6 +91,31 @@ std::string drawChart(const ByteImageFile& image, const ChartOptions& options, c
     layers.push_back(std::make_unique<GraticuleLayer>(onGreys));
     const auto drawBar = [&](cairo_t* ink) { drawGreyBar(ink, sheet.map); };
     return drawSheet(sheet, layers, textsOf(image, shown), drawBar, format);
+}
+
+std::string drawChart(const WindFile& file, const WindColours& colours, std::optional<int> density,
+                      const ChartOptions& options, const std::string& format) {
+    ContourSet field = drawContours(colours.values, {});
+    field.levels = colours.levels;
+    const Bounds shown = options.bounds.value_or(boundsOf(field.lattice));
+    const std::vector<float>& levels = colours.levels;
+    const Sheet sheet = layOut(shown, options.size, levels.empty() ? 0 : bandBarWidth(levels));
+
+    const auto fill = fillOf(field, options);
+    const std::vector<Colour> bands = fill ? fill->colours : lineColours(levels.size() + 1);
+    std::vector<float> lineLevels{0};
+    if (!fill) lineLevels.insert(lineLevels.end(), levels.begin(), levels.end());
+    const WindFile flow = flowField(file, sheet.map);
+    const StreamlineSet streamlines =
+        traceStreamlines(flow, density.value_or(densityFor(flow, sheet.map)), lineLevels);
+
+    Layers layers = groundOf(field, fill);
+    layers.push_back(std::make_unique<StreamlineLayer>(streamlines, flow.header.lattice,
+                                                       fill ? std::vector{streamlineInk} : bands));
+    const auto drawBar = [&](cairo_t* ink) {
+        if (!levels.empty()) drawBandBar(ink, sheet.map, levels, bands);
+    };
+    return drawSheet(sheet, layers, textsOf(file, field, colours.quantity, shown), drawBar, format);
 }
 
 }  // namespace velmar::tool

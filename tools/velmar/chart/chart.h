@@ -7,6 +7,7 @@
 #include "byteImageFile.h"
 #include "chart/paper.h"
 #include "contours.h"
+#include "windFile.h"
 
 namespace velmar::tool {
 
@@ -23,7 +24,14 @@ struct PlottedStations {
     std::string remark;  ///< what the user should know about them
 };
 
-// Both draw a chart and return it as a file of the format (png, svg or pdf).
+/// What the colours of a wind chart stand for.
+struct WindColours {
+    WindQuantity quantity;
+    const GridFile& values;     ///< of the quantity, as they are to be shown
+    std::vector<float> levels;  ///< rising
+};
+
+// All draw a chart and return it as a file of the format (png, svg or pdf).
 
 /// A grid and its lines, and the stations that it was made from, if any.
 std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
@@ -31,5 +39,10 @@ std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOp
 
 /// A byte image as a picture. Options of lines play no part.
 std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format);
+
+/// A wind field with its streamlines over bands of a quantity or, when the chart is not filled, coloured by
+/// bands of their speed: the quantity is speed then. Without a density they get one that suits the map.
+std::string drawChart(const WindFile& file, const WindColours& colours, std::optional<int> density,
+                      const ChartOptions& options, const std::string& format);
 
 }  // namespace velmar::tool

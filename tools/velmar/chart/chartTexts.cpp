@@ -62,6 +62,18 @@ struct Content {
     }
 };
 
+std::string quantityText(WindQuantity quantity) {
+    return fmt::format("{}, {}", quantity == WindQuantity::speed ? "wind speed" : quantityName(quantity),
+                       quantity == WindQuantity::speed ? "m/s" : "10⁻⁵ s⁻¹");
+}
+
+std::string strongestText(const Extremes& speeds) {
+    if (speeds.present == 0) return "no data in this area";
+    const auto& [speed, longitude, latitude] = speeds.largest;
+    return fmt::format("strongest wind {:.1f} m/s at {} {}", speed, latitudeText(latitude),
+                       longitudeText(longitude));
+}
+
 }  // namespace
 
 ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown) {
@@ -86,6 +98,20 @@ ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
                                    plainNumber(std::fabs(image.lattice.longitudeStep)),
                                    plainNumber(std::fabs(image.lattice.latitudeStep))),
             .extremes = content.extremesText("brightest", "darkest"),
+            .hasNoData = !content.covers(shown)};
+}
+
+ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity,
+                   const Bounds& shown) {
+    const Content content{boundsOf(field.lattice), field.circlesGlobe(),
+                          findExtremes(field.grid, field.lattice, &shown)};
+    const GridFile speed = windQuantity(file, WindQuantity::speed);
+    const Extremes speeds = findExtremes(speed.values, file.header.lattice, &shown);
+    return {.title = file.title,
+            .subtitle = timesText(file.header),
+            .caption = "streamlines, arrow heads downwind" +
+                       (field.levels.empty() ? "" : "; colours: " + quantityText(quantity)),
+            .extremes = strongestText(speeds),
             .hasNoData = !content.covers(shown)};
 }
 

@@ -4,6 +4,7 @@
 
 #include "byteImageFile.h"
 #include "contours.h"
+#include "windFile.h"
 
 namespace velmar::tool {
 
@@ -18,5 +19,8 @@ struct ChartTexts {
 
 ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown);
 ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown);
+
+/// Of a wind file whose chart has colours for a quantity; the field is the quantity's.
+ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity, const Bounds& shown);
 
 }  // namespace velmar::tool

@@ -15,7 +15,7 @@ constexpr double labelSize = 12.5;
 
 void IsolineLayer::place(Page& page) {
     const float spacing = spacingOf(levelsOf(set_));
-    lines_ = bringToPaper(set_, page.map);
+    lines_ = bringToPaper(set_.lines, set_.tracedLattice(), page.map);
     style_.size = labelSize;
     for (const PaperLine& line : lines_)
         style_.isBold.push_back(isBoldLevel(line.value(), boldValue_, spacing));

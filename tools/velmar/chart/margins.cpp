@@ -40,7 +40,8 @@ void drawCaption(cairo_t* ink, const Sheet& sheet, const ChartTexts& texts) {
     const double width = sheet.size.width - edge - map.left;
     const double first = map.bottom() + degreesHeight + 14;
     const double second = first + 20;
-    drawText(ink, texts.caption, {map.left, first}, Anchor::left, captionLettering, 0, width - keyWidth);
+    drawText(ink, texts.caption, {map.left, first}, Anchor::left, captionLettering, 0,
+             texts.hasNoData ? width - keyWidth : width);
     drawText(ink, texts.extremes, {map.left, second}, Anchor::left, captionLettering, 0, width);
     if (texts.hasNoData) drawNoDataKey(ink, map.right(), first);
 }

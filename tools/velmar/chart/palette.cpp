@@ -17,6 +17,11 @@ constexpr Colour diverging[] = {{0.47, 0.33, 0.69}, {0.30, 0.47, 0.80}, {0.40, 0
                                 {0.70, 0.88, 0.95}, {0.96, 0.97, 0.94}, {1.00, 0.91, 0.62},
                                 {0.99, 0.73, 0.38}, {0.92, 0.46, 0.27}, {0.73, 0.20, 0.22}};
 
+// Of lines on white.
+constexpr Colour strengths[] = {{0.50, 0.66, 0.86}, {0.20, 0.45, 0.82}, {0.00, 0.56, 0.62},
+                                {0.16, 0.62, 0.22}, {0.72, 0.64, 0.00}, {0.93, 0.50, 0.05},
+                                {0.84, 0.13, 0.13}, {0.72, 0.05, 0.50}, {0.42, 0.00, 0.48}};
+
 /// The colour at a place from 0 to 1.
 Colour colourAt(std::span<const Colour> anchors, double place) {
     const double last = static_cast<double>(anchors.size() - 1);
@@ -48,6 +53,14 @@ std::vector<Colour> bandColours(const std::vector<float>& levels) {
         const double steps = (static_cast<double>(k) - zero) / reach;
         colours.push_back(aroundZero ? colourAt(diverging, 0.5 + steps / 2) : colourAt(sequential, steps));
     }
+    return colours;
+}
+
+std::vector<Colour> lineColours(std::size_t bands) {
+    std::vector<Colour> colours;
+    const auto last = static_cast<double>(std::max<std::size_t>(bands, 2) - 1);
+    for (std::size_t k = 0; k < bands; ++k)
+        colours.push_back(colourAt(strengths, static_cast<double>(k) / last));
     return colours;
 }
 

@@ -11,4 +11,7 @@ namespace velmar::tool {
 /// on one side as on the other; all others get colours from light to dark.
 std::vector<Colour> bandColours(const std::vector<float>& levels);
 
+/// A colour for each of so many bands from weak to strong, for lines: all are dark enough to be seen on white.
+std::vector<Colour> lineColours(std::size_t bands);
+
 }  // namespace velmar::tool

@@ -17,11 +17,16 @@ double reach(const TurnedBox& box, PaperPoint direction) {
            2;
 }
 
+/// At least half of the box's diagonal.
+double radiusOf(const TurnedBox& box) { return (box.size.width + box.size.height) / 2; }
+
 }  // namespace
 
 // Two boxes are apart when their shadows on one of the four sides' directions are.
 bool overlap(const TurnedBox& a, const TurnedBox& b) {
     const PaperPoint between = b.center - a.center;
+    const double reaches = radiusOf(a) + radiusOf(b);
+    if (dot(between, between) > reaches * reaches) return false;
     const std::array directions{a.along(), a.across(), b.along(), b.across()};
     return std::ranges::all_of(directions, [&](PaperPoint direction) {
         return std::fabs(dot(between, direction)) < reach(a, direction) + reach(b, direction);

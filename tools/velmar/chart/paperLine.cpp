@@ -123,17 +123,19 @@ PaperBox sightOf(const MapFrame& map) {
     return {box.left - margin, box.top - margin, box.width + 2 * margin, box.height + 2 * margin};
 }
 
-std::vector<PaperLine> bringToPaper(const ContourSet& set, const MapFrame& map) {
-    const double detail = detailOf(set.tracedLattice(), map);
-    std::vector<PaperLine> lines;
-    for (const Isoline& line : set.lines) {
+std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const frame::Lattice& lattice,
+                                    const MapFrame& map) {
+    const double detail = detailOf(lattice, map);
+    std::vector<PaperLine> onPaper;
+    for (const Isoline& line : lines) {
         const Extent extent = extentOf(line);
         // A line of one point has nothing to draw.
         if (line.size() < 2 || extent.south > map.bounds.north || extent.north < map.bounds.south) continue;
         const auto [first, last] = circlesInto(map.bounds, extent.west, extent.east);
-        for (int circles = first; circles <= last; ++circles) lines.emplace_back(line, map, circles, detail);
+        for (int circles = first; circles <= last; ++circles)
+            onPaper.emplace_back(line, map, circles, detail);
     }
-    return lines;
+    return onPaper;
 }
 
 }  // namespace velmar::tool

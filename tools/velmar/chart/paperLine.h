@@ -14,7 +14,7 @@ struct Stretch {
     double to;
 };
 
-/// A contour line on paper.
+/// A contour line, or another line that stands for a value, on paper.
 class PaperLine {
 public:
     /// Brings a line of at least two points to paper, so many circles to the east. Points closer together
@@ -40,8 +40,10 @@ private:
     std::vector<double> lengths_;  ///< from the start to each point
 };
 
-/// All lines of a set that can be seen on a map, each as often as it can be seen.
-std::vector<PaperLine> bringToPaper(const ContourSet& set, const MapFrame& map);
+/// All lines that can be seen on a map, each as often as it can be seen. The lattice is that of the grid that
+/// they come from.
+std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const frame::Lattice& lattice,
+                                    const MapFrame& map);
 
 /// Less than this cannot be seen on a map, or is less than a grid of this lattice can tell.
 double detailOf(const frame::Lattice& lattice, const MapFrame& map);
