@@ -621,6 +621,166 @@ VELMAR_EXPORT float* readWindDivVor(const char* path, int vorticity, float* star
                                     float* lonStepOut, float* latStepOut, int* nxOut,
                                     int* nyOut) VELMAR_NOEXCEPT;
 
+/* ---- Station files ------------------------------------------------------------------------------------- */
+
+/* Read station files whose records are rows of numbers. Type number and keyword are not checked. Header items
+ * are stored in the order of the file, then the records that can be read, in its order: reading stops at the
+ * first that is incomplete, and the count is that of the records read. With a count of 0 or less in the file
+ * the header alone is returned, with that count.
+ *
+ *                       header                                          numbers of a record
+ *   ReadVelmarData1     0 to 3 year, month, day, hour; 4 count          26: the 24 fields of a surface report,
+ *                                                                       then two extra values
+ *   ReadVelmarData2     0 to 3 the same; 4 a fifth item; 5 count        10, of upper-air reports
+ *   ReadVelmarData8     as ReadVelmarData2                              12, of forecasts
+ *   ReadVelmarData16    0 count                                         4
+ *
+ * The file has the extra values of a surface report only where its fields 23 and 24 are 1 and 2; they are 9999
+ * otherwise. No element count stands before the block.
+ *
+ * Return null when the file cannot be opened, the header is incomplete, none of the records that it promises
+ * can be read, or for lack of memory. Release with freecPointer(). */
+VELMAR_EXPORT float* ReadVelmarData1(const char* path) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* ReadVelmarData2(const char* path) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* ReadVelmarData8(const char* path) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* ReadVelmarData16(const char* path) VELMAR_NOEXCEPT;
+
+/* Reads a file of station values ("diamond" type 3; the keyword is not checked), with any number of values a
+ * station.
+ *
+ *   path  the file
+ *
+ * Result, with K values a station, N stations, C contour levels and P points of the boundary:
+ *   0 to 4         year, month, day, hour, level
+ *   5, 6, 7        K, N, C
+ *   next C         the contour levels
+ *   per station    number, longitude, latitude, height, then K values
+ *   then           P
+ *   next 2 P       the boundary, pairs of longitude and latitude
+ * No element count stands before it; there are (K + 4) N + C + 2 P + 9 elements. Reading ends at the first
+ * station without number, place, height and first value; further values that cannot be read are 0. The number
+ * of stations that the file promises is printed.
+ *
+ * Errors, in a one-element block: -1 (told on standard error) to -3; -4 the second line; -5 a contour level;
+ * -6 the items in front of the boundary; -7 the boundary; -9 the counts of values and stations, or a lack of
+ * memory. Errors -2 to -7 are also printed. Release with freecPointer(). */
+VELMAR_EXPORT float* ReadVelmarData3(const char* path) VELMAR_NOEXCEPT;
+
+/* ---- Lines and maps ------------------------------------------------------------------------------------ */
+
+/* Read a file of one line: type 780, and types 777 and 778, which have three more items in front. The keyword
+ * is not checked.
+ *
+ *   path  the file
+ *
+ * Result, with N points:
+ *   0         2 N + 6, the element count
+ *   1 to 4    four header integers; 0 where they cannot be read
+ *   5         N
+ *   next 2 N  pairs of longitude and latitude
+ *
+ * Return null when the file cannot be opened (told on standard error), has another type, when anything else than
+ * the four integers cannot be read, or for lack of memory. Release with freecPointer(). */
+VELMAR_EXPORT float* ReadVelmarData780(const char* path) VELMAR_NOEXCEPT;
+VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
+
+/* Reads a map file (type 9), whose keyword is "diamond" or "March". ONLY THE FIRST CALL of a process returns
+ * lines (or, when a call before it broke off among the lines, the lines up to there); later calls read and check
+ * their file, but return its counts only.
+ *
+ *   path  the file
+ *
+ * Result, with L lines of P points in all:
+ *   0         3 L + 2 P + 1, the index of the last element
+ *   1         L
+ *   per line  its number of points, two attributes, then pairs of longitude and latitude, degrees; longitudes
+ *             below 0 have 360 added
+ * Files of the "diamond" form have 1 and 0 in front whatever follows; attributes of their lines are 1 and 0. The
+ * block is long enough for what element 0 says and for the lines; elements without a line are 0.
+ *
+ * Each call writes a log named C:\readmap9.txt, in the current directory where this names no drive.
+ *
+ * Returns null when the file cannot be opened (told on standard error) or read to its end, or for lack of
+ * memory. Release with deleteMap9Ptr() or freecPointer(). */
+VELMAR_EXPORT float* ReadMap9(const char* path) VELMAR_NOEXCEPT;
+
+/* Releases a block of this library. A null pointer is allowed. */
+VELMAR_EXPORT void deleteMap9Ptr(float* block) VELMAR_NOEXCEPT;
+
+/* ---- Soundings ----------------------------------------------------------------------------------------- */
+
+/* Reads a file of soundings (type 5; keyword "diamond" or "March") and derives freezing level, K index and total
+ * totals of each. They stay inside the library. The number of each sounding is printed. Returns 0, also when the
+ * file cannot be opened (told on standard error) or read. */
+VELMAR_EXPORT int readVelmarData5(const char* path) VELMAR_NOEXCEPT;
+
+/* ---- Rainfall ------------------------------------------------------------------------------------------ */
+
+/* Adds up the rain of stations over a span of time. Files of station values (type 3, one value a station) are
+ * read for each time from the start on, but not the start itself, to the first that is not before the end. The
+ * file of 8 h on 15 July 2008 is 08071508.000, behind the directory and a backslash; where a backslash separates
+ * nothing and there is no such file, behind the directory and a slash.
+ *
+ *   startYear ... startHour  the start; years below 100 have 2000 added
+ *   endYear ... endHour      the end, which is after the start
+ *   directory                where the files are
+ *   stepHours                hours from file to file, at least 1. Unless it is 1, hours must be 2, 8, 14 or 20; 5
+ *                            may be that of the end, and of the start when it is that of the end
+ *
+ * February is taken to have 29 days in every year. Steps of more than 24 hours carry one day only.
+ *
+ * Stations of later files are found by their number; others are appended. A station's total starts with its
+ * value in the first file that has it, then grows by values above 0.011; 9999 counts as none. Stations of number
+ * 0 in later files are not appended.
+ *
+ * Result, with C stations:
+ *   0            5 C + 1, the element count
+ *   per station  number, longitude, latitude, height, total, in the order in which stations have come
+ *
+ * Returns null when start, end or step is not as said, when a file cannot be opened (told on standard error) or
+ * read, when there is no station, or for lack of memory. Release with freecPointer(). */
+VELMAR_EXPORT float* DiscreteAdd(int startYear, int startMonth, int startDay, int startHour, int endYear,
+                                 int endMonth, int endDay, int endHour, const char* directory,
+                                 int stepHours) VELMAR_NOEXCEPT;
+
+/* ---- Regions ------------------------------------------------------------------------------------------- */
+
+/* Loads a file of named boundaries, once for the life of the process: a later call, with whatever file, changes
+ * nothing. Names are cut at 47 bytes. Returns
+ *    1  when it has been read
+ *    0  when a point could not be read; the regions up to there, with the points that could, are there
+ *   -1  when the file cannot be opened or has no head or no region, when one has been loaded before, or for
+ *       lack of memory */
+VELMAR_EXPORT int readRegionData(const char* path) VELMAR_NOEXCEPT;
+
+/* Returns the name of the first region of the file that holds a place, or " " (one blank) when there is none. A
+ * place is inside when the line from longitude 0 to it crosses the boundary an odd number of times or, when it
+ * crosses it nowhere, the line from there to longitude 360 does. Both numbers are printed for each region tried.
+ * The name belongs to the library and is valid for the life of the process.
+ *
+ *   x, y  longitude and latitude, degrees */
+VELMAR_EXPORT const char* countyNameFromRegion(float x, float y) VELMAR_NOEXCEPT;
+
+/* Return the boundary of one region, pairs of longitude and latitude: of the region at a place in the file, from
+ * 0 on, or of the first of a name, compared byte by byte. *count (which may be null) receives the number of points.
+ * Null, with 0 points, when there is no such region. The points belong to the library, must not be changed, and are
+ * valid for the life of the process. */
+VELMAR_EXPORT const float* getSingleRegionBoundaryByOrder(int index, int* count) VELMAR_NOEXCEPT;
+VELMAR_EXPORT const float* getSingleRegionBoundaryByName(const char* name, int* count) VELMAR_NOEXCEPT;
+
+/* Returns the boundaries of all regions of a name.
+ *
+ *   name   compared byte by byte
+ *   total  receives the number of points of all of them; may be null
+ *
+ * Result:
+ *   0           number of regions of the name (not the element count)
+ *   per region  its number of points, then pairs of longitude and latitude
+ *
+ * Returns null, with a total of 0, when no file has been loaded, when name is null, or for lack of memory. Release
+ * with deleteMap9Ptr() or freecPointer(). */
+VELMAR_EXPORT float* getAllRegionBoundaryByName(const char* name, int* total) VELMAR_NOEXCEPT;
+
 #ifdef __cplusplus
 }
 #endif

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "frame/firstLine.h"
+
 namespace velmar::frame {
 
 int scanFieldHeader(TextScanner& in, FieldHeader& header) {
@@ -14,11 +16,11 @@ int scanFieldHeader(TextScanner& in, FieldHeader& header) {
 
 Outcome<GridHeader> readGridHeader(TextScanner& in) {
     GridHeader header{};
-    std::string_view keyword;
-    int type = 0;
-    if (scan(in, keyword, type, header.title) < 3) return Failure{-2};
-    if (type != 4) return Failure{-3};
-    if (keyword != "diamond") return Failure{-4};
+    const std::optional<FirstLine> line = readFirstLine(in);
+    if (!line) return Failure{-2};
+    if (line->type != 4) return Failure{-3};
+    if (line->keyword != "diamond") return Failure{-4};
+    header.title = line->title;
     if (scanFieldHeader(in, header.field) < FieldHeader::fieldCount) return Failure{-5};
     if (scan(in, header.interval, header.startValue, header.endValue, header.smoothing, header.boldValue) <
         5) {

@@ -8,6 +8,8 @@ namespace velmar::frame::messages {
 inline constexpr const char* cannotOpenDataFile = "Cannot open data file %s.\n";
 // Said of wind files, and of files of station values
 inline constexpr const char* cannotOpenWindFile = "Cannot open wind data file.\n";
+// Said of lines, maps and soundings
+inline constexpr const char* cannotOpenMapFile = "Cannot open map data file.\n";
 
 // Choice of contour levels
 
@@ -107,5 +109,26 @@ inline constexpr const char* analysisTitle = "diamond 4 \xBF\xCD\xB9\xDB\xB7\xD6
 inline constexpr const char* noMemoryForStreamlines = "Cannot allocate memory for streamline function\n";
 //     没有箭头
 inline constexpr const char* noArrows = "    \xC3\xBB\xD3\xD0\xBC\xFD\xCD\xB7 \n";
+
+// Soundings
+inline constexpr const char* readingSoundings = "read file %s\n";
+inline constexpr const char* derivingSounding = "Calculate parameters....%d\n";
+
+// Regions
+inline constexpr const char* leftCrossings = "left cross number %d %d\n";
+inline constexpr const char* rightCrossings = "right cross number %d %d\n";
+
+// Log of map files: what stands in front of a number
+inline constexpr const char* mapLineRead = "read data ";
+inline constexpr const char* mapWriting = "write to memory...\n";
+// 数组大小
+inline constexpr const char* mapResultSize = "\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 ";
+// 无法分配内存
+inline constexpr const char* noMemoryForMap = "\xCE\xDE\xB7\xA8\xB7\xD6\xC5\xE4\xC4\xDA\xB4\xE6\n";
+inline constexpr const char* mapLineWritten = "write line ... ";
+inline constexpr const char* mapReleasing = "delete memory\n";
+// Spelled so since the first version
+inline constexpr const char* mapLineReleased = "deete line ...";
+inline constexpr const char* mapReleased = "delete memory end\n";
 
 }  // namespace velmar::frame::messages

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "frame/file.h"
+#include "frame/firstLine.h"
 #include "frame/messages.h"
 
 namespace velmar::wind {
@@ -55,11 +56,9 @@ Outcome<WindFile> readWindFile(const char* path, Lattice& lattice) {
         return Failure{-1};
     }
     TextScanner in(text->view());
-    std::string_view keyword;
-    std::string_view description;
-    int type = 0;
-    if (scan(in, keyword, type, description) < 3) return Failure{-2};
-    if (keyword != "diamond") return Failure{-3};
+    const std::optional<frame::FirstLine> line = frame::readFirstLine(in);
+    if (!line) return Failure{-2};
+    if (line->keyword != "diamond") return Failure{-3};
 
     FieldHeader header{};
     header.lattice = lattice;

@@ -1,0 +1,155 @@
+#include "formats/mapFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <new>
+#include <utility>
+
+#include "frame/file.h"
+#include "frame/messages.h"
+
+namespace velmar::formats {
+namespace {
+
+using frame::ResultBlock;
+using frame::TextScanner;
+namespace messages = frame::messages;
+
+/// The log has this very name on every platform. Where it names no drive, it stands in the current directory.
+constexpr const char* logFile = "C:\\readmap9.txt";
+
+struct LineHead {
+    int points = 0;
+    int attribute1 = 1;
+    int attribute2 = 0;
+};
+
+enum class LineHeadResult { read, atEnd, failed };
+
+/// Reads the head of a line. A head that the end of the file cuts off has failed, unless nothing of it is there.
+LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::ostream& log) {
+    std::array<int, 3> others{};
+    int converted = 0;
+    int wanted = 0;
+    if (form == MapForm::diamond) {
+        frame::LowerCaseWord word;
+        wanted = 5;
+        converted = scan(in, head.points, word, others[0], others[1], others[2]);
+    } else {
+        std::string_view first;
+        std::string_view second;
+        wanted = 8;
+        converted = scan(in, head.points, head.attribute1, head.attribute2, others[0], others[1], others[2],
+                         first, second);
+        if (converted == wanted) log << messages::mapLineRead << head.points << ' ' << second << '\n';
+    }
+    if (converted == wanted) return LineHeadResult::read;
+    return converted == 0 && in.remaining() == 0 ? LineHeadResult::atEnd : LineHeadResult::failed;
+}
+
+bool readPoints(TextScanner& in, std::size_t points, std::vector<float>& coordinates) {
+    if (!in.mayHold(2 * points)) return false;
+    const std::size_t first = coordinates.size();
+    coordinates.resize(first + 2 * points);
+    const std::span<float> read = std::span(coordinates).subspan(first);
+    if (in.read(read) < read.size()) {
+        coordinates.resize(first);
+        return false;
+    }
+    for (std::size_t k = 0; k < read.size(); k += 2)
+        if (read[k] < 0) read[k] += 360.0F;
+    return true;
+}
+
+/// What a result says about the lines of its file. The diamond form has never been counted: hosts find no lines
+/// and 1 there, and the lines behind.
+struct MapCounts {
+    std::size_t lines = 0;
+    std::size_t points = 0;
+
+    std::size_t lastIndex() const { return 3 * lines + 2 * points + 1; }
+};
+
+MapCounts countLines(const MapLines& lines) { return {lines.lines.size(), lines.coordinates.size() / 2}; }
+
+ResultBlock pack(const MapLines& lines, const MapCounts& told, std::ostream& log) try {
+    log << messages::mapResultSize << told.lastIndex() << '\n';
+    const std::size_t size = std::max(told.lastIndex(), countLines(lines).lastIndex()) + 1;
+    ResultBlock block = frame::allocateBlock(size);
+    std::fill_n(block.get(), size, 0.0F);
+    frame::BlockWriter out(block);
+    out.appendCount(told.lastIndex());
+    out.appendCount(told.lines);
+    const float* points = lines.coordinates.data();
+    for (const MapLines::Line& line : lines.lines) {
+        log << messages::mapLineWritten << line.points << '\n';
+        out.appendCount(line.points);
+        out.appendCount(line.attribute1);
+        out.appendCount(line.attribute2);
+        out.append(std::span(points, 2 * line.points));
+        points += 2 * line.points;
+    }
+    return block;
+} catch (const std::bad_alloc&) {
+    log << messages::noMemoryForMap;
+    throw;
+}
+
+}  // namespace
+
+std::optional<MapForm> readMapHead(TextScanner& in) {
+    std::string_view keyword;
+    int type = 0;
+    if (scan(in, keyword, type) < 2 || type != 9) return std::nullopt;
+    const MapForm form = keyword == "diamond" ? MapForm::diamond : MapForm::march;
+    if (form == MapForm::march) {
+        std::string_view name;
+        if (keyword != "March" || !in.read(name)) return std::nullopt;
+    }
+    constexpr int headerIntegers = 10;
+    int unused = 0;
+    for (int k = 0; k < headerIntegers; ++k)
+        if (!in.read(unused)) return std::nullopt;
+    return form;
+}
+
+bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::ostream& log) {
+    for (;;) {
+        LineHead head;
+        const LineHeadResult result = readLineHead(in, form, head, log);
+        if (result != LineHeadResult::read) return result == LineHeadResult::atEnd;
+        const auto points = static_cast<std::size_t>(std::max(head.points, 0));
+        if (!readPoints(in, points, lines.coordinates)) return false;
+        lines.lines.push_back({points, head.attribute1, head.attribute2});
+    }
+}
+
+ResultBlock readMap(const char* path, MapState& state) {
+    std::ofstream log(logFile);
+    const std::optional<frame::FileText> file = frame::readWholeFile(path);
+    if (!file) {
+        std::fputs(messages::cannotOpenMapFile, stderr);
+        return nullptr;
+    }
+    TextScanner in(file->view());
+    const std::optional<MapForm> form = readMapHead(in);
+    if (!form) return nullptr;
+
+    MapLines laterMap;
+    MapLines& own = state.hasFirstMap ? laterMap : state.firstMap;
+    state.hasFirstMap = true;
+    if (!readMapLines(in, *form, own, log)) return nullptr;
+    const MapCounts told = *form == MapForm::march ? countLines(own) : MapCounts{};
+    log << messages::mapWriting;
+    // Every result is made of what is left of the first map of the process, which it then empties.
+    const MapLines handedOut = std::exchange(state.firstMap, {});
+    ResultBlock block = pack(handedOut, told, log);
+    log << messages::mapReleasing;
+    for (const MapLines::Line& line : handedOut.lines)
+        log << messages::mapLineReleased << line.points << '\n';
+    log << messages::mapReleased;
+    return block;
+}
+
+}  // namespace velmar::formats

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "analysis/stationValues.h"
+#include "formats/dateKey.h"
+#include "frame/block.h"
+
+namespace velmar::formats {
+
+/// Rain added up by station number. The table begins with the stations of the first file, in its order;
+/// stations that come later are appended.
+///
+/// The first file is taken as it is, with stations of one number as different ones. In later files a station's
+/// number finds the first station of that number, and amounts of 0.011 and less do not count for it. Number 0 is
+/// not a station's: it is never appended, and one that the first file has gathers everything of a later file
+/// that stations before it in the table have taken already, besides other zeros. All this has always been so.
+class RainTable {
+public:
+    using Station = analysis::StationValue;
+
+    void add(std::span<const Station> file);
+
+    /// The stations, with the totals as their values.
+    std::span<const Station> stations() const { return stations_; }
+
+private:
+    void append(const Station& station);
+    void gather(std::size_t row, std::span<const Station> file);
+
+    std::vector<Station> stations_;
+    std::unordered_map<int, std::size_t> rowOfNumber_;  ///< the first row of each number but 0
+    std::vector<std::size_t> rowsOfZero_;
+    std::vector<std::size_t> takers_;  ///< for each station of a file, the row that has taken it
+};
+
+/// A span of time in steps of so many hours.
+struct RainSpan {
+    DateKey start;  ///< not part of the sum
+    DateKey end;
+    int stepHours;
+};
+
+/// Adds up the files of a directory, as DiscreteAdd describes it; nothing when one of them cannot be read, or no
+/// file has a station.
+frame::ResultBlock accumulateRain(const char* directory, const RainSpan& span);
+
+}  // namespace velmar::formats

@@ -1,0 +1,10 @@
+#include "formats/state.h"
+
+namespace velmar::formats {
+
+FormatsState& state() {
+    static FormatsState instance;
+    return instance;
+}
+
+}  // namespace velmar::formats

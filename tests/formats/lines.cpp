@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "formats/state.h"
+#include "support/files.h"
+#include "support/ownFolder.h"
+#include "support/said.h"
+
+namespace {
+
+using namespace velmar::test;
+
+std::vector<float> elements(const Block& block, std::size_t count) {
+    return {block.get(), block.get() + count};
+}
+
+template <class Read>
+Block readWith(Read read, const std::string& text) {
+    return Block(read(TemporaryFile(text).path().c_str()));
+}
+
+TEST(Polylines, HaveTheirPointsBehindFourIntegers) {
+    const Block block = readWith(ReadVelmarData780, "any 780 coast\n1 2 3 4\n2\n100.5 30 101 31");
+    EXPECT_EQ(elements(block, 10), (std::vector<float>{10, 1, 2, 3, 4, 2, 100.5F, 30, 101, 31}));
+    for (const char* type : {"777", "778"}) {
+        const std::string head = "any " + std::string(type) + " coast 9 1.5 2.5 1 2 3 4 ";
+        EXPECT_EQ(elements(readWith(ReadVelmarData777, head + "1 100.5 30"), 8),
+                  (std::vector<float>{8, 1, 2, 3, 4, 1, 100.5F, 30}));
+        EXPECT_EQ(readWith(ReadVelmarData780, head + "1 100.5 30"), nullptr);
+        EXPECT_EQ(elements(readWith(ReadVelmarData777, head + "-1 100.5 30"), 6),
+                  (std::vector<float>{6, 1, 2, 3, 4, 0}));
+    }
+    for (const char* text : {"", "any 781 x 1 2 3 4 1 5 6", "any 780 x 1 2 3 4", "any 780 x 1 2 3 4 2 5 6 7",
+                             "any 780 x 1 2 3 4 2147483647 5 6"})
+        EXPECT_EQ(readWith(ReadVelmarData780, text), nullptr) << text;
+    EXPECT_EQ(readWith(ReadVelmarData777, "any 777 x 9 1.5 x"), nullptr);
+    EXPECT_EQ(Block(ReadVelmarData780(sample("lines/madagascar.780").c_str()))[5], 251);
+    EXPECT_EQ(Block(ReadVelmarData777(sample("lines/iceland.777").c_str()))[5], 453);
+    EXPECT_EQ(Block(ReadVelmarData777(sample("lines/srilanka.778").c_str()))[5], 76);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(ReadVelmarData777("no/such/file"), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Cannot open map data file.\n");
+}
+
+/// A process returns the lines of its first map only: every test is a new process in this.
+class Maps : public InOwnFolder {
+protected:
+    void SetUp() override {
+        InOwnFolder::SetUp();
+        velmar::formats::state().maps = {};
+    }
+
+    static std::string log() { return textOf("C:\\readmap9.txt"); }
+};
+
+const std::string tenIntegers = " 0 0 0 0 0 0 0 0 0 0\n";
+const std::string march = "March 9 world" + tenIntegers;
+const std::string diamond = "diamond 9" + tenIntegers;
+const std::string marchLines = "2 1 4 0 0 0 a coast\n-10 20 11 21\n1 2 7 0 0 0 b border\n12 22\n";
+
+TEST_F(Maps, AreReadOnceInAProcess) {
+    const Block first = readWith(ReadMap9, march + marchLines);
+    EXPECT_EQ(elements(first, 14), (std::vector<float>{13, 2, 2, 1, 4, 350, 20, 11, 21, 1, 2, 7, 12, 22}));
+    EXPECT_EQ(log(),
+              "read data 2 coast\nread data 1 border\nwrite to memory...\n"
+              "\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 13\nwrite line ... 2\nwrite line ... 1\ndelete memory\n"
+              "deete line ...2\ndeete line ...1\ndelete memory end\n");
+    // The second map is counted, but only zeros stand where its lines would.
+    EXPECT_EQ(elements(readWith(ReadMap9, march + marchLines), 14),
+              (std::vector<float>{13, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(Maps, OfTheDiamondFormAreNotCounted) {
+    const Block block = readWith(ReadMap9, diamond + "2 land 1 2 3\n1 2 3 4\n1 sea 4 5 6\n-1 0\n");
+    EXPECT_EQ(elements(block, 14), (std::vector<float>{1, 0, 2, 1, 0, 1, 2, 3, 4, 1, 1, 0, 359, 0}));
+    EXPECT_EQ(elements(readWith(ReadMap9, diamond), 2), (std::vector<float>{1, 0}));
+}
+
+TEST_F(Maps, ThatBreakOffLeaveTheirLinesToTheNext) {
+    EXPECT_EQ(readWith(ReadMap9, march + marchLines + "3 1 1 0 0"), nullptr);
+    const Block next = readWith(ReadMap9, march + "0 1 1 0 0 0 a b");
+    EXPECT_EQ(elements(next, 14), (std::vector<float>{4, 1, 2, 1, 4, 350, 20, 11, 21, 1, 2, 7, 12, 22}));
+}
+
+TEST_F(Maps, MustBeWhole) {
+    for (const std::string& text :
+         {std::string(), "diamond 8" + tenIntegers, "diamonds 9" + tenIntegers, std::string("March 9"),
+          std::string("diamond 9 1 2 3 4 5 6 7 8 9"), diamond + "x", diamond + "1 LAND 1 2 3 4 5",
+          diamond + "2147483647 land 1 2 3 4 5", march + "2 1 1 0 0 0 a b 1 2 3"})
+        EXPECT_EQ(readWith(ReadMap9, text), nullptr) << text;
+    velmar::formats::state().maps = {};
+    EXPECT_EQ(elements(readWith(ReadMap9, march + "-5 1 1 0 0 0 a b"), 5),
+              (std::vector<float>{4, 1, 0, 1, 1}));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(ReadMap9("no/such/file"), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Cannot open map data file.\n");
+    deleteMap9Ptr(nullptr);
+}
+
+TEST_F(Maps, OfTheWorldAreWhole) {
+    float* const block = ReadMap9(sample("lines/map_world.009").c_str());
+    EXPECT_EQ(block[1], 595);
+    EXPECT_EQ(block[0], 3 * 595 + 2 * 8246 + 1);
+    deleteMap9Ptr(block);
+}
+
+const velmar::formats::SoundingFile& soundings(const std::string& text) {
+    EXPECT_EQ(readVelmarData5(TemporaryFile(text).path().c_str()), 0);
+    return velmar::formats::state().soundings;
+}
+
+TEST(Soundings, GiveFreezingLevelAndIndices) {
+    // The walk ends below 500 hPa, so the temperature there is the 0 that values start with; the second sounding is
+    // frozen, and notes all; the third lacks 500 hPa, and takes it from the second.
+    const auto& file = soundings(
+        "diamond 5 x 8 7 15 8 3\n"
+        "1 100 30 5 30  1000 100 20 18 0 0  850 1500 10 8 0 0  700 3000 2 -4 0 0  600 4200 -4 -9 0 0  500 "
+        "5600 -9 -30 0 0\n"
+        "2 101 31 5 24  950 500 -1 -2 0 0  850 1400 -4 -6 0 0  700 2800 -9 -12 0 0  500 5200 -20 -30 0 0\n"
+        "3 102 32 5 18  1000 100 20 18 0 0  850 1500 10 8 0 0  700 3000 2 -4 0 0\n");
+    EXPECT_EQ(file.year, 2008);
+    ASSERT_EQ(file.soundings.size(), 3U);
+    const auto& [warm, frozen, high] = std::tie(file.soundings[0], file.soundings[1], file.soundings[2]);
+    EXPECT_FLOAT_EQ(warm.freezingHeight, 3400);
+    EXPECT_NEAR(warm.freezingPressure, std::exp((std::log(0.7) * 4 + std::log(0.6) * 2) / 6) * 1000, 0.01);
+    EXPECT_EQ(warm.kIndex, 10 - 0 + 8 - (2 + 4));
+    EXPECT_EQ(warm.totalTotals, 18);
+    EXPECT_EQ(frozen.freezingHeight, 500);
+    EXPECT_EQ(frozen.freezingPressure, 950);
+    EXPECT_EQ(frozen.kIndex, -4 + 20 - 6 - 3);
+    EXPECT_EQ(frozen.totalTotals, -10 + 40);
+    EXPECT_EQ(high.freezingHeight, 0);
+    EXPECT_EQ(high.totalTotals, 18 + 40);
+    EXPECT_EQ(high.levels[1].dewPoint, 8);
+}
+
+TEST(Soundings, AreReadAsFarAsTheyGo) {
+    EXPECT_TRUE(soundings("diamond 4 x 8 7 15 8 1").soundings.empty());
+    EXPECT_TRUE(soundings("Diamond 5 x 8 7 15 8 1").soundings.empty());
+    EXPECT_TRUE(soundings("diamond 5 x 8 7 15 8 0").soundings.empty());
+    EXPECT_TRUE(soundings("diamond 5 x 8").soundings.empty());
+    EXPECT_EQ(soundings("March 5 x 8 7 15 8 2147483647\n1 1 1 1 2147483647 1 2 3 4 5 6 1 2 x")
+                  .soundings[0]
+                  .levels.size(),
+              1U);
+    EXPECT_EQ(soundings("March 5 x 1998 7 15 8 9 1 1 1 1 -6 2 2 2 2 0 3 3").soundings.size(), 2U);
+    TemporaryFile file("March 5 x 8 7 15 8 1 44 1 1 1 0");
+    EXPECT_EQ(said([&] { readVelmarData5(file.path().c_str()); }),
+              "read file " + file.path() + "\nCalculate parameters....44\n");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(readVelmarData5(nullptr), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Cannot open map data file.\n");
+    EXPECT_EQ(readVelmarData5(sample("soundings/sounding_11101100.000").c_str()), 0);
+    EXPECT_EQ(velmar::formats::state().soundings.soundings.size(), 12U);
+}
+
+}  // namespace
