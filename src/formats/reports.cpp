@@ -26,17 +26,16 @@ std::optional<int> readHeader(TextScanner& in, const ReportLayout& layout, Growi
     return value;
 }
 
-/// Reads a record; says whether it is complete. Extra fields are there where the last two fields are 1 and 2.
-bool readRecord(TextScanner& in, const ReportLayout& layout, std::span<float> record) {
-    const auto fields = record.first(layout.fields);
-    const auto extras = record.subspan(layout.fields);
-    if (in.read(fields) < fields.size()) return false;
-    std::ranges::fill(extras, frame::missingInFiles);
-    const bool announced = fields[fields.size() - 2] == 1.0F && fields.back() == 2.0F;
-    return !announced || in.read(extras) == extras.size();
-}
-
 }  // namespace
+
+bool readReport(TextScanner& in, const ReportLayout& layout, std::span<float> report) {
+    const auto fields = report.first(layout.fields);
+    const auto extraFields = report.subspan(layout.fields);
+    std::ranges::fill(extraFields, frame::missingInFiles);
+    if (in.read(fields) < fields.size()) return false;
+    const bool announced = fields[fields.size() - 2] == 1.0F && fields.back() == 2.0F;
+    return !announced || in.read(extraFields) == extraFields.size();
+}
 
 frame::ResultBlock readReports(const char* path, const ReportLayout& layout) {
     const std::optional<frame::FileText> file = frame::readWholeFile(path);
@@ -47,9 +46,9 @@ frame::ResultBlock readReports(const char* path, const ReportLayout& layout) {
     if (!promised) return nullptr;
     if (*promised < 1) return out.finish();
 
-    std::vector<float> record(layout.fields + layout.extraFields);
+    std::vector<float> report(layout.fields + layout.extraFields);
     int count = 0;
-    for (; count < *promised && readRecord(in, layout, record); ++count) out.append(record);
+    for (; count < *promised && readReport(in, layout, report); ++count) out.append(report);
     if (count == 0) return nullptr;
     frame::ResultBlock block = out.finish();
     block[layout.headerIntegers - 1] = static_cast<float>(count);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <span>
+
 #include "frame/block.h"
+#include "frame/scanner.h"
 
 namespace velmar::formats {
 
@@ -16,8 +19,12 @@ inline constexpr ReportLayout upperAirReports{6, 10, 0};  // type 2
 inline constexpr ReportLayout forecastReports{6, 12, 0};  // type 8
 inline constexpr ReportLayout shortReports{1, 4, 0};      // type 16
 
+/// Reads a report, which has room for the extra fields that its type can have; says whether it is complete. Extra
+/// fields are in the file where the last two others are 1 and 2, and 9999 otherwise.
+bool readReport(frame::TextScanner& in, const ReportLayout& layout, std::span<float> report);
+
 /// Reads a file of reports: the integers of its header, with the number of reports that could be read, then
-/// the reports. A report without the extra fields that its type can have gets 9999 for them. Nothing when the file
+/// the reports. Nothing when the file
 /// cannot be opened, its header not be read, or none of the reports that it promises.
 frame::ResultBlock readReports(const char* path, const ReportLayout& layout);
 

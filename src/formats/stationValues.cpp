@@ -69,7 +69,8 @@ Outcome<ResultBlock> readStationValues(const char* path) {
     out.append(std::array{static_cast<float>(h.contourLevels.size())});
     out.append(h.contourLevels);
     const int count = readStations(in, promised, valuesPerStation, out);
-    out.append(std::array{static_cast<float>(h.boundary.size() / 2)});
+    const std::size_t boundaryPoints = h.boundary.size() / 2;
+    out.append(std::array{static_cast<float>(boundaryPoints)});
     out.append(h.boundary);
     ResultBlock block = out.finish();
     block[6] = static_cast<float>(count);

@@ -97,7 +97,7 @@ TEST_F(AnalyseTest, ReadsReportsWithAndWithoutExtraValues) {
         EXPECT_EQ(thirteen.at({100 + k, 30 + k}), -k);
     }
     EXPECT_THAT(analyse(path("stations"), {"-o", "-", "--element", "5"}).err,
-                HasSubstr("no element 5, only 6 to 24"));
+                HasSubstr("no element 5, only 6 to 26"));
     EXPECT_THAT(analyse(path("stations"), {"-o", "-", "--element", "12"}).err,
                 HasSubstr("no station has a value of element 12"));
 }
@@ -229,7 +229,7 @@ TEST_F(AnalyseTest, InfoTellsWhatStationFilesHold) {
     EXPECT_EQ(values["elements"], json::parse(R"([{"element":1,"stations":2,"smallest":1.5,"largest":3}])"));
     const std::string reports = run({"info", write("r", surfaceReports(plane()))}).out;
     EXPECT_THAT(reports, HasSubstr("  stations    400\n"));
-    EXPECT_THAT(reports, HasSubstr("  element 7   400 stations, 130 to 130\n"));
+    EXPECT_THAT(reports, HasSubstr("  element 7   400 stations, 130 to 130; by custom wind direction, °\n"));
     EXPECT_THAT(reports, testing::Not(HasSubstr("element 10")));
     // Files of several values a station are described too.
     const std::string several =

@@ -40,14 +40,22 @@ TEST_F(InfoTest, LeavesMissingValuesOutOfTheExtremes) {
     EXPECT_FALSE(empty.contains("smallest"));
 }
 
-TEST_F(InfoTest, NamesTheOtherKindsOfFiles) {
-    const std::string boundary = write("b", "diamond 778 \xCB\xB9\xC0\xEF\xC0\xBC\xBF\xA8\n2 1 0\n");
+TEST_F(InfoTest, TellsWhatIsInFilesOfLines) {
+    const std::string boundary =
+        write("b", "diamond 778 \xCB\xB9\xC0\xEF\xC0\xBC\xBF\xA8\n2 1 0\n1 2 3 4 2 79 6 82 9");
     const Answer several =
-        run({"info", boundary, write("m", "diamond 9\n0 0 0\n"), write("w", "March 9 WORLD\n")});
+        run({"info", boundary, sample("lines/map_africa.009"), sample("regions/us_states.dat")});
     EXPECT_EQ(several.exitCode, 0);
-    EXPECT_THAT(several.out, HasSubstr("boundary line (diamond 778)\n  title       斯里兰卡\n"));
-    EXPECT_THAT(several.out, HasSubstr("map lines (diamond 9)\n" + path("w")));
-    EXPECT_THAT(several.out, HasSubstr("map lines (March 9)\n  title       WORLD\n"));
+    EXPECT_THAT(several.out, HasSubstr("boundary line (diamond 778)\n  title       斯里兰卡\n"
+                                       "  lines       1, 2 points\n  longitudes  79 to 82\n"));
+    EXPECT_THAT(several.out, HasSubstr("map lines (diamond 9)\n  lines       65, 2947 points\n"));
+    EXPECT_THAT(several.out, HasSubstr("  names       "));
+    const json world = json::parse(run({"info", "--json", sample("lines/map_world.009")}).out);
+    EXPECT_EQ(world["title"], "WORLD110");
+    EXPECT_EQ(world["lines"], 595);
+    EXPECT_EQ(world["points"], 8246);
+    const Answer cut = run({"info", write("m", "March 9 a 0 0 0 0 0 0 0 0 0 0 1 1 1 0 0 0 a b 5 6 2 1 1")});
+    EXPECT_THAT(cut.err, HasSubstr("the file breaks off: 1 lines of it can be read"));
 }
 
 TEST_F(InfoTest, AnswersInValidJsonWhateverTheFilesHold) {

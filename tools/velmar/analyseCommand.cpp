@@ -58,14 +58,6 @@ GridSteps parseSteps(const std::string& text) {
     return {numbers.front(), numbers.back()};
 }
 
-int chooseElement(const StationFile& file, std::optional<int> asked) {
-    const int element = asked.value_or(file.customaryElement);
-    if (element < file.firstElement || element > file.lastElement())
-        throw Problem(fmt::format("its stations have no element {}, only {} to {}", element,
-                                  file.firstElement, file.lastElement()));
-    return element;
-}
-
 std::string remarkOf(const AnalyseOptions& options, int element, std::size_t stations) {
     const auto method =
         std::ranges::find(methods, options.method, [](const auto& entry) { return entry.second; });
@@ -127,9 +119,7 @@ Analysis analyse(const Job& job, const AnalyseOptions& options, const StationFil
 
 void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& reporter) {
     const StationFile file = readStationFile(readFileHead(job.input));
-    if (file.stationCount() < static_cast<std::size_t>(std::max(file.promised, 0)))
-        reporter.tell(job.input, fmt::format("its header promises {} stations, but only {} can be read",
-                                             file.promised, file.stationCount()));
+    reporter.tell(job.input, lackOfStations(file));
     auto [stations, grid] = analyse(job, options, file, reporter);
     const LevelPlan plan = levelsFor(options.levels, file, grid);
     reporter.tell(job.input, plan.notice);
@@ -155,13 +145,14 @@ void addAnalyseCommand(CLI::App& program, int& exitCode) {
     CLI::App* command = program.add_subcommand(
         "analyse",
         "Spread station values over a grid; write it as a grid file or CSV, or draw it as a chart");
-    addOutputOptions(*command, options->output, formats,
-                     "Surface reports (diamond 1) or station values (diamond 3)");
+    addOutputOptions(*command, options->output, formats, "Station files (diamond 1, 2, 3, 8 and 16)");
     command->add_option("--method", options->method, "barnes, cressman or nearest (default barnes)")
         ->transform(CLI::CheckedTransformer(methods).description(""));
-    command->add_option("--element", options->element,
-                        "Which value of a station: the number of the field of a report, 6 to 24 (default 20, "
-                        "the temperature), or of the value in a file of several (default 1)");
+    command->add_option(
+        "--element", options->element,
+        "Which value of a station: the number of the field of a report (default: the "
+        "temperature; that of a list of stations is their height), or of the value in a file of "
+        "several (default 1)");
     command->add_option_function<std::string>(
         "--bounds", [options](const std::string& text) { options->grid.bounds = parseBounds(text); },
         "Area of the grid as west,east,south,north in degrees (default: a degree more than the stations "

@@ -46,15 +46,6 @@ LongitudeRange shortestRange(std::span<const float> longitudes) {
     return {west, west + circle - widestGap};
 }
 
-Bounds boundsRound(const analysis::StationView& stations) {
-    constexpr double margin = 1;
-    const auto [west, east] = shortestRange(stations.longitudes);
-    const auto [south, north] = std::ranges::minmax(stations.latitudes);
-    const double start = std::floor(west - margin);
-    return {start, std::min(std::ceil(east + margin), start + circle),
-            std::max(std::floor(south - margin), -90.0), std::min(std::ceil(north + margin), 90.0)};
-}
-
 Bounds widened(const Bounds& bounds) {
     return {std::floor(bounds.west), std::ceil(bounds.east), std::floor(bounds.south),
             std::ceil(bounds.north)};
@@ -89,6 +80,15 @@ std::string boundsText(const Bounds& bounds) {
 }
 
 }  // namespace
+
+Bounds boundsRound(const analysis::StationView& stations) {
+    constexpr double margin = 1;
+    const auto [west, east] = shortestRange(stations.longitudes);
+    const auto [south, north] = std::ranges::minmax(stations.latitudes);
+    const double start = std::floor(west - margin);
+    return {start, std::min(std::ceil(east + margin), start + circle),
+            std::max(std::floor(south - margin), -90.0), std::min(std::ceil(north + margin), 90.0)};
+}
 
 GridPlan planGrid(const GridRequest& request, const analysis::StationView& stations) {
     const Bounds asked = request.bounds.value_or(boundsRound(stations));

@@ -29,6 +29,10 @@ struct GridPlan {
     std::string notice;  ///< how it differs from what was asked for; empty when it does not
 };
 
+/// The area of stations, of which there must be one, and a degree or two more on each side, in whole degrees.
+/// Stations on both sides of Greenwich or of the date line are brought together.
+Bounds boundsRound(const analysis::StationView& stations);
+
 /// Plans the grid of an analysis. Steps are fitted so that they divide the bounds. A Problem when they do not
 /// fit at all, or would give too many points.
 GridPlan planGrid(const GridRequest& request, const analysis::StationView& stations);

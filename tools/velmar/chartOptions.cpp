@@ -9,6 +9,8 @@
 #include <filesystem>
 
 #include "arguments.h"
+#include "problem.h"
+#include "reporter.h"
 
 namespace velmar::tool {
 namespace {
@@ -37,15 +39,19 @@ std::optional<WindQuantity> quantityNamed(const std::string& word) {
     return quantity == quantities.end() ? std::nullopt : std::optional(*quantity);
 }
 
-void addSize(CLI::App& command, ChartOptions& chart) {
-    command.add_option_function<std::string>(
-        "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
-        "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
-}
-
 void addCenters(CLI::App& command, ChartOptions& chart) {
     command.add_flag("--centers,!--no-centers", chart.centers,
                      "Mark the centres of highs and lows (default: yes)");
+}
+
+LineMap readMap(const std::string& path) {
+    try {
+        LineMap map = readLineMap(readFileHead(path));
+        Reporter(1).tell(path, map.notice);
+        return map;
+    } catch (const Problem& problem) {
+        throw CLI::ValidationError("--map", fmt::format("{}: {}", path, problem.what()));
+    }
 }
 
 }  // namespace
@@ -68,14 +74,34 @@ Bounds parseBounds(const std::string& text) {
     return bounds;
 }
 
+void addSizeOption(CLI::App& command, ChartOptions& chart) {
+    command.add_option_function<std::string>(
+        "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
+        "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
+}
+
+void addMapOption(CLI::App& command, ChartOptions& chart) {
+    command
+        .add_option_function<std::vector<std::string>>(
+            "--map",
+            [&chart](const std::vector<std::string>& paths) {
+                for (const std::string& path : paths) chart.maps.push_back(readMap(path));
+            },
+            "A file of coasts, borders or regions to be drawn on the chart (diamond 9, 10, 777, 778, 780 or "
+            "March 9); may be given several times")
+        ->expected(1)
+        ->take_all();
+}
+
 void addSheetOptions(CLI::App& command, ChartOptions& chart) {
-    addSize(command, chart);
+    addSizeOption(command, chart);
     command.add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
     addCenters(command, chart);
+    addMapOption(command, chart);
 }
 
 void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQuantity>& fillQuantity) {
-    addSize(command, chart);
+    addSizeOption(command, chart);
     const auto take = [&chart, &fillQuantity](const std::string& value) {
         const std::string flagAlone = "true";
         chart.fill = true;
@@ -90,6 +116,7 @@ void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQ
             "and are of its speed, or of what is named: --fill divergence, --fill vorticity")
         ->check(take);
     addCenters(command, chart);
+    addMapOption(command, chart);
 }
 
 std::optional<WindQuantity> takeFillQuantity(std::vector<std::string>& inputs) {

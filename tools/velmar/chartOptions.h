@@ -13,7 +13,13 @@ namespace velmar::tool {
 /// Reads the argument of --bounds, west,east,south,north. Throws CLI::ValidationError.
 Bounds parseBounds(const std::string& text);
 
-/// Adds the options that say what a chart looks like, but for its bounds: --size, --fill, --centers.
+/// Adds --size.
+void addSizeOption(CLI::App& command, ChartOptions& chart);
+
+/// Adds --map.
+void addMapOption(CLI::App& command, ChartOptions& chart);
+
+/// Adds the options that say what a chart looks like, but for its bounds: --size, --fill, --centers, --map.
 void addSheetOptions(CLI::App& command, ChartOptions& chart);
 
 /// The same where --fill may name a quantity of wind files.

@@ -12,7 +12,10 @@ void addContourCommand(CLI::App& program, int& exitCode);
 void addShadeCommand(CLI::App& program, int& exitCode);
 void addChartCommand(CLI::App& program, int& exitCode);
 void addAnalyseCommand(CLI::App& program, int& exitCode);
+void addRainCommand(CLI::App& program, int& exitCode);
 void addRefineCommand(CLI::App& program, int& exitCode);
+void addSoundingCommand(CLI::App& program, int& exitCode);
+void addRegionCommand(CLI::App& program, int& exitCode);
 void addWindCommand(CLI::App& program, int& exitCode);
 void addStreamlinesCommand(CLI::App& program, int& exitCode);
 

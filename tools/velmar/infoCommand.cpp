@@ -9,6 +9,8 @@
 #include "gridFile.h"
 #include "infoLines.h"
 #include "jobs.h"
+#include "mapInfo.h"
+#include "soundingInfo.h"
 #include "stationInfo.h"
 #include "text.h"
 #include "windInfo.h"
@@ -138,7 +140,19 @@ void addWindFileText(const WindFile& file, std::string& text) {
     addWindText(summary, text);
 }
 
-Json describeJson(const std::string& path) {
+LineMap readMap(const std::string& path, const FileHead& head, Reporter& reporter) {
+    LineMap map = readLineMap(head);
+    reporter.tell(path, map.notice);
+    return map;
+}
+
+SoundingFile readSoundings(const std::string& path, const FileHead& head, Reporter& reporter) {
+    SoundingFile file = readSoundingFile(path, head);
+    reporter.tell(path, file.notice());
+    return file;
+}
+
+Json describeJson(const std::string& path, Reporter& reporter) {
     const FileHead head = readFileHead(path);
     Json json{{"file", path},
               {"keyword", head.keyword},
@@ -149,10 +163,12 @@ Json describeJson(const std::string& path) {
     if (isByteImage(head)) addImageJson(readByteImageFile(head), json);
     if (isStationFile(head)) addStationsJson(readStationFile(head), json);
     if (isWindFile(head)) addWindFileJson(readWindFile(path, head), json);
+    if (isLineMap(head)) addMapJson(readMap(path, head, reporter), json);
+    if (isSoundingFile(head)) addSoundingsJson(readSoundings(path, head, reporter), json);
     return json;
 }
 
-std::string describe(const std::string& path) {
+std::string describe(const std::string& path, Reporter& reporter) {
     const FileHead head = readFileHead(path);
     std::string text = path + "\n";
     addLine(text, "file type", fmt::format("{} ({} {})", head.kind.name, head.keyword, head.kind.type));
@@ -161,6 +177,8 @@ std::string describe(const std::string& path) {
     if (isByteImage(head)) addImageText(readByteImageFile(head), text);
     if (isStationFile(head)) addStationsText(readStationFile(head), text);
     if (isWindFile(head)) addWindFileText(readWindFile(path, head), text);
+    if (isLineMap(head)) addMapText(readMap(path, head, reporter), text);
+    if (isSoundingFile(head)) addSoundingsText(readSoundings(path, head, reporter), text);
     return text;
 }
 
@@ -169,11 +187,11 @@ int runInfo(const InfoOptions& options) {
     for (const std::string& input : options.inputs) jobs.push_back({input, "-", {}, {}});
     Json list = Json::array();
     std::string text;
-    const int exitCode = runJobs(jobs, [&](const Job& job, Reporter&) {
+    const int exitCode = runJobs(jobs, [&](const Job& job, Reporter& reporter) {
         if (options.json)
-            list.push_back(describeJson(job.input));
+            list.push_back(describeJson(job.input, reporter));
         else
-            text += describe(job.input);
+            text += describe(job.input, reporter);
     });
     if (options.json && (jobs.size() > 1 || !list.empty())) {
         const Json& result = jobs.size() > 1 ? list : list.front();

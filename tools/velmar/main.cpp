@@ -23,6 +23,9 @@ int main(int argc, char** argv) try {
     addChartCommand(program, exitCode);
     addAnalyseCommand(program, exitCode);
     addRefineCommand(program, exitCode);
+    addRainCommand(program, exitCode);
+    addSoundingCommand(program, exitCode);
+    addRegionCommand(program, exitCode);
     addWindCommand(program, exitCode);
     addStreamlinesCommand(program, exitCode);
     try {

@@ -2,11 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 #include "analysis/selectedStations.h"
 #include "analysis/stationValues.h"
-#include "analysis/surfaceReports.h"
+#include "formats/reports.h"
 #include "frame/scanner.h"
 #include "problem.h"
 
@@ -24,6 +27,7 @@ bool isOnGlobe(float longitude, float latitude) {
 
 StationFile emptyFile(const FileHead& head) {
     StationFile file{};
+    file.type = head.kind.type;
     file.title = head.title;
     file.titleBytes = head.titleBytes;
     return file;
@@ -36,32 +40,60 @@ void setTime(frame::FieldHeader& field, int year, int month, int day, int hour) 
     field.hour = hour;
 }
 
-/// Some reports carry two more values, and say so in their last two fields.
-bool skipExtraValues(frame::TextScanner& in, const analysis::SurfaceReport& report) {
-    if (report.field(23) != 1 || report.field(24) != 2) return true;
-    float value = 0;
-    return in.read(value) && in.read(value);
+/// A type of file whose records are rows of numbers. The fields in front of the first element say which station
+/// it is.
+struct ReportType {
+    int type;
+    formats::ReportLayout layout;
+    int frame::FieldHeader::*
+        fifthItem;  ///< what stands between the hour and the number of stations, if anything
+    int firstElement;
+    int customaryElement;
+};
+
+constexpr std::array reportTypes{
+    ReportType{surfaceReportsType, formats::surfaceReports, nullptr, 6, 20},
+    ReportType{upperAirReportsType, formats::upperAirReports, &frame::FieldHeader::level, 6, 7},
+    ReportType{forecastReportsType, formats::forecastReports, &frame::FieldHeader::forecastHour, 5, 9},
+    ReportType{stationListType, formats::shortReports, nullptr, 4, 4},
+};
+
+const ReportType* reportTypeOf(const FileHead& head) {
+    const auto* const found = std::ranges::find(reportTypes, head.kind.type, &ReportType::type);
+    return found == reportTypes.end() ? nullptr : found;
 }
 
-StationFile readSurfaceReports(const FileHead& head) {
-    constexpr int firstElement = 6;  // what stands before says which station it is
-    constexpr int temperature = 20;
+/// Reads what stands in front of the reports.
+void readReportsHeader(frame::TextScanner& in, const ReportType& type, StationFile& file) {
+    std::string_view word;
+    int number = 0;
+    std::array<int, 6> items{};
+    const auto header = std::span(items).first(type.layout.headerIntegers);
+    if (scan(in, word, number, word) < 3 ||
+        !std::ranges::all_of(header, [&](int& item) { return in.read(item); }))
+        refuseHeader(type.layout.headerIntegers == 1
+                         ? "the number of stations is expected behind the title"
+                         : "year, month, day, hour and the number of stations are expected behind the title");
+    file.promised = header.back();
+    if (header.size() > 1) setTime(file.field, items[0], items[1], items[2], items[3]);
+    if (type.fifthItem) file.field.*type.fifthItem = items[4];
+}
+
+StationFile readReports(const FileHead& head, const ReportType& type) {
+    constexpr std::size_t longitude = 1;
+    constexpr std::size_t latitude = 2;
     frame::TextScanner in(head.file.view());
-    analysis::SurfaceHeader header;
-    if (scanSurfaceHeader(in, header) < analysis::SurfaceHeader::fieldCount)
-        refuseHeader("year, month, day, hour and the number of stations are expected behind the title");
     StationFile file = emptyFile(head);
-    setTime(file.field, header.year, header.month, header.day, header.hour);
-    file.promised = header.reportCount;
-    file.firstElement = firstElement;
-    file.elementCount = static_cast<int>(analysis::SurfaceReport::fieldCount) - firstElement + 1;
-    file.customaryElement = temperature;
-    analysis::SurfaceReport report{};
-    for (int k = 0; k < header.reportCount && readSurfaceReport(in, report) && skipExtraValues(in, report);
-         ++k) {
-        file.longitudes.push_back(report.longitude());
-        file.latitudes.push_back(report.latitude());
-        file.values.insert(file.values.end(), report.fields.begin() + firstElement - 1, report.fields.end());
+    readReportsHeader(in, type, file);
+    std::vector<float> report(type.layout.fields + type.layout.extraFields);
+    const auto elements = std::span(report).subspan(static_cast<std::size_t>(type.firstElement - 1));
+    file.firstElement = type.firstElement;
+    file.elementCount = static_cast<int>(elements.size());
+    file.customaryElement = type.customaryElement;
+    for (int k = 0; k < file.promised && formats::readReport(in, type.layout, report); ++k) {
+        file.longitudes.push_back(report[longitude]);
+        file.latitudes.push_back(report[latitude]);
+        file.values.insert(file.values.end(), elements.begin(), elements.end());
     }
     return file;
 }
@@ -107,22 +139,41 @@ StationFile readStationValues(const FileHead& head) {
 
 }  // namespace
 
+bool isStationFile(const FileHead& head) {
+    return head.kind.type == stationValuesType || reportTypeOf(head) != nullptr;
+}
+
+bool StationFile::hasValue(std::size_t station, int element) const {
+    const float found = value(station, element);
+    return !analysis::isMissing(found) && std::isfinite(found) &&
+           isOnGlobe(longitudes[station], latitudes[station]);
+}
+
 analysis::Stations StationFile::withValue(int element) const {
     analysis::Stations stations;
-    for (std::size_t k = 0; k < stationCount(); ++k) {
-        const float found = value(k, element);
-        if (!analysis::isMissing(found) && std::isfinite(found) && isOnGlobe(longitudes[k], latitudes[k]))
-            stations.add(longitudes[k], latitudes[k], found);
-    }
+    for (std::size_t k = 0; k < stationCount(); ++k)
+        if (hasValue(k, element)) stations.add(longitudes[k], latitudes[k], value(k, element));
     return stations;
 }
 
 StationFile readStationFile(const FileHead& head) {
-    if (head.kind.type == surfaceReportsType) return readSurfaceReports(head);
     if (head.kind.type == stationValuesType) return readStationValues(head);
-    throw Problem(
-        fmt::format("it holds neither surface reports (type {}) nor station values (type {}): {} (type {})",
-                    surfaceReportsType, stationValuesType, head.kind.name, head.kind.type));
+    if (const ReportType* const type = reportTypeOf(head)) return readReports(head, *type);
+    throw Problem(fmt::format("it is no file of stations: {} (type {})", head.kind.name, head.kind.type));
+}
+
+std::string lackOfStations(const StationFile& file) {
+    if (file.promised <= 0 || file.stationCount() >= static_cast<std::size_t>(file.promised)) return {};
+    return fmt::format("its header promises {} stations, but only {} can be read", file.promised,
+                       file.stationCount());
+}
+
+int chooseElement(const StationFile& file, std::optional<int> asked) {
+    const int element = asked.value_or(file.customaryElement);
+    if (element < file.firstElement || element > file.lastElement())
+        throw Problem(fmt::format("its stations have no element {}, only {} to {}", element,
+                                  file.firstElement, file.lastElement()));
+    return element;
 }
 
 }  // namespace velmar::tool

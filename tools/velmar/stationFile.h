@@ -10,23 +10,27 @@
 
 namespace velmar::tool {
 
+// Types of station files.
 inline constexpr int surfaceReportsType = 1;
+inline constexpr int upperAirReportsType = 2;
 inline constexpr int stationValuesType = 3;
+inline constexpr int forecastReportsType = 8;
+inline constexpr int stationListType = 16;
 
-inline bool isStationFile(const FileHead& head) {
-    return head.kind.type == surfaceReportsType || head.kind.type == stationValuesType;
-}
+bool isStationFile(const FileHead& head);
 
-/// A file of surface reports or of station values, read as far as it goes.
+/// A station file, read as far as it goes.
 struct StationFile {
+    int type;
     std::string title;          ///< UTF-8
     std::string titleBytes;     ///< GBK
-    frame::FieldHeader field;   ///< date and level; the rest is 0
+    frame::FieldHeader field;   ///< date, forecast hour and level; what the type does not have is 0
     std::vector<float> levels;  ///< those that the file wants drawn
     float boldValue;
     int promised;  ///< stations, according to the header
 
-    // A station has the elements from the first on: fields of a report, counted from 1, or values.
+    // A station has the elements from the first on: fields of a report, counted from 1, or values. Fields of
+    // which a report has none are missing.
     int firstElement;
     int elementCount;
     int customaryElement;
@@ -36,16 +40,25 @@ struct StationFile {
 
     std::size_t stationCount() const { return longitudes.size(); }
     int lastElement() const { return firstElement + elementCount - 1; }
+    /// Lists of stations have no date.
+    bool hasTime() const { return field.month != 0; }
     float value(std::size_t station, int element) const {
         return values[station * static_cast<std::size_t>(elementCount) +
                       static_cast<std::size_t>(element - firstElement)];
     }
-    /// The stations on the globe that have a value of the element.
+    /// Whether a station lies on the globe and has a value of the element.
+    bool hasValue(std::size_t station, int element) const;
+    /// The stations for which that is so.
     analysis::Stations withValue(int element) const;
 };
 
-/// Reads a file of surface reports (type 1) or station values (type 3); a Problem when its header cannot be
-/// read or it is of another kind.
+/// Reads a station file; a Problem when its header cannot be read or it is of another kind.
 StationFile readStationFile(const FileHead& head);
+
+/// That a file ends before its last station; empty when it does not.
+std::string lackOfStations(const StationFile& file);
+
+/// The element asked for, or else the customary one; a Problem when stations have none of that number.
+int chooseElement(const StationFile& file, std::optional<int> asked);
 
 }  // namespace velmar::tool

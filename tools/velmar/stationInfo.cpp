@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "infoLines.h"
+#include "stationElements.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -43,7 +44,7 @@ std::string rangeText(const std::vector<float>& values) {
 }  // namespace
 
 void addStationsJson(const StationFile& file, Json& json) {
-    json["start"] = startTimeText(file.field);
+    if (file.hasTime()) json["start"] = startTimeText(file.field);
     json["level"] = file.field.level;
     json["levels"] = Json::array();
     for (const float level : file.levels) json["levels"].push_back(writtenNumber(level));
@@ -62,7 +63,7 @@ void addStationsJson(const StationFile& file, Json& json) {
 }
 
 void addStationsText(const StationFile& file, std::string& text) {
-    addLine(text, "start", startTimeText(file.field));
+    if (file.hasTime()) addLine(text, "start", startTimeText(file.field));
     if (file.field.level != 0) addLine(text, "level", levelText(file.field.level));
     const bool whole = file.stationCount() == static_cast<std::size_t>(std::max(file.promised, 0));
     addLine(text, "stations",
@@ -77,9 +78,12 @@ void addStationsText(const StationFile& file, std::string& text) {
         for (const float level : file.levels) levels.push_back(plainNumber(level));
         addLine(text, "contours", fmt::format("{}", fmt::join(levels, ", ")));
     }
-    for (const auto& [element, count, smallest, largest] : rangesOf(file))
+    for (const auto& [element, count, smallest, largest] : rangesOf(file)) {
+        const std::string_view quantity = quantityOf(file.type, element);
         addLine(text, fmt::format("element {}", element),
-                fmt::format("{} stations, {} to {}", count, plainNumber(smallest), plainNumber(largest)));
+                fmt::format("{} stations, {} to {}{}{}", count, plainNumber(smallest), plainNumber(largest),
+                            quantity.empty() ? "" : "; by custom ", quantity));
+    }
 }
 
 }  // namespace velmar::tool

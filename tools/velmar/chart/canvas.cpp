@@ -47,12 +47,20 @@ Surface makeSurface(const std::string& format, PaperSize size, std::string& file
 
 std::string renderPage(const std::string& format, PaperSize size,
                        const std::function<void(cairo_t*)>& paint) {
+    return renderPages(format, size, 1, [&](cairo_t* ink, std::size_t) { paint(ink); });
+}
+
+std::string renderPages(const std::string& format, PaperSize size, std::size_t count,
+                        const std::function<void(cairo_t*, std::size_t)>& paint) {
     std::string file;
     const Surface surface = makeSurface(format, size, file);
     const std::unique_ptr<cairo_t, InkRelease> ink(cairo_create(surface.get()));
-    setColour(ink.get(), white);
-    cairo_paint(ink.get());
-    paint(ink.get());
+    for (std::size_t page = 0; page < count; ++page) {
+        if (page > 0) cairo_show_page(ink.get());
+        setColour(ink.get(), white);
+        cairo_paint(ink.get());
+        paint(ink.get(), page);
+    }
     require(cairo_status(ink.get()));
     if (format == "png") require(cairo_surface_write_to_png_stream(surface.get(), append, &file));
     cairo_surface_finish(surface.get());

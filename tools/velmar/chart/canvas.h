@@ -11,4 +11,8 @@ namespace velmar::tool {
 /// gives up.
 std::string renderPage(const std::string& format, PaperSize size, const std::function<void(cairo_t*)>& paint);
 
+/// The same with several pages, counted from 0; more than one for pdf only.
+std::string renderPages(const std::string& format, PaperSize size, std::size_t count,
+                        const std::function<void(cairo_t*, std::size_t)>& paint);
+
 }  // namespace velmar::tool

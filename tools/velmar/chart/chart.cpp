@@ -1,42 +1,39 @@
 #include "chart/chart.h"
 
-#include "chart/canvas.h"
 #include "chart/centerLayer.h"
 #include "chart/colourBar.h"
 #include "chart/coverageLayer.h"
+#include "chart/drawSheet.h"
 #include "chart/fillLayer.h"
 #include "chart/flowField.h"
 #include "chart/graticuleLayer.h"
 #include "chart/imageLayer.h"
 #include "chart/isolineLayer.h"
-#include "chart/margins.h"
+#include "chart/mapLayer.h"
 #include "chart/palette.h"
+#include "chart/regionLayer.h"
 #include "chart/stationLayer.h"
 #include "chart/streamlineLayer.h"
 
 namespace velmar::tool {
 namespace {
 
-// Colours of the graticule.
-constexpr Colour onWhite{0.55, 0.55, 0.55};
-constexpr Colour onColours{0.35, 0.35, 0.35};
-constexpr Colour onGreys{1.0, 0.85, 0.2};
-
 /// Of streamlines over colours.
 constexpr Colour streamlineInk{0.12, 0.12, 0.16};
 
 /// What lies below the lines.
-Layers groundOf(const ContourSet& set, const std::optional<Fill>& fill) {
+Layers groundOf(const ContourSet& set, const std::optional<Fill>& fill, const std::vector<LineMap>& maps) {
     Layers layers;
     if (fill) {
         layers.push_back(
             std::make_unique<CoverageLayer>(fill->grid.view(), fill->lattice, fill->colours.front()));
         layers.push_back(std::make_unique<FillLayer>(*fill));
-        layers.push_back(std::make_unique<GraticuleLayer>(onColours));
+        layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnColours));
     } else {
         layers.push_back(std::make_unique<CoverageLayer>(set.grid, set.lattice, white));
-        layers.push_back(std::make_unique<GraticuleLayer>(onWhite));
+        layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnWhite));
     }
+    addMaps(layers, maps, fill ? mapOnColours : mapOnWhite);
     return layers;
 }
 
@@ -46,25 +43,13 @@ std::optional<Fill> fillOf(const ContourSet& set, const ChartOptions& options) {
     return hasBands ? std::optional(fillContours(set)) : std::nullopt;
 }
 
-Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill, bool centers,
-                const std::vector<PlacedValue>& stations) {
-    Layers layers = groundOf(set, fill);
+Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill,
+                const ChartOptions& options, const std::vector<PlacedValue>& stations) {
+    Layers layers = groundOf(set, fill, options.maps);
     layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
     layers.push_back(std::make_unique<StationLayer>(stations));
-    if (centers) layers.push_back(std::make_unique<CenterLayer>(set));
+    if (options.centers) layers.push_back(std::make_unique<CenterLayer>(set));
     return layers;
-}
-
-/// What charts of all kinds have in common.
-std::string drawSheet(const Sheet& sheet, const Layers& layers, const ChartTexts& texts,
-                      const std::function<void(cairo_t*)>& drawBar, const std::string& format) {
-    return renderPage(format, sheet.size, [&](cairo_t* ink) {
-        Page page{ink, sheet.map, {}};
-        drawMap(page, layers);
-        drawBar(ink);
-        drawTitle(ink, sheet, texts);
-        drawCaption(ink, sheet, texts);
-    });
 }
 
 }  // namespace
@@ -79,8 +64,7 @@ std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOp
     };
     ChartTexts texts = textsOf(file, set, shown);
     if (!stations.remark.empty()) texts.subtitle += "   " + stations.remark;
-    return drawSheet(sheet, layersOf(file, set, fill, options.centers, stations.stations), texts, drawBar,
-                     format);
+    return drawSheet(sheet, layersOf(file, set, fill, options, stations.stations), texts, drawBar, format);
 }
 
 std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format) {
@@ -88,9 +72,24 @@ std::string drawChart(const ByteImageFile& image, const ChartOptions& options, c
     const Sheet sheet = layOut(shown, options.size, greyBarWidth());
     Layers layers;
     layers.push_back(std::make_unique<ImageLayer>(image));
-    layers.push_back(std::make_unique<GraticuleLayer>(onGreys));
+    layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnGreys));
+    addMaps(layers, options.maps, mapOnGreys);
     const auto drawBar = [&](cairo_t* ink) { drawGreyBar(ink, sheet.map); };
     return drawSheet(sheet, layers, textsOf(image, shown), drawBar, format);
+}
+
+std::string drawChart(const LineMap& map, const ChartOptions& options, const std::string& format) {
+    const Bounds shown = options.bounds.value_or(boundsOf(map));
+    const Sheet sheet = layOut(shown, options.size, 0);
+    const bool hasNames = std::ranges::any_of(map.lines, [](const auto& line) { return !line.name.empty(); });
+    Layers layers;
+    if (hasNames) layers.push_back(std::make_unique<RegionLayer>(map));
+    layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnWhite));
+    addMaps(layers, options.maps, mapOnWhite);
+    layers.push_back(std::make_unique<MapLayer>(map, mapOnColours));
+    if (hasNames) layers.push_back(std::make_unique<RegionNameLayer>(map));
+    return drawSheet(
+        sheet, layers, textsOf(map), [](cairo_t*) {}, format);
 }
 
 std::string drawChart(const WindFile& file, const WindColours& colours, std::optional<int> density,
@@ -109,7 +108,7 @@ std::string drawChart(const WindFile& file, const WindColours& colours, std::opt
     const StreamlineSet streamlines =
         traceStreamlines(flow, density.value_or(densityFor(flow, sheet.map)), lineLevels);
 
-    Layers layers = groundOf(field, fill);
+    Layers layers = groundOf(field, fill, options.maps);
     layers.push_back(std::make_unique<StreamlineLayer>(streamlines, flow.header.lattice,
                                                        fill ? std::vector{streamlineInk} : bands));
     const auto drawBar = [&](cairo_t* ink) {

@@ -7,6 +7,7 @@
 #include "byteImageFile.h"
 #include "chart/paper.h"
 #include "contours.h"
+#include "lineMap.h"
 #include "windFile.h"
 
 namespace velmar::tool {
@@ -16,6 +17,7 @@ struct ChartOptions {
     std::optional<PaperSize> size;  ///< a customary one, cut to the map's shape, when not set
     bool centers = true;
     bool fill = false;
+    std::vector<LineMap> maps;  ///< drawn over areas and pictures and under all else
 };
 
 /// Stations to be plotted.
@@ -39,6 +41,9 @@ std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOp
 
 /// A byte image as a picture. Options of lines play no part.
 std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format);
+
+/// Lines of a map; those of regions with their names.
+std::string drawChart(const LineMap& map, const ChartOptions& options, const std::string& format);
 
 /// A wind field with its streamlines over bands of a quantity or, when the chart is not filled, coloured by
 /// bands of their speed: the quantity is speed then. Without a density they get one that suits the map.

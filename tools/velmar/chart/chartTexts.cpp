@@ -8,6 +8,8 @@
 
 #include "chart/levelSpacing.h"
 #include "chart/mapFrame.h"
+#include "chart/mapLayer.h"
+#include "chart/stationChart.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -54,13 +56,13 @@ struct Content {
         return extremes.missing == 0 && allLongitudes && bounds.south <= shown.south &&
                shown.north <= bounds.north;
     }
-
-    std::string extremesText(std::string_view most, std::string_view least) const {
-        if (extremes.present == 0) return "no data in this area";
-        return fmt::format("{} {}, {} {}", most, placedText(extremes.largest), least,
-                           placedText(extremes.smallest));
-    }
 };
+
+std::string extremesText(const Extremes& extremes, std::string_view most, std::string_view least) {
+    if (extremes.present == 0) return "no data in this area";
+    return fmt::format("{} {}, {} {}", most, placedText(extremes.largest), least,
+                       placedText(extremes.smallest));
+}
 
 std::string quantityText(WindQuantity quantity) {
     return fmt::format("{}, {}", quantity == WindQuantity::speed ? "wind speed" : quantityName(quantity),
@@ -74,6 +76,30 @@ std::string strongestText(const Extremes& speeds) {
                        longitudeText(longitude));
 }
 
+bool isInside(const Bounds& area, float longitude, float latitude) {
+    const auto [first, last] = circlesInto(area, longitude, longitude);
+    return first <= last && area.south <= latitude && latitude <= area.north;
+}
+
+Extremes findExtremes(const StationFile& file, int element, const Bounds& area) {
+    Extremes extremes;
+    for (std::size_t k = 0; k < file.stationCount(); ++k) {
+        if (!file.hasValue(k, element) || !isInside(area, file.longitudes[k], file.latitudes[k])) continue;
+        const PlacedValue place{file.value(k, element), file.longitudes[k], file.latitudes[k]};
+        if (extremes.present == 0 || place.value < extremes.smallest.value) extremes.smallest = place;
+        if (extremes.present == 0 || place.value > extremes.largest.value) extremes.largest = place;
+        ++extremes.present;
+    }
+    return extremes;
+}
+
+std::string plotText(const StationFile& file, const StationPlot& plot) {
+    std::string text = plot.quantity.empty() ? "values" : plot.quantity;
+    if (file.elementCount > 1) text += fmt::format(" (field {})", plot.element);
+    if (plot.wind) text += ", and wind";
+    return text;
+}
+
 }  // namespace
 
 ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown) {
@@ -84,7 +110,7 @@ ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& sh
     return {.title = file.title,
             .subtitle = timesText(file.header.field),
             .caption = levelsText(set, file.header.boldValue),
-            .extremes = content.extremesText("highest", "lowest"),
+            .extremes = extremesText(content.extremes, "highest", "lowest"),
             .hasNoData = !content.covers(shown)};
 }
 
@@ -97,7 +123,7 @@ ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
             .caption = fmt::format("{} x {} pixels of {}° x {}°", grid.nx, grid.ny,
                                    plainNumber(std::fabs(image.lattice.longitudeStep)),
                                    plainNumber(std::fabs(image.lattice.latitudeStep))),
-            .extremes = content.extremesText("brightest", "darkest"),
+            .extremes = extremesText(content.extremes, "brightest", "darkest"),
             .hasNoData = !content.covers(shown)};
 }
 
@@ -113,6 +139,26 @@ ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity q
                        (field.levels.empty() ? "" : "; colours: " + quantityText(quantity)),
             .extremes = strongestText(speeds),
             .hasNoData = !content.covers(shown)};
+}
+
+ChartTexts textsOf(const LineMap& map) {
+    const bool hasBorders =
+        std::ranges::any_of(map.lines, [](const LineMap::Line& line) { return isBorder(line); });
+    return {
+        .title = map.title,
+        .subtitle = {},
+        .caption = fmt::format("{} line{}, {} points{}", map.lines.size(), map.lines.size() == 1 ? "" : "s",
+                               map.coordinates.size() / 2, hasBorders ? "; coasts dark, borders light" : ""),
+        .extremes = {},
+        .hasNoData = false};
+}
+
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bounds& shown) {
+    return {.title = file.title,
+            .subtitle = file.hasTime() ? timesText(file.field) : "",
+            .caption = plotText(file, plot),
+            .extremes = extremesText(findExtremes(file, plot.element, shown), "highest", "lowest"),
+            .hasNoData = false};
 }
 
 }  // namespace velmar::tool

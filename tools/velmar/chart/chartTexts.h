@@ -4,9 +4,13 @@
 
 #include "byteImageFile.h"
 #include "contours.h"
+#include "lineMap.h"
+#include "stationFile.h"
 #include "windFile.h"
 
 namespace velmar::tool {
+
+struct StationPlot;
 
 /// What is written around a map.
 struct ChartTexts {
@@ -19,6 +23,8 @@ struct ChartTexts {
 
 ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown);
 ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown);
+ChartTexts textsOf(const LineMap& map);
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bounds& shown);
 
 /// Of a wind file whose chart has colours for a quantity; the field is the quantity's.
 ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity, const Bounds& shown);

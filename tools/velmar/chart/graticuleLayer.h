@@ -4,6 +4,11 @@
 
 namespace velmar::tool {
 
+// Colours that can be seen on what lies below the lines.
+inline constexpr Colour graticuleOnWhite{0.55, 0.55, 0.55};
+inline constexpr Colour graticuleOnColours{0.35, 0.35, 0.35};
+inline constexpr Colour graticuleOnGreys{1.0, 0.85, 0.2};
+
 /// Meridians and parallels.
 class GraticuleLayer : public Layer {
 public:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "chart/mapFrame.h"
@@ -34,6 +35,8 @@ public:
     virtual ~Layer() = default;
     virtual void place(Page&) {}
     virtual void draw(Page& page) const = 0;
+    /// What the caption should say of a layer that has taken its places: how much of it found one.
+    virtual std::string remark() const { return {}; }
 };
 
 using Layers = std::vector<std::unique_ptr<Layer>>;

@@ -1,7 +1,6 @@
 #include "chart/paperLine.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "chart/rounding.h"
 
@@ -27,7 +26,8 @@ Extent extentOf(const Isoline& line) {
     return extent;
 }
 
-/// The part of the way from one point to another that lies inside a rectangle, in fractions of the way.
+}  // namespace
+
 std::optional<Stretch> partInside(PaperPoint from, PaperPoint to, const PaperBox& box) {
     Stretch part{0, 1};
     const auto narrow = [&](double start, double end, double low, double high) {
@@ -42,8 +42,6 @@ std::optional<Stretch> partInside(PaperPoint from, PaperPoint to, const PaperBox
     narrow(from.y, to.y, box.top, box.bottom());
     return part.from <= part.to ? std::optional(part) : std::nullopt;
 }
-
-}  // namespace
 
 PaperLine::PaperLine(const Isoline& line, const MapFrame& map, int circles, double detail)
     : value_(line.value) {

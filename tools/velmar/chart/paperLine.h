@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "chart/mapFrame.h"
@@ -13,6 +14,9 @@ struct Stretch {
     double from;
     double to;
 };
+
+/// The part of the way from one point to another that lies inside a rectangle, in fractions of the way.
+std::optional<Stretch> partInside(PaperPoint from, PaperPoint to, const PaperBox& box);
 
 /// A contour line, or another line that stands for a value, on paper.
 class PaperLine {

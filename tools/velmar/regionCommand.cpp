@@ -1,0 +1,119 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "arguments.h"
+#include "commands.h"
+#include "fileHead.h"
+#include "formats/regions.h"
+#include "geoJson.h"
+#include "jobs.h"
+#include "lineMap.h"
+#include "problem.h"
+#include "text.h"
+
+namespace velmar::tool {
+namespace {
+
+struct RegionOptions {
+    std::string input;
+    std::vector<GeoPoint> places;
+    bool list = false;  ///< also without places
+    bool json = false;
+};
+
+formats::RegionTable readTable(const std::string& path, Reporter& reporter) {
+    const FileHead head = readFileHead(path);
+    if (head.kind.type != regionFileType)
+        throw Problem(fmt::format("it holds no regions: {} (type {})", head.kind.name, head.kind.type));
+    frame::TextScanner in(head.file.view());
+    formats::RegionTable table;
+    formats::readRegionHead(in);
+    if (formats::readRegions(in, table) == formats::RegionsRead::pointMissing)
+        reporter.tell(path, fmt::format("the file breaks off in region {}", table.regions.size()));
+    if (table.regions.empty()) throw Problem("no region of it can be read");
+    return table;
+}
+
+std::string nameIn(const formats::RegionTable& table, const formats::Region& region) {
+    return gbkToUtf8(table.nameOf(region));
+}
+
+/// The name of the region that holds a place; a place on a map of 0 to 360 degrees may be west of Greenwich.
+std::string nameAt(const formats::RegionTable& table, const GeoPoint& place) {
+    for (const float circles : {0.0F, 360.0F, -360.0F})
+        if (const formats::Region* region =
+                formats::findRegion(table, place.longitude + circles, place.latitude))
+            return nameIn(table, *region);
+    return {};
+}
+
+GeoPoint parsePlace(const std::string& text) {
+    const std::vector<double> numbers = parseNumbers("--at", text);
+    if (numbers.size() != 2)
+        throw CLI::ValidationError("--at",
+                                   fmt::format("\"{}\": a longitude and a latitude are expected", text));
+    return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1])};
+}
+
+std::string placesText(const formats::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
+    Json json = Json::array();
+    std::string text;
+    for (const GeoPoint& place : places) {
+        const std::string name = nameAt(table, place);
+        json.push_back({{"longitude", writtenNumber(place.longitude)},
+                        {"latitude", writtenNumber(place.latitude)},
+                        {"region", name.empty() ? Json() : Json(name)}});
+        text += fmt::format("{}\n", name.empty() ? "(no region)" : name);
+    }
+    return asJson ? json.dump(2) + "\n" : text;
+}
+
+std::string listText(const formats::RegionTable& table, bool asJson) {
+    Json json = Json::array();
+    std::string text;
+    for (const formats::Region& region : table.regions) {
+        const auto& [west, east, south, north] = region.bounds;
+        const std::string name = nameIn(table, region);
+        Json entry{{"region", name}, {"points", region.points}};
+        std::string bounds = "nowhere";
+        if (west <= east && south <= north) {
+            for (const float bound : {west, east, south, north})
+                entry["bounds"].push_back(writtenNumber(bound));
+            bounds = fmt::format("{} to {}, {} to {}", plainNumber(west), plainNumber(east),
+                                 plainNumber(south), plainNumber(north));
+        }
+        json.push_back(entry);
+        text += fmt::format("{}  {} points, {}\n", name, region.points, bounds);
+    }
+    return asJson ? json.dump(2) + "\n" : text;
+}
+
+int runRegion(const RegionOptions& options) {
+    return runJobs({{options.input, "-", {}, {}}}, [&](const Job& job, Reporter& reporter) {
+        const formats::RegionTable table = readTable(job.input, reporter);
+        writeOutput("-", options.places.empty() ? listText(table, options.json)
+                                                : placesText(table, options.places, options.json));
+    });
+}
+
+}  // namespace
+
+void addRegionCommand(CLI::App& program, int& exitCode) {
+    const auto options = std::make_shared<RegionOptions>();
+    CLI::App* command = program.add_subcommand("region", "Say in which region of a file a place lies");
+    command->add_option("FILE", options->input, "A region file (diamond 10)")->required();
+    CLI::Option* at = command->add_option_function<std::vector<std::string>>(
+        "--at",
+        [options](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) options->places.push_back(parsePlace(text));
+        },
+        "A place, as longitude,latitude in degrees; may be given more than once");
+    at->allow_extra_args(false);
+    command->add_flag("--list", options->list, "List the regions (also without --at)")->excludes(at);
+    command->add_flag("--json", options->json, "Answer in JSON");
+    command->callback([options, &exitCode] { exitCode = runRegion(*options); });
+}
+
+}  // namespace velmar::tool

@@ -1,0 +1,52 @@
+#include "soundingCharts.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <map>
+
+#include "chart/soundingChart.h"
+#include "problem.h"
+#include "soundingFile.h"
+
+namespace velmar::tool {
+namespace {
+
+SoundingFile withOnly(const SoundingFile& file, const Sounding& sounding) {
+    return {.title = file.title, .time = file.time, .promised = 1, .soundings = {sounding}};
+}
+
+/// A picture of each sounding. Further soundings of one station are counted from 2.
+void drawIntoFolder(const Job& job, const SoundingFile& file, const std::optional<PaperSize>& size) {
+    const std::filesystem::path output(job.output);
+    std::map<int, int> seen;
+    for (const Sounding& sounding : file.soundings) {
+        const int count = ++seen[sounding.number];
+        const std::string name = fmt::format("{}_{}{}.{}", output.stem().string(), sounding.number,
+                                             count > 1 ? fmt::format("_{}", count) : "", job.format);
+        writeOutput((output.parent_path() / name).string(),
+                    drawSoundings(withOnly(file, sounding), size, job.format));
+    }
+}
+
+}  // namespace
+
+void chartSoundings(const Job& job, const FileHead& head, const SoundingChartRequest& request,
+                    Reporter& reporter) {
+    SoundingFile file = readSoundingFile(job.input, head);
+    reporter.tell(job.input, file.notice());
+    if (request.station) keepStation(file, *request.station);
+    if (file.soundings.empty()) throw Problem("it has no sounding that can be read");
+    if (job.format == "pdf") return writeOutput(job.output, drawSoundings(file, request.size, job.format));
+    if (request.intoFolder) return drawIntoFolder(job, file, request.size);
+    const Sounding& first = file.soundings.front();
+    if (file.soundings.size() > 1)
+        reporter.tell(
+            job.input,
+            fmt::format("this is station {}, the first of {} soundings; --station chooses another, a "
+                        "pdf or --out-dir takes all",
+                        first.number, file.soundings.size()));
+    writeOutput(job.output, drawSoundings(withOnly(file, first), request.size, job.format));
+}
+
+}  // namespace velmar::tool

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+#include "chart/paper.h"
+#include "fileHead.h"
+#include "jobs.h"
+
+namespace velmar::tool {
+
+struct SoundingChartRequest {
+    std::optional<int> station;  ///< the number of the one to be drawn
+    std::optional<PaperSize> size;
+    bool intoFolder;  ///< where there is room for a file a station
+};
+
+/// Draws a file of soundings and writes the charts: a pdf has a page a station, a folder gets a picture a station,
+/// named by its number; a single picture is that of the first station.
+void chartSoundings(const Job& job, const FileHead& head, const SoundingChartRequest& request,
+                    Reporter& reporter);
+
+}  // namespace velmar::tool
