@@ -9,13 +9,13 @@ runs. Fails when the total lengths of the lines, or the areas of the bands, diff
 import ctypes
 import os
 import sys
-import time
 
 import contourpy
 import numpy as np
 
+from timing import best_time, table_output
+
 SIDES = (500, 1000, 2000, 4000)
-REPEATS = 5
 LEVELS = np.arange(-6, 7, dtype=np.float32) * 13
 FloatPointer = ctypes.POINTER(ctypes.c_float)
 
@@ -71,15 +71,6 @@ def raw_lines(block):
 
 def total_length(lines):
     return sum(np.hypot(*np.diff(line, axis=0).T).sum() for line in lines)
-
-
-def best_time(work):
-    times = []
-    for _ in range(REPEATS):
-        begin = time.perf_counter()
-        work()
-        times.append(time.perf_counter() - begin)
-    return 1e3 * min(times)
 
 
 def require_equal(what, own, peer):
@@ -184,9 +175,7 @@ def print_times(table, head, rows):
 def main():
     library = load(os.path.abspath(sys.argv[1]))
     speed = read_grid(sys.argv[2])
-    # Progress texts go where they do not mix with the tables.
-    table = os.fdopen(os.dup(1), 'w')
-    os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
+    table = table_output()
     smooth = [(f'{side} x {side}', smooth_field(side)) for side in SIDES]
     print_times(table, 'contour lines', ((name, compare_lines(library, name, field)) for name, field in smooth))
     fields = [(f'{name}, one strip', field, LEVELS) for name, field in smooth]

@@ -10,15 +10,15 @@ as many points in less than a twentieth of the time.
 import ctypes
 import os
 import sys
-import time
 
 import matplotlib
 matplotlib.use('Agg')
 import matplotlib.pyplot as plt  # noqa: E402: the backend comes first
 import numpy as np  # noqa: E402
 
+from timing import best_time  # noqa: E402
+
 DENSITIES = (1, 5, 6, 7, 8, 10, 14)
-REPEATS = 5
 FloatPointer = ctypes.POINTER(ctypes.c_float)
 
 
@@ -54,28 +54,20 @@ def draw_by_peer(axes, wind):
     return axes.streamplot(*wind, density=2, color=np.hypot(*wind[2:]))
 
 
-def best(repeats, work):
-    times = []
-    for _ in range(repeats):
-        begin = time.perf_counter()
-        result = work()
-        times.append(time.perf_counter() - begin)
-    return 1e3 * min(times), result
-
-
 def main():
     library = load(os.path.abspath(sys.argv[1]))
     path = os.fsencode(sys.argv[2])
     wind = read_wind(library, path)
     axes = plt.figure().gca()
-    peer_time, lines = best(2, lambda: draw_by_peer(axes, wind))
-    peer_points = len(lines.lines.get_segments())
+    peer_time = best_time(lambda: draw_by_peer(axes, wind), repeats=2)
+    peer_points = len(draw_by_peer(axes, wind).lines.get_segments())
     print(f'| streamlines of {os.path.basename(sys.argv[2])} | time, ms | points | times as fast |\n'
           '|---|---:|---:|---:|\n'
           f'| matplotlib {matplotlib.__version__}, density 2 | {peer_time:.0f} | {peer_points} | |')
     is_faster = False
     for density in DENSITIES:
-        own_time, points = best(REPEATS, lambda: draw(library, path, density))
+        own_time = best_time(lambda: draw(library, path, density))
+        points = draw(library, path, density)
         print(f'| velmarBaseA, density {density} | {own_time:.1f} | {points} | {peer_time / own_time:.0f} |')
         is_faster |= points >= peer_points and 20 * own_time < peer_time
     if not is_faster:

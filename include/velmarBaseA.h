@@ -30,6 +30,8 @@
 #ifndef VELMAR_BASE_A_H
 #define VELMAR_BASE_A_H
 
+#include <stdint.h>
+
 #if defined(_WIN32)
 #define VELMAR_EXPORT __declspec(dllexport)
 #elif defined(__GNUC__)
@@ -780,6 +782,55 @@ VELMAR_EXPORT const float* getSingleRegionBoundaryByName(const char* name, int* 
  * Returns null, with a total of 0, when no file has been loaded, when name is null, or for lack of memory. Release
  * with deleteMap9Ptr() or freecPointer(). */
 VELMAR_EXPORT float* getAllRegionBoundaryByName(const char* name, int* total) VELMAR_NOEXCEPT;
+
+/* ---- Triangles and the sphere -------------------------------------------------------------------------- */
+
+/* Draws contour lines straight from station values, over a network of triangles (docs/limitations.md tells what
+ * its rules make of odd arrangements of stations).
+ *
+ *   x, y        n longitudes and latitudes, degrees; not changed
+ *   values      n values. THEY ARE CHANGED: one less than 0.035 from a level moves by 0.05, up from a level above
+ *               0, down from another
+ *   levels      list of levels (mode 2), otherwise unused and may be null
+ *   n           number of stations, at least 3
+ *   mode        0: multiples of the interval within the range of the values. Where the smallest value is between
+ *                  -interval and 0, the level 0 is left out.
+ *               1: start + k * interval for k from 0 to 49, if start is not above the largest value
+ *               2: the levels of the list
+ *   start       mode 1
+ *   interval    modes 0 (above 0) and 1
+ *   levelCount  length of the list, below 50; printed with what was at their places before
+ *
+ * There are 50 levels at most. The first triangle is that of station 0, the station nearest to it, and the station
+ * nearest to the middle between them that is more than 2 degrees off their line. Each open edge is then extended to
+ * the station beyond it that sees it under the largest angle; station 0 is never that one.
+ *
+ * Result, with L lines of P(1) ... P(L) points:
+ *   0         1 + 2 L + 2 (P(1) + ... + P(L)), the element count
+ *   per line  its number of points, its level, then P pairs x, y; levels in their order; a closed line repeats its
+ *             first point, or one less than 0.005 degrees from it
+ * The element count, and after each line the index of the next free element, are printed.
+ *
+ * Returns the ADDRESS of the block as an integer, as wide as a pointer; 0 when there is no line, when n is below 3,
+ * when mode is another, when a pointer that is needed is null, or for lack of memory. Release the block with
+ * freecPointer(). */
+VELMAR_EXPORT intptr_t SanJiao(const float* x, const float* y, float* values, const float* levels, int n,
+                               int mode, float start, float interval, int levelCount) VELMAR_NOEXCEPT;
+
+/* Gives the way from one place to another along a great circle, on a sphere of 6371.11 km.
+ *
+ *   lon1, lat1  the start, degrees
+ *   lon2, lat2  the end, degrees
+ *   bearing     receives the direction at the start, radians clockwise from north, 0 to 2 pi
+ *   angle       receives the angle at the earth's centre, radians
+ *   distance    receives the distance, km
+ * Outputs may be null. The same place gives 0 for all three.
+ *
+ * The cosine of the angle is kept in single precision, and small angles are lost in it: distances of 100 km are
+ * right to some 40 m, those of 10 km to some 400 m, and places 1 km apart may come out 9 km apart. Nearly opposite places may give a not-a-number, and so may a start at a pole
+ * for the bearing. */
+VELMAR_EXPORT void FJJS2(float lon1, float lat1, float lon2, float lat2, float* bearing, float* angle,
+                         float* distance) VELMAR_NOEXCEPT;
 
 #ifdef __cplusplus
 }

@@ -6,7 +6,7 @@ programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev l
                  fonts-wqy-microhei fonts-dejavu-core)
 testPackages=(libgtest-dev libgmock-dev)
 stylePackages=(clang-format clang-tidy git)
-benchPackages=(libbenchmark-dev python3-contourpy python3-matplotlib python3-numpy)
+benchPackages=(libbenchmark-dev python3-contourpy python3-matplotlib python3-numpy python3-scipy)
 
 step() { printf '== %s\n' "$*" >&2; }
 

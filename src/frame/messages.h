@@ -131,4 +131,11 @@ inline constexpr const char* mapReleasing = "delete memory\n";
 inline constexpr const char* mapLineReleased = "deete line ...";
 inline constexpr const char* mapReleased = "delete memory end\n";
 
+// Contours of stations
+inline constexpr const char* copiedLevel = "%f %f %d\n";
+// 总申请内存大小
+inline constexpr const char* stationLinesSize =
+    "\xD7\xDC\xC9\xEA\xC7\xEB\xC4\xDA\xB4\xE6\xB4\xF3\xD0\xA1 %d\n";
+inline constexpr const char* nextElement = "%d";
+
 }  // namespace velmar::frame::messages
