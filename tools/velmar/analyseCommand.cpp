@@ -12,10 +12,9 @@
 #include "commands.h"
 #include "gridWriter.h"
 #include "jobs.h"
-#include "levels.h"
 #include "problem.h"
-#include "shading.h"
 #include "stationFile.h"
+#include "stationLevels.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -64,21 +63,6 @@ std::string remarkOf(const AnalyseOptions& options, int element, std::size_t sta
     return fmt::format("{}, element {} of {} stations", method->first, element, stations);
 }
 
-/// The levels asked for, by the user or else by the file.
-LevelPlan levelsFor(const LevelOptions& options, const StationFile& file, const GridFile& grid) {
-    constexpr std::size_t mostLevels = 1000;
-    const Extremes extremes = findExtremes(grid.values, {});
-    const std::vector<float> listed = ascending(file.levels);
-    const bool usable =
-        listed.size() <= mostLevels && extremes.present > 0 && std::ranges::any_of(listed, [&](float level) {
-            return level > extremes.smallest.value && level < extremes.largest.value;
-        });
-    if (!options.given() && usable) return {listed, {}};
-    LevelPlan plan = planLevels(options, grid.values);
-    std::ranges::sort(plan.levels);
-    return plan;
-}
-
 /// Tells the levels to the header, or automatic ones where it cannot hold them: it has room for even steps only.
 void setHints(frame::GridHeader& header, std::vector<float> levels, const frame::GridView& values) {
     if (evenStep(levels) <= 0) levels = planLevels(LevelOptions{}, values).levels;
@@ -121,7 +105,7 @@ void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& report
     const StationFile file = readStationFile(readFileHead(job.input));
     reporter.tell(job.input, lackOfStations(file));
     auto [stations, grid] = analyse(job, options, file, reporter);
-    const LevelPlan plan = levelsFor(options.levels, file, grid);
+    const LevelPlan plan = planStationLevels(options.levels, file, grid.values);
     reporter.tell(job.input, plan.notice);
     setHints(grid.header, plan.levels, grid.values);
     if (job.format == gridFormat)

@@ -18,5 +18,7 @@ void addSoundingCommand(CLI::App& program, int& exitCode);
 void addRegionCommand(CLI::App& program, int& exitCode);
 void addWindCommand(CLI::App& program, int& exitCode);
 void addStreamlinesCommand(CLI::App& program, int& exitCode);
+void addTrianglesCommand(CLI::App& program, int& exitCode);
+void addDistanceCommand(CLI::App& program, int& exitCode);
 
 }  // namespace velmar::tool

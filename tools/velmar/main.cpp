@@ -28,6 +28,8 @@ int main(int argc, char** argv) try {
     addRegionCommand(program, exitCode);
     addWindCommand(program, exitCode);
     addStreamlinesCommand(program, exitCode);
+    addTrianglesCommand(program, exitCode);
+    addDistanceCommand(program, exitCode);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

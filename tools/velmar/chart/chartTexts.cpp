@@ -161,4 +161,11 @@ ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bound
             .hasNoData = false};
 }
 
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const ContourSet& lines,
+                   const Bounds& shown) {
+    ChartTexts texts = textsOf(file, plot, shown);
+    texts.caption += "; " + levelsText(lines, file.boldValue);
+    return texts;
+}
+
 }  // namespace velmar::tool

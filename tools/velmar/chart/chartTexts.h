@@ -26,6 +26,10 @@ ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown);
 ChartTexts textsOf(const LineMap& map);
 ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bounds& shown);
 
+/// The same with lines that are drawn from the stations.
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const ContourSet& lines,
+                   const Bounds& shown);
+
 /// Of a wind file whose chart has colours for a quantity; the field is the quantity's.
 ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity, const Bounds& shown);
 
