@@ -1,4 +1,5 @@
 #include "streamlines.h"
+#include "windQuantity.h"
 
 #include <fmt/format.h>
 

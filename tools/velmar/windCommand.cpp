@@ -8,7 +8,7 @@
 #include "commands.h"
 #include "gridWriter.h"
 #include "jobs.h"
-#include "windFile.h"
+#include "windQuantity.h"
 
 namespace velmar::tool {
 namespace {

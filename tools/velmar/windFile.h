@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "gridFile.h"
 
@@ -26,16 +25,5 @@ WindFile readWindFile(const std::string& path, const FileHead& head);
 
 /// Wind speed; missing where a component is.
 float windSpeed(float u, float v);
-
-/// What can be computed from a wind field.
-enum class WindQuantity { speed, divergence, vorticity };
-
-/// "speed", "divergence", "vorticity"
-std::string_view quantityName(WindQuantity quantity);
-
-/// A quantity as a grid file of the same place and time, with levels in its header that suit it: wind speed in
-/// m/s, divergence and relative vorticity in 1/s, times the scale. Points where it cannot be computed are
-/// missing; in a field that circles the globe those on both sides of the seam are computed.
-GridFile windQuantity(const WindFile& file, WindQuantity quantity, float scale = 1);
 
 }  // namespace velmar::tool

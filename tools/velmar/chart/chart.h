@@ -8,7 +8,7 @@
 #include "chart/paper.h"
 #include "contours.h"
 #include "lineMap.h"
-#include "windFile.h"
+#include "windQuantity.h"
 
 namespace velmar::tool {
 

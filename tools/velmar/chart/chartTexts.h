@@ -6,7 +6,7 @@
 #include "contours.h"
 #include "lineMap.h"
 #include "stationFile.h"
-#include "windFile.h"
+#include "windQuantity.h"
 
 namespace velmar::tool {
 

@@ -21,7 +21,8 @@ struct Feathers {
 
     explicit Feathers(double metresPerSecond) {
         constexpr double most = 300;
-        const int halves = static_cast<int>(std::min(std::fmax(metresPerSecond, 0), most) / 2.5 + 0.5);
+        const auto halves =
+            static_cast<int>(std::lround(std::min(std::fmax(metresPerSecond, 0), most) / 2.5));
         pennants = halves / 10;
         barbs = halves % 10 / 2;
         halfBarbs = halves % 2;
