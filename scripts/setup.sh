@@ -5,7 +5,7 @@ buildPackages=(g++ cmake ninja-build pkg-config)
 programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev libfmt-dev
                  fonts-wqy-microhei fonts-dejavu-core)
 testPackages=(libgtest-dev libgmock-dev)
-bindingPackages=(mono-mcs mono-runtime libmono-system-core4.0-cil)
+bindingPackages=(mono-mcs mono-runtime libmono-system-core4.0-cil python3-numpy)
 stylePackages=(clang-format clang-tidy git)
 benchPackages=(libbenchmark-dev python3-contourpy python3-matplotlib python3-numpy python3-scipy)
 
