@@ -24,4 +24,12 @@ std::vector<double> parseNumbers(const std::string& option, const std::string& t
     }
 }
 
+GeoPoint parsePlace(const std::string& option, const std::string& text) {
+    const std::vector<double> numbers = parseNumbers(option, text);
+    if (numbers.size() != 2)
+        throw CLI::ValidationError(option,
+                                   fmt::format("\"{}\": a longitude and a latitude are expected", text));
+    return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1])};
+}
+
 }  // namespace velmar::tool

@@ -25,17 +25,16 @@ struct DistanceOptions {
     bool json = false;
 };
 
-GeoPoint parsePlace(const std::string& name, const std::string& text) {
-    const std::vector<double> numbers = parseNumbers(name, text);
-    if (numbers.size() != 2 || std::fabs(numbers[1]) > 90)
-        throw CLI::ValidationError(
-            name, fmt::format("\"{}\": a longitude and a latitude from -90 to 90 are expected", text));
-    return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1])};
+GeoPoint parsePlaceOnEarth(const std::string& name, const std::string& text) {
+    const GeoPoint place = parsePlace(name, text);
+    if (std::fabs(place.latitude) > 90)
+        throw CLI::ValidationError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
+    return place;
 }
 
 int tellDistance(const DistanceOptions& options) {
-    const GeoPoint from = parsePlace("FROM", options.from);
-    const GeoPoint to = parsePlace("TO", options.to);
+    const GeoPoint from = parsePlaceOnEarth("FROM", options.from);
+    const GeoPoint to = parsePlaceOnEarth("TO", options.to);
     float bearing = 0;
     float angle = 0;
     float distance = 0;

@@ -6,19 +6,14 @@
 #include <set>
 
 #include "infoLines.h"
-#include "text.h"
+#include "valueRange.h"
 
 namespace velmar::tool {
 namespace {
 
-struct Range {
-    float smallest;
-    float largest;
-};
-
 /// Of the longitudes (axis 0) or the latitudes (axis 1); there are points.
-Range rangeOf(const LineMap& map, std::size_t axis) {
-    Range range{map.coordinates[axis], map.coordinates[axis]};
+ValueRange rangeOf(const LineMap& map, std::size_t axis) {
+    ValueRange range{map.coordinates[axis], map.coordinates[axis]};
     for (std::size_t k = axis; k < map.coordinates.size(); k += 2)
         range = {std::min(range.smallest, map.coordinates[k]), std::max(range.largest, map.coordinates[k])};
     return range;
@@ -29,14 +24,6 @@ std::size_t countNames(const LineMap& map) {
     for (const LineMap::Line& line : map.lines)
         if (!line.name.empty()) names.insert(line.name);
     return names.size();
-}
-
-Json rangeJson(const Range& range) {
-    return {{"smallest", writtenNumber(range.smallest)}, {"largest", writtenNumber(range.largest)}};
-}
-
-std::string rangeText(const Range& range) {
-    return fmt::format("{} to {}", plainNumber(range.smallest), plainNumber(range.largest));
 }
 
 }  // namespace

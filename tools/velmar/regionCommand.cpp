@@ -49,14 +49,6 @@ std::string nameAt(const formats::RegionTable& table, const GeoPoint& place) {
     return {};
 }
 
-GeoPoint parsePlace(const std::string& text) {
-    const std::vector<double> numbers = parseNumbers("--at", text);
-    if (numbers.size() != 2)
-        throw CLI::ValidationError("--at",
-                                   fmt::format("\"{}\": a longitude and a latitude are expected", text));
-    return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1])};
-}
-
 std::string placesText(const formats::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
     Json json = Json::array();
     std::string text;
@@ -107,7 +99,7 @@ void addRegionCommand(CLI::App& program, int& exitCode) {
     CLI::Option* at = command->add_option_function<std::vector<std::string>>(
         "--at",
         [options](const std::vector<std::string>& texts) {
-            for (const std::string& text : texts) options->places.push_back(parsePlace(text));
+            for (const std::string& text : texts) options->places.push_back(parsePlace("--at", text));
         },
         "A place, as longitude,latitude in degrees; may be given more than once");
     at->allow_extra_args(false);

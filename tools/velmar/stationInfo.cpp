@@ -7,6 +7,7 @@
 #include "infoLines.h"
 #include "stationElements.h"
 #include "text.h"
+#include "valueRange.h"
 
 namespace velmar::tool {
 namespace {
@@ -31,14 +32,9 @@ std::vector<ElementRange> rangesOf(const StationFile& file) {
     return ranges;
 }
 
-Json rangeJson(const std::vector<float>& values) {
+ValueRange rangeOf(const std::vector<float>& values) {
     const auto [smallest, largest] = std::ranges::minmax(values);
-    return {{"smallest", writtenNumber(smallest)}, {"largest", writtenNumber(largest)}};
-}
-
-std::string rangeText(const std::vector<float>& values) {
-    const auto [smallest, largest] = std::ranges::minmax(values);
-    return fmt::format("{} to {}", plainNumber(smallest), plainNumber(largest));
+    return {smallest, largest};
 }
 
 }  // namespace
@@ -51,8 +47,8 @@ void addStationsJson(const StationFile& file, Json& json) {
     json["stations"] = file.stationCount();
     json["promised"] = file.promised;
     if (file.stationCount() > 0) {
-        json["longitudes"] = rangeJson(file.longitudes);
-        json["latitudes"] = rangeJson(file.latitudes);
+        json["longitudes"] = rangeJson(rangeOf(file.longitudes));
+        json["latitudes"] = rangeJson(rangeOf(file.latitudes));
     }
     json["elements"] = Json::array();
     for (const auto& [element, count, smallest, largest] : rangesOf(file))
@@ -70,8 +66,8 @@ void addStationsText(const StationFile& file, std::string& text) {
             fmt::format("{}{}", file.stationCount(),
                         whole ? "" : fmt::format(", but its header promises {}", file.promised)));
     if (file.stationCount() > 0) {
-        addLine(text, "longitudes", rangeText(file.longitudes));
-        addLine(text, "latitudes", rangeText(file.latitudes));
+        addLine(text, "longitudes", rangeText(rangeOf(file.longitudes)));
+        addLine(text, "latitudes", rangeText(rangeOf(file.latitudes)));
     }
     if (!file.levels.empty()) {
         std::vector<std::string> levels;
