@@ -97,13 +97,13 @@ float* gagexps(const float* grid, int nx, int ny, int fx, int fy, float undef) n
     const GridView coarse{grid, nx, ny};
     if (grid == nullptr || coarse.size() == 0 || fx < 1 || fy < 1) return nullptr;
     const auto refined = [](int lines, int factor) {
-        return (static_cast<std::size_t>(lines) - 1) * static_cast<std::size_t>(factor) + 1;
+        return (static_cast<std::uint64_t>(lines) - 1) * static_cast<std::uint64_t>(factor) + 1;
     };
     return guarded<float*>(nullptr, [&]() -> float* {
-        const std::size_t columns = refined(nx, fx);
-        const std::size_t rows = refined(ny, fy);
+        const std::uint64_t columns = refined(nx, fx);
+        const std::uint64_t rows = refined(ny, fy);
         if (rows > std::numeric_limits<std::size_t>::max() / sizeof(float) / columns) return nullptr;
-        ResultBlock fine = allocateBlock(columns * rows);
+        ResultBlock fine = allocateBlock(static_cast<std::size_t>(columns * rows));
         refineInto(coarse, undef, {fx, fy}, CubicForm::descending, fine.get());
         return fine.release();
     });

@@ -75,7 +75,10 @@ MapCounts countLines(const MapLines& lines) { return {lines.lines.size(), lines.
 
 ResultBlock pack(const MapLines& lines, const MapCounts& told, std::ostream& log) try {
     log << messages::mapResultSize << told.lastIndex() << '\n';
-    const std::size_t size = std::max(told.lastIndex(), countLines(lines).lastIndex()) + 1;
+    // A host that steps through as many lines as it is told stays within the block, even when others are there.
+    MapCounts there = countLines(lines);
+    there.lines = std::max(there.lines, told.lines);
+    const std::size_t size = std::max(told.lastIndex(), there.lastIndex()) + 1;
     ResultBlock block = frame::allocateBlock(size);
     std::fill_n(block.get(), size, 0.0F);
     frame::BlockWriter out(block);

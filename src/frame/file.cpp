@@ -1,7 +1,9 @@
 #include "frame/file.h"
 
+#include <sys/stat.h>
+
+#include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <limits>
 #include <memory>
 #include <new>
@@ -20,11 +22,12 @@ struct FileClose {
 
 std::optional<FileText> readWholeFile(const char* path) {
     if (path == nullptr) return std::nullopt;
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+    // Not by std::filesystem, which takes the bytes for UTF-8 on Windows: there a path is in the code page.
+    struct stat status {};
+    if (stat(path, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    const auto size = static_cast<std::uintmax_t>(status.st_size);
     const std::unique_ptr<std::FILE, FileClose> file(std::fopen(path, "rb"));
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (file == nullptr || error) return std::nullopt;
+    if (file == nullptr) return std::nullopt;
     if (size > std::numeric_limits<std::size_t>::max()) throw std::bad_alloc();
     FileText text{std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size)), 0};
     text.size = std::fread(text.bytes.get(), 1, static_cast<std::size_t>(size), file.get());

@@ -15,7 +15,7 @@ struct FileText {
     std::string_view view() const { return {bytes.get(), size}; }
 };
 
-/// Reads a regular file as long as it is when it is opened, or less when it shrinks meanwhile. Nothing when
+/// Reads a regular file as long as it is before it is opened, or less when it shrinks meanwhile. Nothing when
 /// it cannot be opened; anything else than a regular file counts as that: a directory has no bytes, and a
 /// pipe or a device could keep the host waiting for ever.
 std::optional<FileText> readWholeFile(const char* path);

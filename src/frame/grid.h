@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace velmar::frame {
@@ -8,9 +11,13 @@ namespace velmar::frame {
 /// Grid points without data carry this value in the files of the diamond family.
 inline constexpr float missingInFiles = 9999.0F;
 
-/// Number of values of an nx by ny grid; a grid whose nx or ny is not positive holds none.
+/// Number of values of an nx by ny grid; a grid whose nx or ny is not positive holds none. A number that no memory and
+/// no file can hold, as those of a 32-bit host, comes out as one that leaves room for what is added to it.
 constexpr std::size_t valueCount(int nx, int ny) {
-    return nx > 0 && ny > 0 ? static_cast<std::size_t>(nx) * static_cast<std::size_t>(ny) : 0;
+    constexpr std::uint64_t most = std::numeric_limits<std::size_t>::max() / 2;
+    if (nx <= 0 || ny <= 0) return 0;
+    return static_cast<std::size_t>(
+        std::min(static_cast<std::uint64_t>(nx) * static_cast<std::uint64_t>(ny), most));
 }
 
 /// A grid somebody else owns: element (column i, row j) is values[j * nx + i].

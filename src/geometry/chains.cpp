@@ -78,7 +78,7 @@ private:
     std::size_t listOf(std::int64_t column, std::int64_t row) const {
         const auto mixed = static_cast<std::uint64_t>(column) * 0x9E3779B97F4A7C15U +
                            static_cast<std::uint64_t>(row) * 0xC2B2AE3D27D4EB4FU;
-        return (mixed >> 32U) & (heads_.size() - 1);
+        return static_cast<std::size_t>(mixed >> 32U) & (heads_.size() - 1);
     }
 
     std::uint32_t& headOf(Point point) { return heads_[listOf(cellAlong(point.x), cellAlong(point.y))]; }

@@ -1,12 +1,13 @@
 #include "wind/flagGrid.h"
 
+#include <cstddef>
 #include <limits>
 #include <new>
 
 namespace velmar::wind {
 
 FlagGrid::FlagGrid(std::int64_t columns, std::int64_t rows) : columns_(columns), rows_(rows) {
-    if (columns > std::numeric_limits<std::int64_t>::max() / rows) throw std::bad_alloc();
+    if (columns > std::numeric_limits<std::ptrdiff_t>::max() / rows) throw std::bad_alloc();
     // One word more than the flags need: flagsFrom reads two at a time.
     words_.resize(wordOf(columns * rows) + 2);
 }

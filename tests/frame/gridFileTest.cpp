@@ -10,6 +10,10 @@
 #include "support/files.h"
 #include "velmarBaseA.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
 namespace {
 
 using testing::ElementsAre;
@@ -65,8 +69,19 @@ INSTANTIATE_TEST_SUITE_P(All, GridSamples,
                                          "speed10m_global_1deg.000", "t2m_namerica_s2n.000",
                                          "t850_global_s2n.000"),
                          [](const auto& info) {
-                             return std::string(info.param, std::strchr(info.param, '.'));
+                             const std::string name = info.param;
+                             return name.substr(0, name.find('.'));
                          });
+
+#if defined(_WIN32)
+TEST(GridFile, HasAPathInTheCodePage) {
+    if (GetACP() != 936) GTEST_SKIP() << "the code page is not GBK";
+    const std::filesystem::path path(L"\u9AD8\u5EA6.000");
+    std::ofstream(path) << gridText(3, 2, "2.5", "1 2 3 4 5 6");
+    EXPECT_EQ(Block(readVelmar4("\xB8\xDF\xB6\xC8.000"))[0], 22);
+    std::filesystem::remove(path);
+}
+#endif
 
 TEST(GridFile, LaysOutTheResult) {
     const Block block = readText(gridText(3, 2, "2.5", "1 9999 -3\n0x10 1e1 6 surplus"));
