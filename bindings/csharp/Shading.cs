@@ -3,7 +3,7 @@ using System.IO;
 
 namespace Velmar
 {
-    /// <summary>A polygon of filled contours; its last point joins its first.</summary>
+    /// <summary>A polygon of filled contours; its last point is its first again.</summary>
     public sealed class ShadedPolygon
     {
         internal ShadedPolygon(BlockCursor cursor)

@@ -113,7 +113,7 @@ TEST_F(ValueFiles, ReportWhatIsWrong) {
             << text;
     };
     const auto part = [](int number) {
-        return "\xB6\xC1\xCE\xC4\xBC\xFE\xB4\xED\xCE\xF3" + std::to_string(number) + "\n";
+        return std::string("\xB6\xC1\xCE\xC4\xBC\xFE\xB4\xED\xCE\xF3").append(std::to_string(number)) + "\n";
     };
     expectCode(-2, "diamond 3", part(1));
     expectCode(-3, "diamond 4 title", part(2));

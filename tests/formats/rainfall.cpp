@@ -107,11 +107,13 @@ TEST_F(RainFiles, AreReadFromTheStepAfterTheStartToTheFirstNotBeforeTheEnd) {
               (std::vector<float>{16, 7, 100.5F, 30, 12, 5.25F, 9, 101, 31, 13, 0, 8, 102, 32, 14, 0.01F}));
 }
 
+#if !defined(_WIN32)  // where backslashes separate
 TEST_F(RainFiles, MayHaveBackslashesInTheirNames) {
     write(".\\08071514.000", "7 100.5 30 12 1.0", 1);
     write("08071514.000", "7 100.5 30 12 2.0", 1);
     EXPECT_EQ(totals(add(8, 14, 6)), (std::vector<float>{1}));
 }
+#endif
 
 TEST_F(RainFiles, AreAddedBetweenHoursOfObservationOnly) {
     for (const char* name : {"08071508.000", "08071511.000", "08071505.000", "08071506.000"})

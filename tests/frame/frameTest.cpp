@@ -15,6 +15,15 @@
 #include "frame/numbers.h"
 #include "velmarBaseA.h"
 
+#if defined(_WIN32)
+#include <objbase.h>
+constexpr auto marshalledArray = CoTaskMemAlloc;
+constexpr auto freeMarshalledArray = CoTaskMemFree;
+#else
+constexpr auto marshalledArray = std::malloc;
+constexpr auto freeMarshalledArray = std::free;
+#endif
+
 namespace {
 
 using namespace velmar::frame;
@@ -34,20 +43,18 @@ TEST(Probes, SumAndChangeIntegers) {
     EXPECT_EQ(TestArrayOfInts(nullptr, 3), 0);
 }
 
-#if !defined(_WIN32)
 TEST(Probes, ReplaceAnArrayByFiveElementsWhateverItsCount) {
     for (const auto& [count, sum] : {std::pair{5, 15}, {2, 3}, {0, 0}, {-1, 0}}) {
-        auto* array = static_cast<int*>(std::malloc(5 * sizeof(int)));
+        auto* array = static_cast<int*>(marshalledArray(5 * sizeof(int)));
         for (int k = 0; k < 5; ++k) array[k] = k + 1;
         int newCount = count;
         EXPECT_EQ(TestRefArrayOfInts(&array, &newCount), sum);
         EXPECT_EQ(newCount, 5);
         EXPECT_EQ(std::vector<int>(array, array + 5), (std::vector{101, 102, 103, 104, 105}));
-        std::free(array);
+        freeMarshalledArray(array);
     }
     EXPECT_EQ(TestRefArrayOfInts(nullptr, nullptr), 0);
 }
-#endif
 
 TEST(Release, TakesNull) {
     freecPointer(nullptr);

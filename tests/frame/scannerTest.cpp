@@ -18,11 +18,11 @@ using velmar::frame::TextScanner;
 
 namespace {
 
+#if defined(__GLIBC__)
+
 std::string restOf(TextScanner in, const std::string& text) {
     return text.substr(text.size() - in.remaining());
 }
-
-#if defined(__GLIBC__)
 
 /// Reads one field with the C library; returns how many converted and what it left.
 template <class... Field>

@@ -1,6 +1,6 @@
-"""Draws the contour lines of a grid file with its centres of highs and lows.
+"""Draws the contour lines of a grid file with its centres of highs and lows, and over the lines of a map file.
 
-  plot.py GRID PNG
+  plot.py GRID PNG [MAP]
 """
 import sys
 
@@ -12,12 +12,15 @@ from matplotlib.collections import LineCollection  # noqa: E402
 
 import velmar  # noqa: E402
 
-LINE_COLOUR, HIGH_COLOUR, LOW_COLOUR = "#1a2a6c", "#0b3fd6", "#c40000"
+LINE_COLOUR, HIGH_COLOUR, LOW_COLOUR, MAP_COLOUR = "#1a2a6c", "#0b3fd6", "#c40000", "#a0a0a0"
 PAPER = {"facecolor": "white", "edgecolor": "none", "pad": 0.5}
 REFINEMENT = 4
 CENTRE_SPACING = 14  # degrees
 LABEL_SPACING, SAME_LINE_SPACING, FRAME_SPACING = 45, 280, 20  # pixels
 STEEPEST_LABEL = 60  # degrees
+
+# Titles may be Chinese.
+plt.rcParams["font.family"] = ["DejaVu Sans", "WenQuanYi Micro Hei"]
 
 
 def smooth_lines(grid):
@@ -74,13 +77,38 @@ def is_free(pixel, others, spacing):
     return all(np.hypot(*(pixel - other)) > spacing for other in others)
 
 
+def draw_map(axes, path, west):
+    """Lines are broken where they leave the map on one side and come back on the other."""
+    lines = []
+    for longitudes, latitudes in (line.T for line in velmar.read_map(path)):
+        longitudes = west + (longitudes - west) % 360
+        jumps = np.flatnonzero(np.abs(np.diff(longitudes)) > 180) + 1
+        lines += np.split(np.column_stack([longitudes, latitudes]), jumps)
+    axes.add_collection(LineCollection(lines, colors=MAP_COLOUR, linewidths=0.8, zorder=1))
+
+
+def title_of(path):
+    """What the first line of a file says behind its keyword and its type."""
+    with open(path, encoding="gbk", errors="replace") as file:
+        return " ".join(file.readline().split()[2:])
+
+
+def longitude_text(longitude, _=None):
+    longitude = (longitude + 180) % 360 - 180
+    return f"{abs(longitude):g}°{'' if longitude in (0, -180) else 'E' if longitude > 0 else 'W'}"
+
+
+def latitude_text(latitude, _=None):
+    return f"{abs(latitude):g}°{'N' if latitude > 0 else 'S' if latitude < 0 else ''}"
+
+
 def empty_map(title, note, west, east, south, north):
     figure, axes = plt.subplots(figsize=(12, 6.6), layout="constrained")
     axes.set(xlim=(west, east), ylim=(south, north))
     axes.xaxis.set_major_locator(matplotlib.ticker.MultipleLocator(30))
     axes.yaxis.set_major_locator(matplotlib.ticker.MultipleLocator(20))
-    axes.xaxis.set_major_formatter(lambda x, _: f"{180 - abs(x % 360 - 180):g}°{'W' if x % 360 > 180 else 'E'}")
-    axes.yaxis.set_major_formatter(lambda y, _: f"{abs(y):g}°{'S' if y < 0 else 'N'}")
+    axes.xaxis.set_major_formatter(longitude_text)
+    axes.yaxis.set_major_formatter(latitude_text)
     axes.grid(linestyle=":", color="grey", linewidth=0.6)
     axes.set_title(title, loc="left", weight="bold")
     axes.set_xlabel(note, loc="left")
@@ -89,15 +117,17 @@ def empty_map(title, note, west, east, south, north):
 
 
 def main():
-    path, png = sys.argv[1:]
+    path, png, *maps = sys.argv[1:]
     with velmar.quiet():
         grid = velmar.read_grid(path)
         lines = smooth_lines(grid)
         centres = chosen_centres(grid)
     note = f"lines {grid.start_level:g} to {grid.end_level:g} every {grid.interval:g}, bold {grid.bold_level:g}"
     longitudes = lines.points[:, 0]
-    figure, axes = empty_map(path.rpartition("/")[2], note, longitudes.min(), longitudes.max(),
+    figure, axes = empty_map(title_of(path), note, longitudes.min(), longitudes.max(),
                              *sorted((grid.start_latitude, grid.end_latitude)))
+    for map_path in maps:
+        draw_map(axes, map_path, longitudes.min())
     draw_lines(axes, lines, grid.bold_level, draw_centres(axes, centres))
     figure.savefig(png, dpi=100)
 
