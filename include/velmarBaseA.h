@@ -6,7 +6,8 @@
  *   Most exports return one heap block of 32-bit floats. Counts and sizes in it are stored as float values.
  *   Unless a function says otherwise, element 0 is the number of elements of the block, itself included, or,
  *   when it is negative, an error code, and the block then holds this one element only. Test element 0 first.
- *   The caller owns every returned block and releases it once with freecPointer().
+ *   The caller owns every returned block and releases it once with freecPointer(). docs/results.md draws all
+ *   layouts.
  *
  * Error codes of the file readers
  *   -1  the file cannot be opened (it is also named on standard error)
@@ -16,7 +17,8 @@
  *   -5  the rest of the header cannot be read
  *   -6  a data value of a globe-circling grid cannot be read
  *   -7  a data value cannot be read
- *   A failure of another kind, such as a lack of memory, is reported with the last of a reader's codes.
+ *   A failure of another kind, such as a lack of memory, is reported with the last of a reader's codes, or
+ *   with null when there is no memory for the code either.
  *
  * Grids
  *   nx columns and ny rows of 32-bit floats, row after row: column i of row j is element j * nx + i. Column 0
@@ -122,8 +124,9 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  *   then          -1, a separator
  *   next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
  *   next n        the grid as passed in
- *   last 4        bold-line value of the last grid file read, start, end, interval. In mode 1, when the data
- *                 do not straddle zero, start is the one chosen from the data.
+ *   last 4        bold-line value of the last grid file that readVelmar4 or readCntrData has read (0 before
+ *                 the first), start, end, interval. In mode 1, when the data do not straddle zero, start is
+ *                 the one chosen from the data.
  *
  * Returns null when mode is not 0, 1 or 2, when a pointer that is needed is null, or for lack of memory.
  * Release with cntrFreeLineVar(). */
@@ -165,7 +168,7 @@ VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const f
  *   0         K (not the element count)
  *   per centre  -1 for a low, 1 for a high; longitude; latitude; grid value; strength divided by the data
  *               range; number of grid steps that the strength was taken over; class of strength (a whole
- *               number)
+ *               number, which may be negative)
  *   last        0
  * The strength is the sum of mean differences per grid step away from the centre in four directions, in units
  * of the grid; where a centre equals its neighbour it is not a number.
@@ -205,7 +208,7 @@ VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int n
  *   next 8        nx, ny, x0, y0, longitude of the last column, latitude of the last row, dx, dy
  *   next n        the grid as passed in
  *   last          0, without a meaning
- * The last point of a polygon joins its first. Colours below 0 become 0, those above 99 become 99.
+ * The last point of a polygon is its first again. Colours below 0 become 0, those above 99 become 99.
  * Polygons of holes come at the end of their strip, and the level recorded for them is the last of the
  * list.
  *
@@ -317,7 +320,7 @@ VELMAR_EXPORT int Clip(float* points, float xmin, float ymin, float xmax, float 
  *   n         number of points
  *   outCount  receives the number of points of the clipped polygon; may be null
  *
- * Returns a block of max(1, 2 n) pairs: the clipped polygon, at most n + n / 2 points, then zeros.
+ * Returns a block of 2 max(1, n) pairs: the clipped polygon, at most n + n / 2 points, then zeros.
  * Null, with *outCount 0, when points is null and n positive, or for lack of memory. Release with
  * freecPointer(). */
 VELMAR_EXPORT float* SHClip(const float* points, float ex1, float ey1, float ex2, float ey2, int n,
@@ -395,7 +398,8 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  *   maskRadius          as in barnes, degrees
  *
  * There are nx = (endLon - startLon) / lonStep + 1 columns and as many rows by latitude, in single precision
- * and cut to whole numbers.
+ * and cut to whole numbers. The last column lies at endLon and the last row at endLat, even where that makes
+ * the distances between them other than the ones asked for.
  *
  * A report whose value is 9999 or 999999, fractions left aside, has no value. Reading ends at the first
  * report that is incomplete. Of the reports read the last is not used, nor is the last of the stations with a
@@ -433,7 +437,7 @@ VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, in
  *   1             S
  *   2, 3          nx, ny
  *   4 to 7        startLon, endLon, startLat, endLat
- *   8, 9          lonStep, latStep
+ *   8, 9          lonStep, latStep as asked for
  *   10            L
  *   next L        the contour levels
  *   per station   number, height, longitude, latitude, value
@@ -513,7 +517,7 @@ VELMAR_EXPORT float* gagexps(const float* grid, int nx, int ny, int fx, int fy, 
  *   path  the file
  *
  * Result, with n = nx * ny:
- *   0              8 n + 15; this is NOT the element count, which is 2 n + 15
+ *   0              8 n + 15, kept to 32 bits; this is NOT the element count, which is 2 n + 15
  *   1 to 6         year, month, day, hour, forecast hours, level
  *   7, 8           longitude step, latitude step (0 or more)
  *   9, 10          start and end longitude
@@ -553,7 +557,7 @@ VELMAR_EXPORT float* readVelmarData11(const char* path) VELMAR_NOEXCEPT;
  *   per point  0 to start a line here or 1 to draw to here from the point before, longitude, latitude, colour.
  *              Each line starts twice at one place: for the part with the flow, then for that against it.
  *              These starts carry the colour of the piece before, the first of a call that of the call
- *              before.
+ *              before (0 before the first). Where pieces have been left out, a line starts again.
  *   per arrow  2, longitude and latitude of its tail, then of its head (downstream), colour
  *   next 2     0, -1
  *   next 8     nx, ny, start longitude, start latitude, end longitude, end latitude, longitude step, latitude
@@ -698,7 +702,8 @@ VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
  *   per line  its number of points, two attributes, then pairs of longitude and latitude, degrees; longitudes
  *             below 0 have 360 added
  * Files of the "diamond" form have 1 and 0 in front whatever follows; attributes of their lines are 1 and 0. The
- * block is long enough for what element 0 says and for the lines; elements without a line are 0.
+ * block is long enough for what element 0 says and for the lines, and for a host that steps through L of them;
+ * elements without a line are 0.
  *
  * Each call writes a log named C:\readmap9.txt, in the current directory where this names no drive.
  *
@@ -758,14 +763,15 @@ VELMAR_EXPORT int readRegionData(const char* path) VELMAR_NOEXCEPT;
 /* Returns the name of the first region of the file that holds a place, or " " (one blank) when there is none. A
  * place is inside when the line from longitude 0 to it crosses the boundary an odd number of times or, when it
  * crosses it nowhere, the line from there to longitude 360 does. Both numbers are printed for each region tried.
- * The name belongs to the library and is valid for the life of the process.
+ * The name, which ends with a NUL, has the bytes of the file. It belongs to the library and is valid for the life
+ * of the process.
  *
  *   x, y  longitude and latitude, degrees */
 VELMAR_EXPORT const char* countyNameFromRegion(float x, float y) VELMAR_NOEXCEPT;
 
 /* Return the boundary of one region, pairs of longitude and latitude: of the region at a place in the file, from
  * 0 on, or of the first of a name, compared byte by byte. *count (which may be null) receives the number of points.
- * Null, with 0 points, when there is no such region. The points belong to the library, must not be changed, and are
+ * Null, with 0 points, when there is no such region or it has no points. The points belong to the library, must not be changed, and are
  * valid for the life of the process. */
 VELMAR_EXPORT const float* getSingleRegionBoundaryByOrder(int index, int* count) VELMAR_NOEXCEPT;
 VELMAR_EXPORT const float* getSingleRegionBoundaryByName(const char* name, int* count) VELMAR_NOEXCEPT;
@@ -778,6 +784,7 @@ VELMAR_EXPORT const float* getSingleRegionBoundaryByName(const char* name, int* 
  * Result:
  *   0           number of regions of the name (not the element count)
  *   per region  its number of points, then pairs of longitude and latitude
+ * Without a region of the name, element 0 is the only one.
  *
  * Returns null, with a total of 0, when no file has been loaded, when name is null, or for lack of memory. Release
  * with deleteMap9Ptr() or freecPointer(). */
@@ -827,8 +834,8 @@ VELMAR_EXPORT intptr_t SanJiao(const float* x, const float* y, float* values, co
  * Outputs may be null. The same place gives 0 for all three.
  *
  * The cosine of the angle is kept in single precision, and small angles are lost in it: distances of 100 km are
- * right to some 40 m, those of 10 km to some 400 m, and places 1 km apart may come out 9 km apart. Nearly opposite places may give a not-a-number, and so may a start at a pole
- * for the bearing. */
+ * right to some 40 m, those of 10 km to some 400 m, and places 1 km apart may come out 9 km apart. Nearly opposite
+ * places may give a not-a-number, and so may a start at a pole for the bearing. */
 VELMAR_EXPORT void FJJS2(float lon1, float lat1, float lon2, float lat2, float* bearing, float* angle,
                          float* distance) VELMAR_NOEXCEPT;
 
