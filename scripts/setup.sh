@@ -5,7 +5,12 @@ buildPackages=(g++ cmake ninja-build pkg-config)
 programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev libfmt-dev
                  fonts-wqy-microhei fonts-dejavu-core)
 testPackages=(libgtest-dev libgmock-dev)
-bindingPackages=(mono-mcs mono-runtime libmono-system-core4.0-cil python3-numpy)
+bindingPackages=(mono-mcs mono-runtime libmono-system-core4.0-cil zip unzip
+                 python3-numpy python3-matplotlib python3-pip python3-setuptools python3-wheel)
+debianPackages=(dpkg-dev file)
+# For other machines than that of the build: Windows, and 32 bits. Their GoogleTest is built from its source.
+windowsPackages=(g++-mingw-w64-x86-64-posix wine64 googletest locales)
+narrowPackages=(g++-multilib googletest)
 stylePackages=(clang-format clang-tidy git)
 benchPackages=(libbenchmark-dev python3-contourpy python3-matplotlib python3-numpy python3-scipy)
 
@@ -38,4 +43,11 @@ buildPreset() {
     step "Building preset $1 in build/$1"
     quietly cmake --preset "$@"
     quietly cmake --build --preset "$1"
+}
+
+# testPreset PRESET: builds it with its tests, and runs those.
+testPreset() {
+    buildPreset "$1" -DVELMAR_TESTS=ON
+    step "Running the tests of preset $1"
+    ctest --preset "$1" -j2
 }
