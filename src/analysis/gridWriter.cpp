@@ -5,6 +5,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "frame/file.h"
 #include "frame/messages.h"
 #include "frame/realText.h"
 
@@ -115,7 +116,7 @@ void writeAnalysisGrid(std::FILE* file, const AnalysisArea& area, const float* v
 
 void writeDiagnosticGrid(const char* name, const AnalysisArea& area, const float* values,
                          const DrawingHints& hints) {
-    std::FILE* const file = std::fopen(name, "w");
+    std::FILE* const file = frame::isPipe(name) ? nullptr : std::fopen(name, "w");
     if (file != nullptr) writeAnalysisGrid(file, area, values, hints);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <locale>
 #include <new>
 #include <utility>
 
@@ -129,9 +130,14 @@ bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::ostream& 
 }
 
 ResultBlock readMap(const char* path, MapState& state) {
-    std::ofstream log(logFile);
+    std::ofstream log;
+    // Whatever locale the host has chosen, numbers are written without separators.
+    log.imbue(std::locale::classic());
+    if (!frame::isPipe(logFile)) log.open(logFile);
     const std::optional<frame::FileText> file = frame::readWholeFile(path);
     if (!file) {
+        // Where standard error is closed, the log may have its descriptor.
+        log.close();
         std::fputs(messages::cannotOpenMapFile, stderr);
         return nullptr;
     }
@@ -139,19 +145,22 @@ ResultBlock readMap(const char* path, MapState& state) {
     const std::optional<MapForm> form = readMapHead(in);
     if (!form) return nullptr;
 
-    MapLines laterMap;
-    MapLines& own = state.hasFirstMap ? laterMap : state.firstMap;
-    state.hasFirstMap = true;
-    if (!readMapLines(in, *form, own, log)) return nullptr;
+    // The state changes when nothing can fail any more: a call that lacks memory does not count.
+    MapLines own;
+    if (!readMapLines(in, *form, own, log)) {
+        if (!state.hasFirstMap) state = {true, std::move(own)};
+        return nullptr;
+    }
     const MapCounts told = *form == MapForm::march ? countLines(own) : MapCounts{};
     log << messages::mapWriting;
     // Every result is made of what is left of the first map of the process, which it then empties.
-    const MapLines handedOut = std::exchange(state.firstMap, {});
+    const MapLines& handedOut = state.hasFirstMap ? state.firstMap : own;
     ResultBlock block = pack(handedOut, told, log);
     log << messages::mapReleasing;
     for (const MapLines::Line& line : handedOut.lines)
         log << messages::mapLineReleased << line.points << '\n';
     log << messages::mapReleased;
+    state = {true, {}};
     return block;
 }
 

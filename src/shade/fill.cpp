@@ -7,6 +7,7 @@
 
 #include "frame/barrier.h"
 #include "frame/block.h"
+#include "frame/file.h"
 #include "frame/messages.h"
 #include "frame/progress.h"
 
@@ -68,8 +69,9 @@ float* keepInside(const PolygonView& polygon, const Rectangle& r, float* outline
 
 float* fillPolygon(float* points, int n, const Rectangle& rectangle, PolygonToolsState& state, int& count) {
     count = 0;
-    std::ofstream marks(diagnosticFile);
-    if (!marks) {
+    std::ofstream marks;
+    if (!frame::isPipe(diagnosticFile)) marks.open(diagnosticFile);
+    if (!marks.is_open()) {
         std::fputs(frame::messages::cannotOpenDiagnosticFile, stderr);
         return nullptr;
     }

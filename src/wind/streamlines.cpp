@@ -61,10 +61,14 @@ frame::ResultBlock drawStreamlines(const Wind& wind, const LineColours& colours,
     std::optional<FlagGrid> flags = allocateFlags(wind.u, scale);
     if (!flags) return nullptr;
     Drawing drawing;
-    Tracer tracer(wind, colours, state.lattice, scale, *flags, drawing, state.currentColour);
+    int colour = state.currentColour;
+    Tracer tracer(wind, colours, state.lattice, scale, *flags, drawing, colour);
     for (std::int64_t row = 0; row < flags->rows(); ++row)
         seedRow(row, freeCells(density), scale, *flags, tracer);
-    return drawing.finish(wind.u, wind.v, state.lattice);
+    frame::ResultBlock block = drawing.finish(wind.u, wind.v, state.lattice);
+    // Not before: a call that lacks memory leaves nothing behind.
+    state.currentColour = colour;
+    return block;
 }
 
 }  // namespace velmar::wind

@@ -11,6 +11,7 @@
 #include "analysis/plainAnalyses.h"
 #include "frame/progress.h"
 #include "support/files.h"
+#include "support/said.h"
 
 namespace {
 
@@ -164,10 +165,10 @@ TEST_F(Analyses, ByBarnesTellTheStateBeforeEachPass) {
     const Nodes nodes = test::nodesBetween(2, 2, 0, 1, 0, 1);
     const auto told = [&](const StationList& list) {
         frame::setProgressEnabled(true);
-        testing::internal::CaptureStdout();
+        test::CapturedOutput output;
         barnesOf(list, nodes, 0, 1, 0, 1, 0);
         frame::setProgressEnabled(false);
-        return testing::internal::GetCapturedStdout();
+        return output.text();
     };
     const std::string word = "\xBC\xC6\xCB\xE3\xD0\xDE\xD5\xFD";
     // The first guess is 4 everywhere, on the edge estimates stay what was observed.
@@ -194,9 +195,9 @@ TEST_F(Analyses, ByCressmanStartFromTheSumAndBlankWhatTheThirdScanMisses) {
     EXPECT_THAT(all(cressmanOf({{358.5F}, {5}, {6}}, nodes, 0, 10, 0, 10, 0), 121), Each(-9999));
 
     frame::setProgressEnabled(true);
-    testing::internal::CaptureStdout();
+    test::CapturedOutput output;
     EXPECT_EQ(cressmanOf({{1, 2}, {1, 2}, {-9000, -999}}, nodes, 0, 10, 0, 10, 0), nullptr);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "retrn");
+    EXPECT_EQ(output.text(), "retrn");
 }
 
 TEST_F(Analyses, AreCappedAndMaskedByPlainDistances) {

@@ -7,6 +7,7 @@
 #include "frame/progress.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
+#include "support/plainLocale.h"
 #include "support/said.h"
 
 namespace velmar::test {
@@ -32,6 +33,7 @@ struct Report {
 };
 
 inline std::string surfaceText(const std::vector<Report>& reports, const std::string& count = "") {
+    const PlainLocale plain;
     std::string text =
         "any 1 title\n2008 7 15 8 " + (count.empty() ? std::to_string(reports.size()) : count) + "\n";
     for (const Report& report : reports) {

@@ -8,6 +8,7 @@
 
 #include "frame/progress.h"
 #include "support/files.h"
+#include "support/said.h"
 
 namespace {
 
@@ -106,10 +107,9 @@ TEST(AutomaticLevels, LeaveMissingValuesOut) {
 
 TEST(AutomaticLevels, ArePrintedAsTheyAreChosen) {
     const std::vector<float> grid{0, 0.5F, 0, 0.5F};
-    testing::internal::CaptureStdout();
+    velmar::test::CapturedOutput output;
     const velmar::test::Block block(contour2D(grid.data(), 9999, 2, 2, 1, 0, 0, 0, nullptr, 2, 0, 0, 1, 1));
-    std::fflush(stdout);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(output.text(),
               "\xD7\xEE\xB3\xF5\xBC\xE4\xB8\xF4\xD6\xB5"
               "0.250000 0.500000 0.000000\n"
               "\xC8\xB7\xB6\xA8\xCE\xBB\xCA\xFD"

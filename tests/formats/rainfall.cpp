@@ -83,7 +83,7 @@ class RainFiles : public InOwnFolder {
 protected:
     static void write(const std::string& name, const std::string& stations, int count,
                       const std::string& head = "diamond 3 rain 8 7 15 8 0 2 1.0 2.0 0 0 1 5.0 6.0 1 ") {
-        std::ofstream(name) << head << count << '\n' << stations;
+        std::ofstream(name) << head << std::to_string(count) << '\n' << stations;
     }
 
     static Block add(int startHour, int endHour, int step, const char* directory = ".") {

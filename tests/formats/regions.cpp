@@ -24,6 +24,7 @@ int load(const std::string& text) { return readRegionData(TemporaryFile(text).pa
 
 std::string textOf(const std::vector<PlainRegion>& regions) {
     std::ostringstream text;
+    text.imbue(std::locale::classic());
     text.precision(9);
     text << "diamond 10 regions\n";
     for (const PlainRegion& region : regions) {

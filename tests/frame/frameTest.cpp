@@ -13,6 +13,7 @@
 #include "frame/barrier.h"
 #include "frame/extremes.h"
 #include "frame/numbers.h"
+#include "support/said.h"
 #include "velmarBaseA.h"
 
 #if defined(_WIN32)
@@ -99,7 +100,7 @@ TEST(ExtremesOf, AreThoseOfAWalk) {
 }
 
 TEST(Progress, IsWrittenWhenACallEndsUnlessSwitchedOff) {
-    testing::internal::CaptureStdout();
+    velmar::test::CapturedOutput output;
     progress("%d|%f|%s $f\n", {-3, 0.25, std::string_view("text")});
     progress("%f %f\n", {-1e36, std::numeric_limits<double>::infinity()});
     progress("plain\n");
@@ -107,16 +108,14 @@ TEST(Progress, IsWrittenWhenACallEndsUnlessSwitchedOff) {
     progress("silent\n");
     setProgressEnabled(true);
     flushProgress();
-    std::fflush(stdout);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(output.text(),
               "-3|0.250000|text $f\n-1000000000000000042420637374017961984.000000 inf\nplain\n");
 
-    testing::internal::CaptureStdout();
+    velmar::test::CapturedOutput longOutput;
     const std::string line(1000, 'x');
     for (int k = 0; k < 100; ++k) progress("%s", {std::string_view(line)});
     flushProgress();
-    std::fflush(stdout);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), std::string(100000, 'x'));
+    EXPECT_EQ(longOutput.text(), std::string(100000, 'x'));
 }
 
 }  // namespace

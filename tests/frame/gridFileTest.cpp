@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/files.h"
+#include "support/plainLocale.h"
 #include "velmarBaseA.h"
 
 #if defined(_WIN32)
@@ -29,6 +30,7 @@ float codeOf(const std::string& text) { return readText(text)[0]; }
 
 /// The words of a file behind the keyword, type and title.
 std::vector<float> numbersOf(const std::string& path) {
+    const velmar::test::PlainLocale plain;
     std::ifstream file(path, std::ios::binary);
     std::string word;
     file >> word >> word >> word;

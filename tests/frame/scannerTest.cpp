@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "support/plainLocale.h"
+
 using velmar::frame::LowerCaseWord;
 using velmar::frame::scan;
 using velmar::frame::TextScanner;
@@ -28,6 +30,7 @@ std::string restOf(TextScanner in, const std::string& text) {
 template <class... Field>
 int scanWithLibrary(const std::string& text, std::string& rest, const char* format, Field*... field) {
     if (text.empty()) return 0;
+    const velmar::test::PlainLocale plain;
     std::FILE* file = fmemopen(const_cast<char*>(text.data()), text.size(), "r");
     const int converted = std::max(std::fscanf(file, format, field...), 0);
     rest.clear();
@@ -105,6 +108,7 @@ TEST(Scanner, ReadsRandomFieldsAsTheLibraryDoes) {
         if (HasFailure()) break;
     }
     for (int round = 0; round < 30000; ++round) {
+        const velmar::test::PlainLocale plain;
         char text[64];
         const float value = std::bit_cast<float>(static_cast<unsigned>(random()));
         std::snprintf(text, sizeof text, round % 2 == 0 ? "%.*g" : "%.*a", static_cast<int>(random() % 12),

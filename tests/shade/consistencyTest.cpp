@@ -6,6 +6,7 @@
 
 #include "frame/progress.h"
 #include "shade/trace.h"
+#include "support/said.h"
 
 namespace velmar::shade {
 namespace {
@@ -31,12 +32,12 @@ protected:
 
     /// What a trace prints that fails.
     std::string failureOf(StartKind kind, int i, int j) {
-        testing::internal::CaptureStdout();
+        test::CapturedOutput output;
         RegionTracer tracer(strip_, {0.5F, 1, 0}, {0, 0, 1, 1}, buffers_, polygons_);
         EXPECT_FALSE(tracer.traceShadeRegion({kind, i, j}));
         frame::flushProgress();
         EXPECT_TRUE(polygons_.polygons.empty());
-        return testing::internal::GetCapturedStdout();
+        return output.text();
     }
 
     float& at(int i, int j) { return values_[static_cast<std::size_t>(j * nx + i)]; }

@@ -6,6 +6,7 @@
 
 #include "shade/shadingCall.h"
 #include "support/fields.h"
+#include "support/said.h"
 
 namespace {
 
@@ -22,11 +23,11 @@ protected:
 
     template <typename Call>
     static std::string printedBy(Call call) {
-        testing::internal::CaptureStdout();
+        test::CapturedOutput output;
         frame::setProgressEnabled(true);
         call();
         frame::setProgressEnabled(false);
-        return testing::internal::GetCapturedStdout();
+        return output.text();
     }
     static std::string printed(const Field& f) {
         return printedBy([&] { test::shade(f); });

@@ -16,6 +16,7 @@
 #include "frame/progress.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
+#include "support/said.h"
 
 namespace {
 
@@ -136,9 +137,9 @@ TEST_F(Filling, AndClippingGiveUpWithoutMemory) {
         setrlimit(RLIMIT_AS, &limit);
         Polygon polygon{0, 0, 1, 0, 1, 1};
         int count = -1;
-        testing::internal::CaptureStdout();
+        velmar::test::CapturedOutput output;
         const bool filled = polygonfill(polygon.data(), INT_MAX, 0, 0, 9, 9, &count) != polygon.data();
-        const std::string said = testing::internal::GetCapturedStdout();
+        const std::string said = output.text();
         const bool failed = !filled && count == 0 && marks() == "debug_A\ndebug_B\ndebug_C\n" &&
                             Clip(polygon.data(), 0, 0, 9, 9, INT_MAX) == 0 &&
                             SHClip(polygon.data(), 0, 0, 9, 0, INT_MAX, &count) == nullptr && count == 0;

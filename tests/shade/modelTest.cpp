@@ -3,6 +3,7 @@
 
 #include "frame/progress.h"
 #include "shade/curveModel.h"
+#include "support/said.h"
 
 namespace {
 
@@ -109,7 +110,7 @@ TEST_F(CurveModel, AgreesOnRandomFields) {
 /// Shades some fields and compares all that is printed meanwhile.
 void expectPrintedAsModelled(Random& random) {
     std::string expected;
-    testing::internal::CaptureStdout();
+    test::CapturedOutput output;
     for (int round = 0; round < 500; ++round) {
         const Field f = randomField(random);
         const test::ShadingModel model(f);
@@ -117,7 +118,7 @@ void expectPrintedAsModelled(Random& random) {
         if (model.full) expected += "Error in velmarCntrShad\n";
         test::shade(f);
     }
-    const std::string printed = testing::internal::GetCapturedStdout();
+    const std::string printed = output.text();
     const auto [one, other] = std::mismatch(printed.begin(), printed.end(), expected.begin(), expected.end());
     ASSERT_TRUE(printed == expected) << std::string(one, std::min(one + 200, printed.end()))
                                      << "\ninstead of\n"

@@ -75,6 +75,7 @@ inline std::vector<Polygon> polygonsOf(const Block& block, std::vector<float>* r
 /// What is printed for a polygon when it joins the list.
 inline std::string listing(const Polygon& polygon) {
     std::ostringstream text;
+    text.imbue(std::locale::classic());
     text << std::fixed;
     const std::size_t count = polygon.points.size();
     for (std::size_t k = 0; k < count; ++k) {

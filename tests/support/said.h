@@ -2,20 +2,52 @@
 
 #include <gtest/gtest.h>
 
+#if !defined(_WIN32)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include <cstdio>
 #include <string>
 
 #include "frame/progress.h"
 
 namespace velmar::test {
 
+/// What is printed while this is there. A standard output that is closed leads nowhere for the time.
+class CapturedOutput {
+public:
+    CapturedOutput() {
+#if !defined(_WIN32)
+        wasClosed_ = fcntl(STDOUT_FILENO, F_GETFD) < 0;
+        // The lowest free number is the one of standard output: standard input is open.
+        if (wasClosed_) static_cast<void>(open("/dev/null", O_WRONLY));
+#endif
+        testing::internal::CaptureStdout();
+    }
+
+    /// To be called once, at the end.
+    std::string text() {
+        std::fflush(stdout);
+        std::string text = testing::internal::GetCapturedStdout();
+#if !defined(_WIN32)
+        if (wasClosed_) close(STDOUT_FILENO);
+#endif
+        return text;
+    }
+
+private:
+    bool wasClosed_ = false;
+};
+
 /// What an export prints. Texts are silenced afterwards.
 template <class Call>
 std::string said(Call&& call) {
     frame::setProgressEnabled(true);
-    testing::internal::CaptureStdout();
+    CapturedOutput output;
     call();
     frame::setProgressEnabled(false);
-    return testing::internal::GetCapturedStdout();
+    return output.text();
 }
 
 }  // namespace velmar::test

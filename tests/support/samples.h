@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <fstream>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -32,6 +33,7 @@ void expectResultsAsIn(const std::string& table, int rows, Make&& make) {
     int found = 0;
     for (std::string expected; std::getline(lines, expected); ++found) {
         std::istringstream row(expected);
+        row.imbue(std::locale::classic());
         std::string name;
         int how = 0;
         row >> name >> how;
@@ -39,6 +41,7 @@ void expectResultsAsIn(const std::string& table, int rows, Make&& make) {
         ASSERT_NE(block, nullptr) << expected;
         ASSERT_GT(block[0], 0) << expected;
         std::ostringstream result;
+        result.imbue(std::locale::classic());
         result << name << ' ' << how << ' ' << block[1] << ' ' << block[0] << ' ' << std::hex
                << digest(block);
         EXPECT_EQ(result.str(), expected);

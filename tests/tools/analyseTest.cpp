@@ -25,6 +25,7 @@ Field readField(const std::string& csv) {
     EXPECT_EQ(row, "longitude,latitude,value");
     while (std::getline(rows, row)) {
         std::istringstream in(row);
+        in.imbue(std::locale::classic());
         double longitude = 0;
         double latitude = 0;
         double value = 0;

@@ -47,6 +47,7 @@ double onEdge(const std::vector<double>& values, double longitude, double latitu
 TEST_F(ContourTest, LinesLieOnTheirLevelAndEndOnlyAtTheEdge) {
     const std::string file = sample("grids/h500_global.000");
     std::istringstream text(readFile(file));
+    text.imbue(std::locale::classic());
     std::string word;
     for (int k = 0; k < 22; ++k) text >> word;
     std::vector<double> values;

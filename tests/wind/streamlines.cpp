@@ -7,6 +7,7 @@
 
 #include "support/fields.h"
 #include "support/files.h"
+#include "support/plainLocale.h"
 #include "support/said.h"
 #include "support/samples.h"
 #include "wind/plainStreamlines.h"
@@ -145,6 +146,7 @@ TEST_F(Streamlines, AreAsDenseAsTheDensitySays) {
 TEST_F(Streamlines, TakeTheColourOfTheirSpeed) {
     const auto colourOf = [](float speed) {
         const std::string four = [&] {
+            const PlainLocale plain;
             std::string t;
             for (int k = 0; k < 4; ++k) t += std::to_string(speed) + " ";
             return t;
