@@ -4,15 +4,17 @@
 buildPackages=(g++ cmake ninja-build pkg-config)
 programPackages=(libcli11-dev libcairo2-dev libpango1.0-dev nlohmann-json3-dev libfmt-dev
                  fonts-wqy-microhei fonts-dejavu-core)
-testPackages=(libgtest-dev libgmock-dev)
+testPackages=(libgtest-dev libgmock-dev locales)
 bindingPackages=(mono-mcs mono-runtime libmono-system-core4.0-cil zip unzip
                  python3-numpy python3-matplotlib python3-pip python3-setuptools python3-wheel)
 debianPackages=(dpkg-dev file)
 # For other machines than that of the build: Windows, and 32 bits. Their GoogleTest is built from its source.
-windowsPackages=(g++-mingw-w64-x86-64-posix wine64 googletest locales)
+windowsPackages=(g++-mingw-w64-x86-64-posix wine64 googletest)
 narrowPackages=(g++-multilib googletest)
-stylePackages=(clang-format clang-tidy git)
-benchPackages=(libbenchmark-dev python3-contourpy python3-matplotlib python3-numpy python3-scipy)
+stylePackages=(clang-format clang-tidy cppcheck git)
+fuzzPackages=(clang libclang-rt-14-dev python3)
+benchPackages=(libbenchmark-dev python3)
+peerPackages=(gdal-bin python3-contourpy python3-matplotlib python3-numpy python3-scipy)
 
 step() { printf '== %s\n' "$*" >&2; }
 

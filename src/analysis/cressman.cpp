@@ -155,10 +155,12 @@ void Cressman::finishRow(int j, bool marks) {
     constexpr double leastWeight = 1.0e-6;
     const std::size_t first = firstPoint(j);
     for (std::size_t i = 0; i < row_.sums.size(); ++i) {
-        const bool reached = row_.weights[i] > leastWeight;
-        float& point = grid_[first + i];
-        if (reached) point = static_cast<float>(row_.sums[i] / row_.weights[i] + point);
-        if (marks && !reached) unreached_[first + i] = 1;
+        if (row_.weights[i] > leastWeight) {
+            float& point = grid_[first + i];
+            point = static_cast<float>(row_.sums[i] / row_.weights[i] + point);
+        } else if (marks) {
+            unreached_[first + i] = 1;
+        }
     }
 }
 

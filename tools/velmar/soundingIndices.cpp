@@ -69,8 +69,10 @@ SoundingIndices indicesOf(const std::vector<SoundingLevel>& levels) {
     const auto middle = at(moist, 700);
     if (low && middle)
         indices.k = low->temperature - *t500 + low->dewPoint - (middle->temperature - middle->dewPoint);
-    if (low) indices.totalTotals = low->temperature + low->dewPoint - 2 * *t500;
-    if (low) indices.showalter = stability(*low, *t500);
+    if (low) {
+        indices.totalTotals = low->temperature + low->dewPoint - 2 * *t500;
+        indices.showalter = stability(*low, *t500);
+    }
     if (moist.front().pressure > 500 && moist.front().pressure == levels.front().pressure)
         indices.lifted = stability(moist.front(), *t500);
     return indices;

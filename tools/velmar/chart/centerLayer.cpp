@@ -52,11 +52,11 @@ void CenterLayer::placeMark(Page& page, const Mark& mark) {
 
 void CenterLayer::draw(Page& page) const {
     const float spacing = spacingOf(levelsOf(set_));
-    for (const auto& [center, place] : marks_) {
+    for (const auto& [center, middle] : marks_) {
         const Colour ink = center.high ? highInk : lowInk;
-        drawText(page.ink, center.high ? "H" : "L", place, Anchor::center,
+        drawText(page.ink, center.high ? "H" : "L", middle, Anchor::center,
                  {.size = letterSize, .bold = true, .colour = ink, .halo = 2.5});
-        drawText(page.ink, plainNumber(roundedFor(spacing, center.value)), place + PaperPoint{0, valueBelow},
+        drawText(page.ink, plainNumber(roundedFor(spacing, center.value)), middle + PaperPoint{0, valueBelow},
                  Anchor::center, {.size = valueSize, .bold = true, .colour = ink, .halo = 2});
     }
 }

@@ -17,7 +17,7 @@ private:
     const ContourSet& set_;
     float boldValue_;
     std::vector<PaperLine> lines_;
-    LabelStyle style_;
+    LabelStyle style_{};
     std::vector<LineLabel> labels_;
 };
 

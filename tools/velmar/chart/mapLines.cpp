@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmar::tool {
 namespace {
@@ -80,9 +81,10 @@ std::vector<std::vector<PaperPoint>> areasOnPaper(const GeoPoints& points, const
     const auto [first, last] = visibleCircles(outline, map.bounds);
     std::vector<std::vector<PaperPoint>> copies;
     for (int circles = first; circles <= last; ++circles) {
-        std::vector<PaperPoint>& area = copies.emplace_back();
+        std::vector<PaperPoint> area;
         area.reserve(outline.size());
         for (const Place& place : outline) area.push_back(toPaper(place, circles, map));
+        copies.push_back(std::move(area));
     }
     return copies;
 }

@@ -23,8 +23,9 @@ std::vector<PaperPoint> visiblePart(const std::vector<PaperPoint>& outline, cons
     std::vector<AreaCorner> corners;
     corners.reserve(outline.size());
     for (const PaperPoint& point : outline) corners.push_back({point, true});
+    corners = clipped(std::move(corners), box);
     std::vector<PaperPoint> part;
-    for (const AreaCorner& corner : clipped(std::move(corners), box)) part.push_back(corner.place);
+    for (const AreaCorner& corner : corners) part.push_back(corner.place);
     return part;
 }
 

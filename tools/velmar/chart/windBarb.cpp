@@ -39,14 +39,14 @@ struct Feathers {
 struct Axes {
     PaperPoint along;
     PaperPoint out;
-
-    Axes(double fromDegrees, bool southern, double length) {
-        const double angle = fromDegrees * std::numbers::pi / 180;
-        along = length * PaperPoint{std::sin(angle), -std::cos(angle)};
-        const double side = southern ? -1 : 1;
-        out = {-side * along.y, side * along.x};
-    }
 };
+
+Axes axesOf(double fromDegrees, bool southern, double length) {
+    const double angle = fromDegrees * std::numbers::pi / 180;
+    const PaperPoint along = length * PaperPoint{std::sin(angle), -std::cos(angle)};
+    const double side = southern ? -1 : 1;
+    return {along, {-side * along.y, side * along.x}};
+}
 
 void moveTo(cairo_t* ink, PaperPoint p) { cairo_move_to(ink, p.x, p.y); }
 void lineTo(cairo_t* ink, PaperPoint p) { cairo_line_to(ink, p.x, p.y); }
@@ -90,7 +90,7 @@ void drawWindBarb(cairo_t* ink, PaperPoint foot, double fromDegrees, double metr
         cairo_arc(ink, foot.x, foot.y, calmRadius * length, 0, 2 * std::numbers::pi);
         cairo_stroke(ink);
     } else {
-        const Axes axes(fromDegrees, southern, length);
+        const Axes axes = axesOf(fromDegrees, southern, length);
         moveTo(ink, foot);
         lineTo(ink, foot + feathers.shaft() * axes.along);
         cairo_stroke(ink);
@@ -104,7 +104,7 @@ TurnedBox windBarbBox(PaperPoint foot, double fromDegrees, double metresPerSecon
     const Feathers feathers(metresPerSecond);
     const double circle = 2 * calmRadius * length;
     if (feathers.calm()) return {foot, {circle, circle}, 0};
-    const Axes axes(fromDegrees, southern, length);
+    const Axes axes = axesOf(fromDegrees, southern, length);
     const double reach = feathers.shaft() + (feathers.barbs > 0 ? barbSlant : 0);
     return {foot + reach / 2 * axes.along + barbWidth / 2 * axes.out,
             {reach * length, barbWidth * length},
