@@ -20,6 +20,9 @@ def remarks(name, run, runs):
     plain = runs.get(name.replace('readGridFile', 'readWithFscanf'), run)
     if plain is not run:
         texts.append(f'{plain["real_time"] / run["real_time"]:.2f} times as fast as fscanf')
+    floor = runs.get(name.replace('/', 'Floor/', 1))
+    if floor:
+        texts.append(f'{run["real_time"] / floor["real_time"]:.2f} times the floor of memory')
     if 'peakOverFile' in run:
         texts.append(f'peak memory {run["peakOverFile"]:.2f} times the file')
     return ', '.join(texts)

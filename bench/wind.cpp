@@ -2,13 +2,11 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "../tests/wind/plainStreamlines.h"
 #include "counters.h"
-#include "fields.h"
 #include "frame/grid.h"
 #include "velmarBaseA.h"
 #include "wind/state.h"
@@ -16,7 +14,6 @@
 namespace {
 
 using namespace velmar;
-using bench::Field;
 
 constexpr float missing = 9999;
 
@@ -101,33 +98,10 @@ void readWind(benchmark::State& state) {
     bench::reportTimePerValue(state, 2 * 360 * 181);
 }
 
-void differences(benchmark::State& state) {
-    const Field field = bench::smoothField(static_cast<int>(state.range(0)));
-    const float* const g = field.values.data();
-    const float step = 170.0F / static_cast<float>(field.side);
-    for (auto _ : state) freecPointer(hdiv(g, g, field.side, field.side, missing, 0, -85, step, step));
-    bench::reportTimePerValue(state, static_cast<double>(field.view().size()));
-}
-
-/// What the differences cannot do without: both grids are read, and a new one is written.
-void sumOfTwoGrids(benchmark::State& state) {
-    const Field field = bench::smoothField(static_cast<int>(state.range(0)));
-    const Field other = field;
-    for (auto _ : state) {
-        auto* const sum = static_cast<float*>(std::malloc(field.values.size() * sizeof(float)));
-        for (std::size_t k = 0; k < field.values.size(); ++k) sum[k] = field.values[k] + other.values[k];
-        benchmark::DoNotOptimize(sum[0]);
-        std::free(sum);
-    }
-    bench::reportTimePerValue(state, static_cast<double>(field.view().size()));
-}
-
 BENCHMARK(readWind)->Unit(benchmark::kMillisecond);
 BENCHMARK(streamlinesByDensity)->DenseRange(1, 14)->Unit(benchmark::kMillisecond);
 BENCHMARK(streamlinesBySize)->RangeMultiplier(2)->Range(90, 5760)->Unit(benchmark::kMillisecond);
 BENCHMARK(streamlinesPlainly)->Arg(5)->Arg(14)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(calm)->Arg(5)->Arg(14)->Unit(benchmark::kMillisecond);
-BENCHMARK(differences)->RangeMultiplier(2)->Range(250, 4000)->Unit(benchmark::kMillisecond);
-BENCHMARK(sumOfTwoGrids)->RangeMultiplier(2)->Range(250, 4000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

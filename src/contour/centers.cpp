@@ -60,11 +60,12 @@ Center measure(const GridView& grid, int column, int row, bool high) {
     return center;
 }
 
-/// Marks the centres of one inner row.
-void classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
+/// Marks the centres of one inner row. Returns whether there are any.
+bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
     const float* const south = grid.row(row - 1);
     const float* const here = grid.row(row);
     const float* const north = grid.row(row + 1);
+    unsigned char any = 0;
     for (int i = 1; i + 1 < grid.nx; ++i) {
         const float p = here[i];
         // A low is not compared with its south-west neighbour, and the one to the east may be equal: charts
@@ -73,8 +74,11 @@ void classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
                          (p < north[i + 1]) & (p < north[i - 1]) & (p < south[i + 1]);
         const bool high = (p >= here[i + 1]) & (p > here[i - 1]) & (p > south[i]) & (p > north[i]) &
                           (p > north[i + 1]) & (p > south[i - 1]) & (p > south[i + 1]) & (p > north[i - 1]);
-        kinds[static_cast<std::size_t>(i)] = static_cast<Kind>(low + 2 * high);
+        const auto kind = static_cast<unsigned char>(low + 2 * high);
+        kinds[static_cast<std::size_t>(i)] = static_cast<Kind>(kind);
+        any |= kind;
     }
+    return any != 0;
 }
 
 /// Orders centres that stand row by row by column, rows staying in order within a column.
@@ -102,7 +106,7 @@ std::vector<Center> findGridCenters(const GridView& grid, float missing) {
     const auto [largest, smallest] = frame::extremesOf({grid.values, grid.size()}, missing);
     std::vector<Kind> kinds(static_cast<std::size_t>(grid.nx), Kind::none);
     for (int row = 1; row + 1 < grid.ny; ++row) {
-        classifyRow(grid, row, kinds);
+        if (!classifyRow(grid, row, kinds)) continue;
         for (int column = 1; column + 1 < grid.nx; ++column) {
             const Kind kind = kinds[static_cast<std::size_t>(column)];
             if (kind == Kind::none) continue;

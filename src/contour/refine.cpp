@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
+#include <vector>
 
 namespace velmar::contour {
 
@@ -50,11 +52,9 @@ float cubic(float a0, float a1, float s0, float s1, const Position& at) {
     }
 }
 
-/// Interpolates at one position of `count` intervals that lie side by side; results are `stride` elements
-/// apart.
+/// Interpolates at one position of `count` intervals that lie side by side.
 template <CubicForm form>
-void interpolate(const Neighbours& in, std::size_t count, const Position& at, float missing, float* out,
-                 std::size_t stride) {
+void interpolate(const Neighbours& in, std::size_t count, const Position& at, float missing, float* out) {
     const bool opens = in.before == nullptr;
     const bool closes = in.after == nullptr;
     const float* const before = opens ? in.first : in.before;
@@ -66,32 +66,56 @@ void interpolate(const Neighbours& in, std::size_t count, const Position& at, fl
         const bool oneSidedFirst = opens | (before[c] == missing);
         const bool oneSidedLast = closes | (after[c] == missing);
         const bool undefined = (a0 == missing) | (a1 == missing);
-        const float s0 = oneSidedFirst ? across : (a1 - before[c]) * 0.5F;
-        const float s1 = oneSidedLast ? across : (after[c] - a0) * 0.5F;
-        out[c * stride] = undefined ? missing : cubic<form>(a0, a1, s0, s1, at);
+        // All is worked out before anything is chosen: that is what makes vectors of it.
+        const float centredFirst = (a1 - before[c]) * 0.5F;
+        const float centredLast = (after[c] - a0) * 0.5F;
+        const float s0 = oneSidedFirst ? across : centredFirst;
+        const float s1 = oneSidedLast ? across : centredLast;
+        const float value = cubic<form>(a0, a1, s0, s1, at);
+        out[c] = undefined ? missing : value;
     }
 }
 
-/// Widens one row of `count` values by `factor`.
+/// Interpolates at one position of all intervals of a row of values, at least two.
 template <CubicForm form>
-void widenRow(const float* row, std::size_t count, std::size_t factor, const std::vector<Position>& positions,
-              float missing, float* out) {
-    for (std::size_t i = 0; i < count; ++i) out[i * factor] = row[i];
-    if (count < 2) return;
-    const std::size_t lastInterval = count - 2;
-    for (std::size_t k = 1; k < factor; ++k) {
-        const Position& at = positions[k - 1];
-        float* const target = out + k;
-        const float* const second = lastInterval > 0 ? row + 2 : nullptr;
-        interpolate<form>({nullptr, row, row + 1, second}, 1, at, missing, target, factor);
-        if (lastInterval == 0) continue;
-        interpolate<form>({row, row + 1, row + 2, row + 3}, lastInterval - 1, at, missing, target + factor,
-                          factor);
-        const float* const end = row + lastInterval;
-        interpolate<form>({end - 1, end, end + 1, nullptr}, 1, at, missing, target + lastInterval * factor,
-                          factor);
-    }
+void interpolateRow(std::span<const float> row, const Position& at, float missing, float* out) {
+    const float* const start = row.data();
+    const std::size_t lastInterval = row.size() - 2;
+    const float* const second = lastInterval > 0 ? start + 2 : nullptr;
+    interpolate<form>({nullptr, start, start + 1, second}, 1, at, missing, out);
+    if (lastInterval == 0) return;
+    interpolate<form>({start, start + 1, start + 2, start + 3}, lastInterval - 1, at, missing, out + 1);
+    const float* const end = start + lastInterval;
+    interpolate<form>({end - 1, end, end + 1, nullptr}, 1, at, missing, out + lastInterval);
 }
+
+void copyToEvery(std::size_t factor, std::span<const float> values, float* out) {
+    for (std::size_t i = 0; i < values.size(); ++i) out[i * factor] = values[i];
+}
+
+/// Widens rows.
+template <CubicForm form>
+class RowWidener {
+public:
+    RowWidener(std::size_t count, int factor, float missing)
+        : positions_(innerPositions(factor)), between_(count - 1), missing_(missing) {}
+
+    void widen(std::span<const float> row, float* out) {
+        const std::size_t factor = positions_.size() + 1;
+        copyToEvery(factor, row, out);
+        if (row.size() < 2) return;
+        for (const Position& at : positions_) {
+            // Neighbours first, so that vectors are stored; then each goes to its place.
+            interpolateRow<form>(row, at, missing_, between_.data());
+            copyToEvery(factor, between_, ++out);
+        }
+    }
+
+private:
+    std::vector<Position> positions_;
+    std::vector<float> between_;
+    float missing_;
+};
 
 template <CubicForm form>
 void refineRowsAndColumns(const GridView& grid, float missing, const RefinementFactors& factors,
@@ -103,15 +127,21 @@ void refineRowsAndColumns(const GridView& grid, float missing, const RefinementF
         return fine + static_cast<std::size_t>(j) * static_cast<std::size_t>(factors.y) * width;
     };
 
-    const std::vector<Position> alongRows = innerPositions(factors.x);
-    for (int j = 0; j < grid.ny; ++j)
-        widenRow<form>(grid.row(j), count, factor, alongRows, missing, rowOf(j));
+    RowWidener<form> widener(count, factors.x, missing);
+    // Rows are widened when they are needed, so that they are still in cache for the columns.
+    int widened = 0;
+    const auto widenUpTo = [&](int last) {
+        for (; widened <= std::min(last, grid.ny - 1); ++widened)
+            widener.widen({grid.row(widened), count}, rowOf(widened));
+    };
+    widenUpTo(0);
     const std::vector<Position> alongColumns = innerPositions(factors.y);
     for (int j = 0; j + 1 < grid.ny; ++j) {
+        widenUpTo(j + 2);
         const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
                               j + 2 < grid.ny ? rowOf(j + 2) : nullptr};
         float* out = rowOf(j);
-        for (const Position& at : alongColumns) interpolate<form>(rows, width, at, missing, out += width, 1);
+        for (const Position& at : alongColumns) interpolate<form>(rows, width, at, missing, out += width);
     }
 }
 
