@@ -1,8 +1,10 @@
 #include "contour/plain.h"
+#include "contour/state.h"
 #include "contour/trace.h"
 #include "shade/curveModel.h"
 #include "twins.h"
 #include "wind/plainStreamlines.h"
+#include "wind/state.h"
 
 namespace velmar::fuzz {
 

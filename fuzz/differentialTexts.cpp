@@ -4,6 +4,8 @@
 #include <string>
 
 #include "formats/plainRegions.h"
+#include "formats/state.h"
+#include "frame/progress.h"
 #include "frame/realText.h"
 #include "frame/scanner.h"
 #include "twins.h"

@@ -4,6 +4,7 @@
 
 #include "layouts.h"
 #include "levelCount.h"
+#include "wind/state.h"
 
 namespace {
 
@@ -163,27 +164,18 @@ void drawStreamlines(Input& in) {
                                         undefined, missing, colourFlag, levels, colours, count, density)));
 }
 
-constexpr Target targets[] = {contourGrid<contour2D>,
-                              contourGrid<contour2DRaw>,
-                              findGridCentres,
-                              refineGrid,
-                              shadeGrid,
-                              shadeClasses,
-                              shadeUnevenGrid,
-                              differentiate<hdiv>,
-                              differentiate<hvor>,
-                              callEmptyForms,
-                              drawStreamlines};
+constexpr Target allTargets[] = {contourGrid<contour2D>,
+                                 contourGrid<contour2DRaw>,
+                                 findGridCentres,
+                                 refineGrid,
+                                 shadeGrid,
+                                 shadeClasses,
+                                 shadeUnevenGrid,
+                                 differentiate<hdiv>,
+                                 differentiate<hvor>,
+                                 callEmptyForms,
+                                 drawStreamlines};
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    silence();
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input in(data, size);
-    callTargets(in, targets);
-    return 0;
-}
+std::span<const Target> velmar::fuzz::targets() { return allTargets; }

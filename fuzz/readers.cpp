@@ -8,8 +8,10 @@
 
 #include "areas.h"
 #include "frame/gridFile.h"
+#include "frame/progress.h"
 #include "layouts.h"
 #include "levelCount.h"
+#include "support/freshLibrary.h"
 
 namespace {
 
@@ -260,7 +262,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t argumentBytes = 40;
     if (size < argumentBytes) return 0;
-    resetState();
+    velmar::test::resetLibrary();
     const File file{{reinterpret_cast<const char*>(data) + argumentBytes, size - argumentBytes}};
     write(file.path, file.text);
     Input in(data, argumentBytes);

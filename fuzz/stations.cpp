@@ -168,18 +168,9 @@ void callProbes(Input& in) {
     std::free(array);
 }
 
-constexpr Target targets[] = {callBarnes, callCressman, spreadNearest, contourStations, measureGreatCircle,
-                              fill,       clip,         clipByEdge,    callProbes};
+constexpr Target allTargets[] = {callBarnes, callCressman, spreadNearest, contourStations, measureGreatCircle,
+                                 fill,       clip,         clipByEdge,    callProbes};
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    silence();
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input in(data, size);
-    callTargets(in, targets);
-    return 0;
-}
+std::span<const Target> velmar::fuzz::targets() { return allTargets; }

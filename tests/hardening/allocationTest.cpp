@@ -8,6 +8,7 @@
 #include "calls.h"
 #include "faults.h"
 #include "support/files.h"
+#include "support/freshLibrary.h"
 #include "support/ownFolder.h"
 #include "support/quiet.h"
 
@@ -46,7 +47,7 @@ struct Trial {
 
 /// Lets an allocation of a call fail. When the call fails too, the next one must be as if it had not been made.
 Trial tryWithout(const faults::Plan& plan, const Call& call, const Seen& good) {
-    forgetAll();
+    resetLibrary();
     const long before = faults::alive().allocations;
     std::string_view fault;
     faults::plan(plan);
@@ -58,14 +59,14 @@ Trial tryWithout(const faults::Plan& plan, const Call& call, const Seen& good) {
     const bool failed = faults::course().failed;
     faults::plan({});
     if (!succeeded && runQuietly(call) != good) fault = "the next call is wrong";
-    forgetAll();
+    resetLibrary();
     if (faults::alive().allocations != before) fault = "leak";
     return {failed, std::string(fault)};
 }
 
 TEST_F(OutOfMemory, CallsFailAsTheyShouldAndLoseNothing) {
     for (const Call& call : calls()) {
-        forgetAll();
+        resetLibrary();
         const Seen good = runQuietly(call);
         EXPECT_TRUE(call.sample == nullptr || good != call.refused) << call.name;
         const std::size_t files = openFiles();

@@ -31,9 +31,6 @@ Seen runWell(const Call& call);
 /// The outcome of a call on a file of this path, or on null arrays.
 Seen runBadly(const Call& call, const char* path);
 
-/// Puts the library into the state that it has when it is loaded.
-void forgetAll();
-
 /// Open files of this process.
 std::size_t openFiles();
 

@@ -11,6 +11,7 @@
 #include "calls.h"
 #include "faults.h"
 #include "support/files.h"
+#include "support/freshLibrary.h"
 #include "support/ownFolder.h"
 #include "support/quiet.h"
 
@@ -107,9 +108,9 @@ TEST_F(OddFiles, MayShrinkWhileTheyAreRead) {
         for (const std::size_t size : {whole.size() / 2, whole.size() / 2 + 1, whole.size() - 2}) {
             std::ofstream(plain) << whole.substr(0, size);
             std::ofstream(odd) << whole;
-            forgetAll();
+            resetLibrary();
             const Seen expected = runBadly(call, plain);
-            forgetAll();
+            resetLibrary();
             faults::beforeOpening([&] { static_cast<void>(truncate(odd, static_cast<off_t>(size))); });
             const Seen seen = runBadly(call, odd);
             faults::beforeOpening({});
@@ -136,7 +137,7 @@ const Call& callOf(const Diagnostic& diagnostic) {
 
 /// The outcome of a call in a fresh process.
 Seen outcome(const Call& call) {
-    forgetAll();
+    resetLibrary();
     return runWell(call);
 }
 

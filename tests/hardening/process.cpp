@@ -2,25 +2,8 @@
 #include <iterator>
 
 #include "calls.h"
-#include "contour/state.h"
-#include "formats/state.h"
-#include "frame/state.h"
-#include "geometry/state.h"
-#include "shade/polygonTools.h"
-#include "shade/state.h"
-#include "wind/state.h"
 
 namespace velmar::test {
-
-void forgetAll() {
-    contour::state() = {};
-    formats::state() = {};
-    frame::state() = {};
-    geometry::state() = {};
-    shade::state() = {};
-    shade::polygonTools() = {};
-    wind::state() = {};
-}
 
 std::size_t openFiles() {
     const std::filesystem::directory_iterator entries("/proc/self/fd");
