@@ -1,6 +1,5 @@
 // The way from an input to calls, for the groups of exports that take arrays.
 
-#include "frame/progress.h"
 #include "harness.h"
 #include "support/freshLibrary.h"
 
@@ -15,7 +14,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input in(data, size);
     test::resetLibrary();
-    frame::setProgressEnabled(in.oneIn(8));
+    fuzz::chooseTexts(in);
     const std::span<const fuzz::Target> targets = fuzz::targets();
     for (int calls = 1 + in.below(3); calls > 0; --calls)
         targets[in.ConsumeIntegralInRange<std::size_t>(0, targets.size() - 1)](in);

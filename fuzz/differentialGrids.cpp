@@ -82,8 +82,12 @@ void compareShadings(Input& in) {
     const std::vector<test::Polygon> polygons = test::polygonsOf(test::shade(field));
     const std::vector<test::Polygon> expected = model.full ? std::vector<test::Polygon>{} : model.polygons;
     require(polygons.size() == expected.size(), "polygons are not as many as the model's");
-    for (std::size_t k = 0; k < polygons.size(); ++k)
-        require(polygons[k] == expected[k], "a polygon is not the model's");
+    for (std::size_t k = 0; k < polygons.size(); ++k) {
+        const bool same = sameBits(polygons[k].level, expected[k].level) &&
+                          polygons[k].colour == expected[k].colour &&
+                          polygons[k].points == expected[k].points;
+        require(same, "a polygon is not the model's");
+    }
 }
 
 void compareStreamlines(Input& in) {

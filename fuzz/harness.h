@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <span>
 
+#include "frame/progress.h"
 #include "input.h"
 
 /// What the harnesses share: the way from an input to a call.
@@ -14,6 +15,14 @@ inline void require(bool holds, const char* what) {
     if (holds) return;
     std::fprintf(stderr, "== VIOLATED: %s\n", what);
     std::abort();
+}
+
+/// Whether calls print their progress texts; one input in eight has them.
+inline bool hasTexts = false;
+
+inline void chooseTexts(Input& in) {
+    hasTexts = in.oneIn(8);
+    frame::setProgressEnabled(hasTexts);
 }
 
 using Target = void (*)(Input& in);

@@ -8,7 +8,6 @@
 
 #include "areas.h"
 #include "frame/gridFile.h"
-#include "frame/progress.h"
 #include "layouts.h"
 #include "levelCount.h"
 #include "support/freshLibrary.h"
@@ -267,7 +266,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     write(file.path, file.text);
     Input in(data, argumentBytes);
     const std::size_t reader = in.ConsumeIntegral<std::uint8_t>() % readers.size();
-    velmar::frame::setProgressEnabled(in.oneIn(8));
+    chooseTexts(in);
     readers[reader](file, in);
     return 0;
 }
