@@ -25,6 +25,7 @@ std::vector<PaperPoint> visiblePart(const std::vector<PaperPoint>& outline, cons
     for (const PaperPoint& point : outline) corners.push_back({point, true});
     corners = clipped(std::move(corners), box);
     std::vector<PaperPoint> part;
+    part.reserve(corners.size());
     for (const AreaCorner& corner : corners) part.push_back(corner.place);
     return part;
 }
