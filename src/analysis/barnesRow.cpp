@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "analysis/exponential.h"
+#include "frame/elementary.h"
 #include "frame/wideVectors.h"
 
 namespace velmar::analysis {
@@ -30,7 +30,7 @@ void addGaussian(const Columns& columns, const StationFromRow& station, float ra
     const StationFromRow from = station;
     for (std::size_t i = 0; i < count; ++i) {
         const float d = from.distanceOf(longitudes[i]);
-        const double weight = exponential(-squareOf(d) / width);
+        const double weight = frame::exponential(-squareOf(d) / width);
         sums[i] += d < radius ? weight * contribution : 0.0;
         weights[i] += d < radius ? weight : 0.0;
     }
@@ -72,7 +72,7 @@ void BarnesRow::sum(float latitude, const StationView& stations, const BarnesSwe
     for (const auto& [fromRow, station] : reaching_)
         if (std::fabs(fromRow.dy) <= radius) add(fromRow, radius, sweep, sweep.contributions[station]);
     // Each of two sums of n terms, here and in exactly(), may be off by n roundings of 1.1e-16, by n stations
-    // that are left out, of which none weighs more, and by the last digits of the exponentials.
+    // that are left out, of which none weighs more.
     constexpr double perStation = 1.0e-15;
     uncertainty_ = perStation * static_cast<double>(reaching_.size() + 1) * sweep.largest;
 }
@@ -115,7 +115,7 @@ WeightedSum BarnesRow::exactly(std::size_t i, const BarnesSweep& sweep) const {
     for (const auto& [fromRow, station] : reaching_) {
         const float d = fromRow.distanceOf(longitudes_[i]);
         if (!(d < sweep.radius)) continue;
-        const double weight = std::exp(-squareOf(d) / sweep.width);
+        const double weight = frame::exponential(-squareOf(d) / sweep.width);
         result.sum += weight * static_cast<double>(sweep.contributions[station]);
         result.weight += weight;
     }

@@ -5,6 +5,7 @@
 
 #include "analysis/area.h"
 #include "analysis/reach.h"
+#include "frame/elementary.h"
 #include "frame/grid.h"
 
 /// Distances in degrees, in single precision throughout.
@@ -53,7 +54,7 @@ private:
     static float cosineOf(float latitude, float otherLatitude) {
         constexpr float degreesPerRadianTwice = 114.59156F;
         return static_cast<float>(
-            std::cos(static_cast<double>((latitude + otherLatitude) / degreesPerRadianTwice)));
+            frame::cosine(static_cast<double>((latitude + otherLatitude) / degreesPerRadianTwice)));
     }
 };
 

@@ -1,11 +1,11 @@
 #include "formats/soundings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <optional>
 #include <string_view>
 
+#include "frame/elementary.h"
 #include "frame/file.h"
 #include "frame/firstLine.h"
 #include "frame/messages.h"
@@ -68,9 +68,10 @@ void interpolateFreezing(const SoundingLevel& below, const SoundingLevel& above,
         return (lower * tAbove - upper * tBelow) / (tAbove - tBelow);
     };
     constexpr double base = 1000;
-    const double logarithm = atZero(std::log(below.pressure / base), std::log(above.pressure / base));
+    const double logarithm =
+        atZero(frame::logarithm(below.pressure / base), frame::logarithm(above.pressure / base));
     sounding.freezingHeight = static_cast<float>(atZero(below.height, above.height));
-    sounding.freezingPressure = static_cast<float>(base * std::exp(logarithm));
+    sounding.freezingPressure = static_cast<float>(base * frame::exponential(logarithm));
 }
 
 /// Goes up to the freezing level, or through all levels when the lowest is frozen, and notes the standard

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "frame/elementary.h"
+
 namespace velmar::geometry {
 namespace {
 
@@ -33,7 +35,7 @@ float angleOf(float& cosine) {
     else if (cosine == 0.0F)
         return halfPi;
     const double c = cosine;
-    const auto angle = static_cast<float>(std::atan(std::sqrt(1.0 - c * c) / c));
+    const auto angle = static_cast<float>(frame::arcTangent(std::sqrt(1.0 - c * c) / c));
     return c < 0 ? angle + pi : angle;
 }
 
@@ -43,8 +45,8 @@ struct SineAndCosine {
     float cosine;
 
     explicit SineAndCosine(float angle)
-        : sine(static_cast<float>(std::sin(static_cast<double>(angle)))),
-          cosine(static_cast<float>(std::cos(static_cast<double>(angle)))) {}
+        : sine(static_cast<float>(frame::sine(static_cast<double>(angle)))),
+          cosine(static_cast<float>(frame::cosine(static_cast<double>(angle)))) {}
 };
 
 /// Of the terms of a bearing that point east and north.
@@ -52,7 +54,7 @@ float bearingOf(float eastward, float northward, bool isWestward) {
     constexpr double none = 1.0e-16;
     if (std::fabs(static_cast<double>(northward)) < none) return isWestward ? threeHalvesOfPi : halfPi;
     auto bearing =
-        static_cast<float>(std::atan(static_cast<double>(eastward) / static_cast<double>(northward)));
+        static_cast<float>(frame::arcTangent(static_cast<double>(eastward) / static_cast<double>(northward)));
     if (northward < 0) bearing += pi;
     return bearing < 0 ? bearing + twoPi : bearing;
 }

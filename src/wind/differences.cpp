@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "frame/elementary.h"
 #include "frame/wideVectors.h"
 
 namespace velmar::wind {
@@ -72,10 +73,12 @@ frame::ResultBlock differentiate(const FieldPair& fields, const frame::GridPlace
         const double south = position(j - 1, place.dy, place.y0);
         const double north = position(j + 1, place.dy, place.y0);
         const float circle =
-            static_cast<float>(std::cos(static_cast<double>(position(j, place.dy, place.y0)))) * earthRadius;
+            static_cast<float>(frame::cosine(static_cast<double>(position(j, place.dy, place.y0)))) *
+            earthRadius;
         if (circle <= singular) continue;
         const double span = combination == Combination::sum ? north - south : south - north;
-        const Row row{p.row(j), q.row(j - 1), q.row(j + 1), std::cos(south), std::cos(north), span, circle};
+        const Row row{p.row(j), q.row(j - 1), q.row(j + 1), frame::cosine(south), frame::cosine(north),
+                      span,     circle};
         differentiateRow(row, longitudeSpans.data(), p.nx, missing, result.get() + (p.row(j) - p.values));
     }
     return result;

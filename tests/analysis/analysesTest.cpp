@@ -6,7 +6,6 @@
 #include <limits>
 #include <random>
 
-#include "analysis/exponential.h"
 #include "analysis/nearest.h"
 #include "analysis/plainAnalyses.h"
 #include "frame/progress.h"
@@ -240,22 +239,6 @@ TEST_F(Analyses, TakeWhateverTheyAreGiven) {
     EXPECT_EQ(barnes(1, 1, 1, 2, 2, 0, 1, 0, 1, 1, &one, nullptr, &one, 0), nullptr);
     EXPECT_EQ(cressman(1, nullptr, 2, 2, 0, 1, 0, 1, 1, &one, &one, &one, 0), nullptr);
     EXPECT_NE(Block(cressman(-1, nullptr, 2, 2, 0, 1, 0, 1, -5, nullptr, nullptr, nullptr, 0)), nullptr);
-}
-
-TEST(Exponential, IsTheLibrarysToTheLastPlace) {
-    std::mt19937_64 random(3);
-    for (int round = 0; round < 200000; ++round) {
-        const double x = std::uniform_real_distribution<double>(-746, round % 2 == 0 ? 710 : 0)(random);
-        const double expected = std::exp(x);
-        const double got = analysis::exponential(x);
-        ASSERT_TRUE(got == expected || got == std::nextafter(expected, 0) ||
-                    got == std::nextafter(expected, static_cast<double>(infinity)))
-            << x;
-    }
-    EXPECT_EQ(analysis::exponential(0), 1);
-    EXPECT_EQ(analysis::exponential(-746), 0);
-    EXPECT_EQ(analysis::exponential(710), std::numeric_limits<double>::infinity());
-    EXPECT_TRUE(std::isnan(analysis::exponential(std::nan(""))));
 }
 
 TEST(Expansion, RefinesByCubics) {

@@ -4,10 +4,14 @@
 #include <bit>
 #include <cstdint>
 
-namespace velmar::analysis {
+/// The elementary functions that results depend on. They are made of additions, multiplications, divisions and
+/// comparisons, which round alike on every machine, so that results do not depend on whose C library is loaded or on
+/// what the processor can do. Angles are in radians. What is said of errors was measured in units in the last place of
+/// the result, beside long doubles of 64 bits; tests/frame/elementaryTest.cpp repeats it in small.
+namespace velmar::frame {
 
-/// e to the power x, off by one unit in the last place at most. Unlike with the C library's, loops that call it
-/// can be vectorised.
+/// e to the power x. Off by at most 0.97 units, measured at 1.6 * 10^8 arguments: from -745.2 to 709.8, from -50 to 0,
+/// from -1 to 1 and of every smaller magnitude. Loops that call it can be vectorised.
 ///
 /// x is k ln 2 + r with a whole k and |r| at most ln 2 / 2; the series of exp(r) is summed as far as doubles
 /// can tell, and multiplied by 2^k in two halves, so that no half is too small or too large for a double.
@@ -38,4 +42,17 @@ inline double exponential(double x) {
     return result * powerOf2(half) * powerOf2(rest);
 }
 
-}  // namespace velmar::analysis
+/// The natural logarithm; of 0 it is infinite, of negative numbers not a number. Off by at most 0.87 units, measured at
+/// 1.5 * 10^8 arguments: of every magnitude, from 0.3 to 1.5, and near 1.
+double logarithm(double x);
+
+/// Of any angle; of an infinite one not a number. Off by at most 0.82 units each, measured at 3 * 10^8 arguments: singles
+/// and doubles of every magnitude, between -2000 and 2000 and closer to 0, and beside multiples of pi/2.
+double sine(double x);
+double cosine(double x);
+
+/// From -pi/2 to pi/2. Off by at most 0.98 units, measured at 1.6 * 10^8 arguments: of every magnitude, from -8 to 8 and
+/// from -1 to 1.
+double arcTangent(double x);
+
+}  // namespace velmar::frame
