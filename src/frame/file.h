@@ -13,7 +13,13 @@ struct FileText {
     std::unique_ptr<char[]> bytes;
     std::size_t size;
 
-    std::string_view view() const { return {bytes.get(), size}; }
+    std::string_view raw() const { return {bytes.get(), size}; }
+
+    /// The bytes as text. Old editors mark its end by a last byte 0x1A, which is no part of it.
+    std::string_view view() const {
+        const bool marked = size > 0 && bytes[size - 1] == '\x1A';
+        return raw().substr(0, size - (marked ? 1 : 0));
+    }
 };
 
 struct FileClose {

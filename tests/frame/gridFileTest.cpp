@@ -98,6 +98,8 @@ TEST(GridFile, ReportsWhatIsWrong) {
     EXPECT_EQ(codeOf(""), -2);
     EXPECT_EQ(codeOf("diamond four title"), -2);
     EXPECT_EQ(codeOf("diamond 4"), -2);
+    EXPECT_EQ(codeOf("diamond 4 \x1A"), -2) << "the mark at the end of a text is not a title";
+    EXPECT_EQ(codeOf("diamond 4 \x1A\x1A"), -5) << "but one before it is";
     EXPECT_EQ(codeOf("diamond 11 title"), -3);
     EXPECT_EQ(codeOf("diamonds 3 title"), -3) << "the type is looked at before the keyword";
     EXPECT_EQ(codeOf("Diamond 4 title"), -4);
