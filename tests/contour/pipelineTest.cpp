@@ -92,24 +92,6 @@ TEST_F(Contours, NeedAModeAndWhatItNeeds) {
     }
 }
 
-TEST_F(Contours, TakeWhateverAGridHolds) {
-    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-    constexpr float infinity = std::numeric_limits<float>::infinity();
-    const std::vector<float> odd{nan, infinity, -infinity, 9999, 0, 3e38F, -3e38F, 1, nan};
-    for (const float missing : {9999.0F, nan, infinity}) {
-        for (const int mode : {0, 1, 2}) {
-            for (const float interval : {0.0F, nan, -1.0F, 1e-30F, infinity}) {
-                const Block block(contour2D(odd.data(), missing, 3, 3, mode, 0, interval, interval, &interval,
-                                            1, nan, infinity, nan, 0));
-                ASSERT_NE(block, nullptr);
-                EXPECT_GE(block[0], 24);
-            }
-        }
-    }
-    const std::vector<float> none(9, nan);
-    EXPECT_EQ(Block(contour2D(none.data(), nan, 3, 3, 1, 0, 0, 0, nullptr, 10, 0, 0, 1, 1))[1], 0);
-}
-
 TEST_F(Contours, OfAFileTakeItsLevelsModesAndBoldValue) {
     const std::string text = gridText(3, 2, "2.5", "0 4 8 0 4 8", "4 2 6 0 588");
     const Block byHeader = fileContours(text);

@@ -4,7 +4,6 @@
 #include <numeric>
 
 #include "frame/file.h"
-#include "frame/progress.h"
 #include "frame/state.h"
 #include "shade/byteImage.h"
 #include "shade/shadingCall.h"
@@ -47,11 +46,7 @@ std::vector<float> all(const Block& block) {
     return {block.get(), block.get() + static_cast<std::ptrdiff_t>(block[0])};
 }
 
-class ShadedFiles : public testing::Test {
-protected:
-    void SetUp() override { frame::setProgressEnabled(false); }
-    void TearDown() override { frame::setProgressEnabled(true); }
-};
+using ShadedFiles = test::SilentTest;
 
 TEST_F(ShadedFiles, TakeTheLevelsOfTheirHeader) {
     const Field same{
