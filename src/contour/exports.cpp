@@ -45,7 +45,7 @@ ResultBlock contour(const GridView& grid, float missing, const std::optional<Lev
                     const GridPlace& place, Smoothing smoothing) {
     ContourState& kept = state();
     freeContourLines();
-    // A call that is then refused leaves its factors too.
+    // A call that is refused has its factors too: contour2DRaw divides by those of the last call, whatever came of it.
     if (smoothing == Smoothing::refine) kept.factors = chooseFactors(grid.nx, grid.ny);
     if (!request || (grid.values == nullptr && grid.size() > 0)) return nullptr;
 
