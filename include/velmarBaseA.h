@@ -10,7 +10,7 @@
  *   layouts.
  *
  * Error codes of the file readers
- *   -1  the file cannot be opened (it is also named on standard error)
+ *   -1  the file cannot be opened (told on standard error, with its path when it should be a grid file)
  *   -2  the first line of the header cannot be read
  *   -3  the type number in it is not the one this reader expects
  *   -4  the keyword in it is not "diamond"
@@ -97,8 +97,8 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  *
  * contour2D first refines the grid by cubic Hermite interpolation: 200 / nx times along rows and 50 / ny
  * times along columns (whole numbers; above 5 means 4, below 1 means 1). contour2DRaw traces the grid as it
- * is, but divides positions by the factors of the last contour2D call of the process (1 before the first): a
- * host that mixes the two must know this.
+ * is, but divides positions by the factors of the last contour2D call of the process, even one that returned
+ * null (1 before the first): a host that mixes the two must know this.
  *
  *   grid          ny rows of nx values; not changed
  *   missing       value of grid points without data; no line passes an edge that touches one
@@ -107,7 +107,7 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  *                 1: levels chosen from the data: about count intervals, rounded to one digit
  *                 2: the count levels of the list
  *   start, end    first and last level (mode 0)
- *   interval      distance of levels (mode 0); one that is not above 0 gives the first level only
+ *   interval      distance of levels (mode 0); negative where start is above end
  *   levels        list of count levels (mode 2), otherwise unused and may be null
  *   count         mode 1: wanted number of intervals; mode 2: length of the list; mode 0: unused
  *   x0, y0        longitude of column 0 and latitude of row 0, degrees
@@ -144,6 +144,8 @@ VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int 
  *   count   as in contour2D
  *   levels  as in contour2D
  *
+ * A header that asks for more than 10,000 levels gets none.
+ *
  * A grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more column,
  * equal to its first, so that lines cross the seam; the result then counts that column.
  *
@@ -170,8 +172,12 @@ VELMAR_EXPORT float* readCntrData(const char* path, int mode, int count, const f
  *               range; number of grid steps that the strength was taken over; class of strength (a whole
  *               number, which may be negative)
  *   last        0
- * The strength is the sum of mean differences per grid step away from the centre in four directions, in units
- * of the grid; where a centre equals its neighbour it is not a number.
+ * The strength, in units of the grid, adds up the slopes in the four directions. A slope is the mean
+ * difference per grid step of a walk from the centre, as long as values rise from a low or fall from a high; of
+ * a walk that comes to the edge of the grid it is the sum of the differences. The walk towards higher rows
+ * takes each row's difference from the row before: its first one is that of the walk towards lower rows, and it
+ * mostly ends with the second. Where a centre equals its neighbour in the next column, the strength is not a
+ * number.
  *
  * Returns null when grid is null but should hold values, or for lack of memory. Release with freecPointer().
  */
@@ -186,19 +192,20 @@ VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int n
  *   nx, ny      columns and rows, at least 2 each, or there is nothing to fill
  *   levels      nlev levels, ascending, in units of the grid
  *   colours     nlev colours, each of the band above its level
- *   nlev        length of both lists
+ *   nlev        length of both lists; more than 1,000,000 count as none
  *   undefValue  value of grid points without data; values that are not finite have none either
  *   x0, y0      longitude of column 0 and latitude of row 0, degrees
  *   dx, dy      longitude step and latitude step, degrees
  *   stripRows   the grid is filled in strips of this many rows of cells, from row 0 on; below 1: in one strip
  *
- * Draw the polygons in their order, each filled with its colour: later ones cover earlier ones. Strips
- * of one row are painted right everywhere. Strips of several rows are faster and hold fewer polygons,
+ * Draw the polygons in their order, each filled with its colour: later ones cover earlier ones. What is
+ * painted in strips of one row is right everywhere. Strips of several rows are faster and hold fewer polygons,
  * but some places are painted wrongly, such as islands inside a hole (docs/limitations.md names them
  * all).
  *
  * The trace of a region has room for nx * ny points, the closing point included. One that needs more
- * ends the call; a grid of two rows or two columns that lies above a level as a whole is such a case.
+ * ends the call: that of a grid of two rows or two columns that lies above a level as a whole, or of a
+ * checkerboard in one strip.
  *
  * Result, with P polygons of n(1) ... n(P) points and n = nx * ny:
  *   0             12 + 3 P + 2 (n(1) + ... + n(P)) + n, the element count
@@ -220,7 +227,7 @@ VELMAR_EXPORT float* velmarCntrShad(const float* grid, int nx, int ny, const flo
                                     float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
 
 /* Shades a grid of class numbers 0, 1, ..., nClasses - 1: as velmarCntrShad with levels and colours 0,
- * 1, ..., nClasses - 1. Result, null and release as there. */
+ * 1, ..., nClasses - 1; more than 1,000,000 classes count as none. Result, null and release as there. */
 VELMAR_EXPORT float* velmarCntrShadJ(const float* grid, int nx, int ny, int nClasses, float undefValue,
                                      float x0, float y0, float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
 
@@ -248,9 +255,9 @@ VELMAR_EXPORT float* velmarCntrShadD(const float* grid, int nx, int ny, const fl
  *   reserved   not used
  *   stripRows  as in velmarCntrShad
  *
- * An interval that is not above 0 gives the first level only; more than 1,000,000 levels give none. A
- * grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more
- * column, equal to its first; the result then counts that column.
+ * A header that asks for more than 10,000 levels gets none. A grid that circles the globe (nx times the
+ * longitude step between 359.5 and 360.01) gets one more column, equal to its first; the result then
+ * counts that column.
  *
  * Result, null and release as for velmarCntrShad. Errors, in a one-element block: -1 to -4; -5 when the
  * header or a value of a grid that circles the globe cannot be read; -6 when a value of another grid
@@ -291,7 +298,8 @@ VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode,
  * outCount is null.
  *
  * Each call writes marks of its progress to a file named C:\clipdebug.txt, in the current directory
- * where this names no drive. When that cannot be opened, it returns null and *outCount is 0. */
+ * where this names no drive. When that cannot be opened, or is a link, it returns null and leaves *outCount
+ * alone. */
 VELMAR_EXPORT float* polygonfill(float* points, int n, float xlo, float ylo, float xhi, float yhi,
                                  int* outCount) VELMAR_NOEXCEPT;
 

@@ -14,8 +14,8 @@ struct Center {
     bool high;
     float normalisedStrength;  ///< strength divided by the range of the data
     int stepCount;             ///< grid steps that the strength was measured over
-    float strength;     ///< sum of the mean differences per step in four directions, negative for a low
-    int strengthClass;  ///< strength in tenths of the largest one, at least 5 units each
+    float strength;            ///< sum of the slopes in four directions, negative for a low
+    int strengthClass;         ///< strength in tenths of the largest one, at least 5 units each
 };
 
 /// Finds the centres of a grid: inner points below or above their neighbours, ordered by column, then by row.

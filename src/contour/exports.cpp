@@ -31,11 +31,11 @@ using velmar::frame::TextScanner;
 /// Whether the grid is refined before it is traced.
 enum class Smoothing { refine, none };
 
-/// Nothing when the mode is none.
+/// Nothing when the mode is none or lacks its list.
 std::optional<LevelRequest> levelRequest(int mode, float start, float end, float interval,
                                          const float* levels, int count) {
     const std::optional<LevelMode> known = levelMode(mode);
-    if (!known) return std::nullopt;
+    if (!known || (*known == LevelMode::list && levels == nullptr)) return std::nullopt;
     const std::size_t listed = levels == nullptr || count < 1 ? 0 : static_cast<std::size_t>(count);
     return LevelRequest{*known, start, end, interval, {levels, listed}, count};
 }
@@ -43,12 +43,12 @@ std::optional<LevelRequest> levelRequest(int mode, float start, float end, float
 /// The contour lines of a grid. Null when there is no request, or when a pointer that it needs is null.
 ResultBlock contour(const GridView& grid, float missing, const std::optional<LevelRequest>& request,
                     const GridPlace& place, Smoothing smoothing) {
-    if (!request || (grid.values == nullptr && grid.size() > 0)) return nullptr;
-    if (request->mode == LevelMode::list && request->list.data() == nullptr) return nullptr;
-
     ContourState& kept = state();
     freeContourLines();
+    // A call that is refused has its factors too: contour2DRaw divides by those of the last call, whatever came of it.
     if (smoothing == Smoothing::refine) kept.factors = chooseFactors(grid.nx, grid.ny);
+    if (!request || (grid.values == nullptr && grid.size() > 0)) return nullptr;
+
     const Levels levels = chooseLevels(grid, missing, *request);
     const bool refined = smoothing == Smoothing::refine && (kept.factors.x > 1 || kept.factors.y > 1);
     const Grid fine = refined ? refine(grid, missing, kept.factors) : Grid{};
@@ -71,11 +71,12 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     if (!grid) return grid.failure();
 
     const GridPlace place = placeOf(header->field.lattice);
-    const std::optional<LevelRequest> request =
+    std::optional<LevelRequest> request =
         levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
+    if (request) request->most = mostLevelsOfHeader;
     constexpr float missing = velmar::frame::missingInFiles;
     ResultBlock block = contour(grid->view(), missing, request, place, Smoothing::refine);
-    if (request->mode == LevelMode::automatic) {
+    if (levelMode(mode) == LevelMode::automatic) {
         state().lastCenters = packCenters(findGridCenters(grid->view(), missing), place);
     }
     return block;

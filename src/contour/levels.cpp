@@ -66,7 +66,7 @@ RoundedInterval roundSmallInterval(float interval) {
     const int multiplier = powerOfTen(position - 1);
     const float product = interval * static_cast<float>(multiplier);
     const float rounded = static_cast<float>(truncateToInt(product + 0.5)) / static_cast<float>(multiplier);
-    progress(messages::intervalMultiple, {std::string_view(text), rounded});
+    progress(messages::intervalMultiple, {multiplier, rounded});
     return {rounded, multiplier};
 }
 
@@ -139,11 +139,10 @@ Levels automaticLevels(const Extremes& data, const LevelRequest& request) {
 }
 
 std::vector<float> intervalLevels(const LevelRequest& request) {
-    if (!(request.interval > 0.0F)) return {request.start};
     const double end = request.end;
     const int count = truncateToInt((end - request.start) / request.interval + 1.0);
     std::vector<float> levels;
-    if (count > static_cast<int>(mostLevels)) return levels;
+    if (count < 1 || static_cast<std::size_t>(count) > request.most) return levels;
     for (int k = 0; k < count; ++k)
         levels.push_back(static_cast<float>(k) * request.interval + request.start);
     return levels;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <vector>
@@ -21,6 +22,13 @@ constexpr std::optional<LevelMode> levelMode(int mode) {
     return static_cast<LevelMode>(mode);
 }
 
+/// More levels than this count as a mistake and give none.
+inline constexpr std::size_t mostLevels = 1'000'000;
+
+/// The same for levels that a file's header asks for. A header is short, but each level may take as long, and leave as
+/// many points, as the grid has.
+inline constexpr std::size_t mostLevelsOfHeader = 10'000;
+
 /// What a host says about levels; units are those of the grid.
 struct LevelRequest {
     LevelMode mode;
@@ -28,7 +36,8 @@ struct LevelRequest {
     float end;
     float interval;
     std::span<const float> list;
-    int count;  ///< wanted number of intervals (automatic)
+    int count;                      ///< wanted number of intervals (automatic)
+    std::size_t most = mostLevels;  ///< between start and end (interval)
 };
 
 /// Levels in the order in which they are traced, not necessarily ascending.
@@ -36,9 +45,6 @@ struct Levels {
     std::vector<float> values;
     float start;  ///< the start that was asked for, or the one chosen from data that do not straddle zero
 };
-
-/// More levels than this count as a mistake and give none.
-inline constexpr std::size_t mostLevels = 1'000'000;
 
 /// Chooses the levels of a grid. Grid values equal to `missing` take no part in an automatic choice.
 ///

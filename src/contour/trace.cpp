@@ -141,10 +141,11 @@ Pairing LevelTracer::pairingOf(const Cell& cell) const {
 
 void traceLevels(const GridView& grid, float missing, std::span<const float> levels, TraceBuffers& buffers,
                  LineList& lines) {
-    if (levels.empty() || grid.nx < 2 || grid.ny < 2) return;
+    if (levels.empty() || grid.size() == 0) return;
     const std::size_t bordered =
         (static_cast<std::size_t>(grid.nx) + 2) * (static_cast<std::size_t>(grid.ny) + 2);
     buffers.workBufferFloats = std::max(buffers.workBufferFloats, bordered);
+    if (grid.nx < 2 || grid.ny < 2) return;
     buffers.index.build(grid, {missing});
     for (const float level : levels) {
         if (!buffers.index.reaches(level)) continue;

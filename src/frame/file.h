@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -12,8 +13,19 @@ struct FileText {
     std::unique_ptr<char[]> bytes;
     std::size_t size;
 
-    std::string_view view() const { return {bytes.get(), size}; }
+    std::string_view raw() const { return {bytes.get(), size}; }
+
+    /// The bytes as text. Old editors mark its end by a last byte 0x1A, which is no part of it.
+    std::string_view view() const {
+        const bool marked = size > 0 && bytes[size - 1] == '\x1A';
+        return raw().substr(0, size - (marked ? 1 : 0));
+    }
 };
+
+struct FileClose {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, FileClose>;
 
 /// Reads a regular file as long as it is before it is opened, or less when it shrinks meanwhile. Nothing when
 /// it cannot be opened; anything else than a regular file counts as that: a directory has no bytes, and a

@@ -17,7 +17,7 @@ inline constexpr const char* cannotOpenMapFile = "Cannot open map data file.\n";
 inline constexpr const char* firstInterval = "\xD7\xEE\xB3\xF5\xBC\xE4\xB8\xF4\xD6\xB5%f %f %f\n";
 // 确定位数%d %s %d
 inline constexpr const char* intervalDigits = "\xC8\xB7\xB6\xA8\xCE\xBB\xCA\xFD%d %s %d\n";
-// 确定倍数 %s %f
+// 确定倍数 %s %f: 1 and zeros, the interval
 inline constexpr const char* intervalMultiple = "\xC8\xB7\xB6\xA8\xB1\xB6\xCA\xFD %s %f\n";
 // 间隔计算%f %f %f
 inline constexpr const char* roundedInterval = "\xBC\xE4\xB8\xF4\xBC\xC6\xCB\xE3%f %f %f\n";

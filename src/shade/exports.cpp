@@ -32,9 +32,9 @@ namespace messages = velmar::frame::messages;
 /// The levels that a grid file's header asks for. Contour lines of the file have the same.
 std::vector<float> levelsOf(const GridHeader& header) {
     using namespace velmar::contour;
-    return chooseLevels({}, velmar::frame::missingInFiles,
-                        {LevelMode::interval, header.startValue, header.endValue, header.interval, {}, 0})
-        .values;
+    const LevelRequest request{
+        LevelMode::interval, header.startValue, header.endValue, header.interval, {}, 0, mostLevelsOfHeader};
+    return chooseLevels({}, velmar::frame::missingInFiles, request).values;
 }
 
 Outcome<ResultBlock> shadeGridFile(const char* path, int stripRows) {
@@ -63,7 +63,7 @@ ResultBlock shadeByteImage(const char* path, int stripRows, int mode, float leve
         std::fputs(messages::cannotOpenCloudFile, stderr);
         return nullptr;
     }
-    const std::optional<ByteImage> image = readByteImage(file->view());
+    const std::optional<ByteImage> image = readByteImage(file->raw());
     if (!image) return nullptr;
     const Grid grid = valuesOf(*image);
     const int colour = 0;

@@ -1,8 +1,8 @@
 #include "shade/shading.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
-#include <new>
 #include <vector>
 
 #include "frame/messages.h"
@@ -21,12 +21,12 @@ namespace messages = frame::messages;
 
 namespace {
 
-/// Calls `allocate`; false, and the text printed, when there is no memory.
+/// Calls `allocate`; false, and the text printed, when there is no memory, or more is asked for than there can be.
 template <class Allocate>
 bool succeeds(Allocate&& allocate, const char* textOfFailure) try {
     allocate();
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
     progress(textOfFailure);
     return false;
 }

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 
+#include "contour/levels.h"
 #include "frame/block.h"
 #include "frame/grid.h"
 
 namespace velmar::shade {
 
 /// The levels of a shading, lowest first, and the colours of the bands above them: the host's own lists, or
-/// the numbers 0, 1, 2, ... of classes.
+/// the numbers 0, 1, 2, ... of classes. Too many count as none, as they do for contour lines.
 class ShadeLevels {
 public:
     static ShadeLevels listed(const float* levels, const int* colours, int count) {
@@ -28,7 +30,11 @@ public:
 
 private:
     ShadeLevels(const float* levels, const int* colours, int count)
-        : levels_(levels), colours_(colours), count_(count) {}
+        : levels_(levels), colours_(colours), count_(mayBeMeant(count) ? count : 0) {}
+
+    static bool mayBeMeant(int count) {
+        return count > 0 && static_cast<std::size_t>(count) <= contour::mostLevels;
+    }
 
     const float* levels_;
     const int* colours_;

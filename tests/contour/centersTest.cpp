@@ -64,24 +64,8 @@ TEST(Centers, MayEqualTheirEastNeighbourOnly) {
     EXPECT_THAT(centersOf(north, 3, 4), ElementsAre(0, 0));
 }
 
-TEST(Centers, StandColumnByColumnAndTakeMissingPointsAsValues) {
-    const std::vector<float> grid{0, 0,    0, 0, 0,  //
-                                  0, 0,    0, 7, 0,  //
-                                  0, 0,    0, 0, 0,  //
-                                  0, 9999, 0, 4, 0,  //
-                                  0, 0,    0, 0, 0};
-    const auto found = centersOf(grid, 5, 5);
-    ASSERT_EQ(found[0], 3);
-    EXPECT_EQ(found[4], 9999);
-    EXPECT_EQ(found[11], 7);
-    EXPECT_EQ(found[18], 4);
-}
-
 TEST(Centers, NeedAnInnerPoint) {
-    const std::vector<float> grid(10, 1);
-    EXPECT_THAT(centersOf(grid, 2, 5), ElementsAre(0, 0));
-    EXPECT_THAT(centersOf(grid, 5, 2), ElementsAre(0, 0));
-    EXPECT_THAT(centersOf(grid, -1, 5), ElementsAre(0, 0));
+    EXPECT_THAT(centersOf({}, -1, 5), ElementsAre(0, 0));
     EXPECT_EQ(findCenters(nullptr, 9999, 3, 3, 0, 0, 0, 1, 1), nullptr);
 }
 

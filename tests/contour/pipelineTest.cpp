@@ -5,6 +5,7 @@
 
 #include "contour/state.h"
 #include "frame/progress.h"
+#include "frame/state.h"
 #include "support/files.h"
 #include "support/samples.h"
 
@@ -73,9 +74,10 @@ TEST_F(Contours, WithoutLinesAreTheGridAlone) {
 TEST_F(Contours, LeaveTheirFactorsToTheRawOnes) {
     const std::vector<float> grid{0, 4, 0, 4};
     EXPECT_EQ(at(contour2DRaw, grid, 2, 2, 1)[5], 100.25F);
+    EXPECT_EQ(contour2D(grid.data(), 9999, 2, 2, 2, 0, 0, 1, nullptr, 1, 0, 0, 1, 1), nullptr);
+    EXPECT_EQ(at(contour2DRaw, grid, 2, 2, 1)[5], 100.0625F) << "a refused call has its factors too";
     EXPECT_EQ(at(contour2D, grid, 2, 2, 1)[5], 100.25F)
         << "positions on the refined grid are divided by its factor";
-    EXPECT_EQ(at(contour2DRaw, grid, 2, 2, 1)[5], 100.0625F) << "and so are raw ones from then on";
 }
 
 TEST_F(Contours, NeedAModeAndWhatItNeeds) {
@@ -88,24 +90,6 @@ TEST_F(Contours, NeedAModeAndWhatItNeeds) {
         EXPECT_EQ(contour(nullptr, 9999, 2, 2, 0, 0, 1, 1, nullptr, 1, 0, 0, 1, 1), nullptr);
         EXPECT_EQ(Block(contour(&value, 9999, 1, 1, 2, 0, 1, 1, &value, -5, 0, 0, 1, 1))[0], 16);
     }
-}
-
-TEST_F(Contours, TakeWhateverAGridHolds) {
-    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-    constexpr float infinity = std::numeric_limits<float>::infinity();
-    const std::vector<float> odd{nan, infinity, -infinity, 9999, 0, 3e38F, -3e38F, 1, nan};
-    for (const float missing : {9999.0F, nan, infinity}) {
-        for (const int mode : {0, 1, 2}) {
-            for (const float interval : {0.0F, nan, -1.0F, 1e-30F, infinity}) {
-                const Block block(contour2D(odd.data(), missing, 3, 3, mode, 0, interval, interval, &interval,
-                                            1, nan, infinity, nan, 0));
-                ASSERT_NE(block, nullptr);
-                EXPECT_GE(block[0], 24);
-            }
-        }
-    }
-    const std::vector<float> none(9, nan);
-    EXPECT_EQ(Block(contour2D(none.data(), nan, 3, 3, 1, 0, 0, 0, nullptr, 10, 0, 0, 1, 1))[1], 0);
 }
 
 TEST_F(Contours, OfAFileTakeItsLevelsModesAndBoldValue) {
@@ -122,6 +106,13 @@ TEST_F(Contours, OfAFileTakeItsLevelsModesAndBoldValue) {
     EXPECT_EQ(fileContours(text, 3), nullptr);
     EXPECT_EQ(readCntrData("no/such/file", -1, 0, nullptr), nullptr) << "nothing is read in an unknown mode";
     EXPECT_EQ(fileContours(gridText(0, 4, "2.5", ""))[0], 15);
+    EXPECT_EQ(fileContours(gridText(3, 2, "2.5", "0 4", "4 2 6 0 12"))[0], -7);
+    EXPECT_EQ(frame::state().lastBoldValue, 12) << "values that cannot be read do not matter";
+    const auto lines = [](const std::string& hints) {
+        return fileContours(gridText(2, 2, "2.5", "0 2e4 0 2e4", hints))[1];
+    };
+    EXPECT_EQ(lines("-2 9999 -9999 0 0"), 5000) << "of 10,000 levels those from 1 up";
+    EXPECT_EQ(lines("-2 9999 -10001 0 0"), 0) << "one too many";
 }
 
 TEST_F(Contours, OfAGlobeCirclingFileAreClosedAtTheSeam) {
@@ -139,7 +130,7 @@ TEST_F(Contours, OfAGlobeCirclingFileAreClosedAtTheSeam) {
     EXPECT_EQ(fileContours(wide(4, "89.874"), 2, 0, &none)[3], 4) << "359.496 degrees";
     EXPECT_EQ(fileContours(wide(4, "89.876"), 2, 0, &none)[3], 5);
     EXPECT_EQ(fileContours(wide(4, "90.003"), 2, 0, &none)[3], 4) << "360.012 degrees";
-    EXPECT_EQ(fileContours(wide(144, "2.5"), 2, 0, &none)[3], 145);
+    EXPECT_EQ(fileContours(wide(4, "90.002"), 2, 0, &none)[3], 5) << "360.008 degrees";
 
     EXPECT_EQ(fileContours(gridText(4, 2, "90", "1 2 3 4 5 6 7"))[0], -6);
     EXPECT_EQ(fileContours(gridText(2000000000, 1, "1.8e-7", "1 2 3 4 5 6 7"))[0], -6);

@@ -10,6 +10,7 @@
 #include <random>
 #include <ranges>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/plainLocale.h"
@@ -129,12 +130,8 @@ TEST(Scanner, CountsFieldsUpToTheFirstThatFails) {
     int bad = 5;
     int after = 6;
     EXPECT_EQ(scan(in, keyword, type, title, level, bad, after), 4);
-    EXPECT_EQ(keyword, "diamond");
-    EXPECT_EQ(type, 4);
-    EXPECT_EQ(title, "\xB8\xDF\xB6\xC8");
-    EXPECT_EQ(level, 7);
-    EXPECT_EQ(bad, 5);
-    EXPECT_EQ(after, 6);
+    EXPECT_EQ(std::tie(keyword, title), std::tuple("diamond", "\xB8\xDF\xB6\xC8"));
+    EXPECT_EQ(std::tie(type, level, bad, after), std::tuple(4, 7, 5, 6));
     TextScanner empty("");
     EXPECT_EQ(scan(empty, type), 0);
 }

@@ -4,7 +4,6 @@
 #include <numeric>
 
 #include "frame/file.h"
-#include "frame/progress.h"
 #include "frame/state.h"
 #include "shade/byteImage.h"
 #include "shade/shadingCall.h"
@@ -33,11 +32,11 @@ Block shadeImage(const std::string& bytes, int stripRows = 1, int mode = 1, floa
     return Block(readByteShadData(TemporaryFile(bytes).path().c_str(), stripRows, mode, level));
 }
 
-/// A byte image, its columns one degree apart from 2 to 5 degrees.
+/// A byte image, its columns 2 degrees apart from 2 to 9 degrees: three and a half steps.
 std::string image(const std::string& pixels, const std::string& size = "4 3", int kind = 1,
                   const std::string& keyword = "March") {
     std::string header =
-        keyword + " 13 T\xB1 2011 10 11 0 0 " + std::to_string(kind) + " 1 " + size + " 1 2 10 5 12 1 0 0";
+        keyword + " 13 T\xB1 2011 10 11 0 0 " + std::to_string(kind) + " 1 " + size + " 2 2 10 9 12 1 0 0";
     header.resize(149, ' ');
     return header + pixels;
 }
@@ -47,11 +46,7 @@ std::vector<float> all(const Block& block) {
     return {block.get(), block.get() + static_cast<std::ptrdiff_t>(block[0])};
 }
 
-class ShadedFiles : public testing::Test {
-protected:
-    void SetUp() override { frame::setProgressEnabled(false); }
-    void TearDown() override { frame::setProgressEnabled(true); }
-};
+using ShadedFiles = test::SilentTest;
 
 TEST_F(ShadedFiles, TakeTheLevelsOfTheirHeader) {
     const Field same{
@@ -63,6 +58,8 @@ TEST_F(ShadedFiles, TakeTheLevelsOfTheirHeader) {
     EXPECT_EQ(all(shadeGrid(text("1.5 0.5 4 0 588"))), all(test::shade(same)));
     EXPECT_EQ(frame::state().lastBoldValue, 7) << "contour lines keep the bold value of their own files";
     EXPECT_EQ(shadeGrid(text("1 5 3 0 0")), nullptr) << "no level";
+    EXPECT_NE(shadeGrid(text("-1 9999 0 0 0")), nullptr) << "10,000 levels";
+    EXPECT_EQ(shadeGrid(text("-1 10000 0 0 0")), nullptr) << "one too many";
     EXPECT_EQ(shadeGrid(text("1 50 60 0 0")), nullptr) << "no polygon";
     EXPECT_EQ(shadeGrid(text("1 0 6 0 0", 0)), nullptr) << "no values";
     EXPECT_THAT(said([&] { shadeGrid(text("1.5 0.5 4 0 588")); }),
@@ -102,14 +99,14 @@ void expectSame(const std::vector<float>& values, int kind, int stripRows, int m
 }
 
 TEST_F(ShadedFiles, OfBytesCount255AsMinusOne) {
-    Field same{{}, 6, 6, std::vector<float>(256), std::vector<int>(256), 5, 255, 2, 10};
+    Field same{{}, 6, 6, std::vector<float>(256), std::vector<int>(256), 5, 255, 2, 10, 2};
     std::iota(same.levels.begin(), same.levels.end(), 0.0F);
     std::iota(same.colours.begin(), same.colours.end(), 0);
     std::vector<float> values(36, 254);
     values[14] = -1;
     expectSame(values, 1, -1, 0, same);  // the whole image in one strip
     values = {1, 2, 13, 10, 26, 4, 90, 91, 20, -1, 99, 100};
-    values.resize(36, 3);
+    values.resize(36, 26);  // which ends a text
     same.stripRows = 1;
     expectSame(values, 1, 1, 2, same);
     same.missing = 20;
@@ -120,7 +117,8 @@ TEST_F(ShadedFiles, OfBytesCount255AsMinusOne) {
 
 TEST_F(ShadedFiles, OfBytesTellTheirTitleAndSizesThatAreOdd) {
     const std::string low(12, '\0');
-    EXPECT_EQ(said([&] { shadeImage(image(low)); }), title + "T\xB1\n" + end);
+    for (const char* size : {"4 3", "2 6"})
+        EXPECT_EQ(said([&] { shadeImage(image(low, size)); }), title + "T\xB1\n" + end) << size;
     EXPECT_EQ(said([&] { shadeImage(image(low, "3 3")); }), sizeWarning + title + "T\xB1\n" + end);
     EXPECT_EQ(said([&] { shadeImage(image(low, "3 5")); }), sizeWarning) << "and that cannot be read";
 }
@@ -141,7 +139,7 @@ TEST_F(ShadedFiles, OfBytesNeedKeywordAndPixels) {
     EXPECT_EQ(shadeImage(good), nullptr) << "which ends with the first";
 
     const auto file = frame::readWholeFile(test::sample("images/cloud_total_global.img").c_str());
-    const auto cloud = shade::readByteImage(file->view());
+    const auto cloud = shade::readByteImage(file->raw());
     const frame::Grid grid = shade::valuesOf(cloud.value());
     EXPECT_EQ(grid.values.size(), 144U * 73);
     EXPECT_EQ(std::count(grid.values.begin(), grid.values.end(), shade::undefinedValueOf(*cloud)), 63);

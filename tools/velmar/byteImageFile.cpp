@@ -35,7 +35,7 @@ frame::Lattice latticeOf(const shade::ByteImage& image) {
 
 /// Views into the head's file.
 shade::ByteImage readByteImage(const FileHead& head) {
-    const auto image = shade::readByteImage(head.file.view());
+    const auto image = shade::readByteImage(head.file.raw());
     if (!image) throw Problem("it is cut off: it holds fewer bytes than its header says");
     if (image->pixels.empty())
         throw Problem(fmt::format("its header gives it {} columns and {} rows", image->nx, image->ny));
