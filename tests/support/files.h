@@ -43,6 +43,7 @@ Block readWith(Reader read, const std::string& text) {
 }
 
 inline std::vector<float> elements(const Block& block, std::size_t count, std::size_t first = 0) {
+    if (block == nullptr) return {};
     return {&block[first], &block[first] + count};
 }
 
