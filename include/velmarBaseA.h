@@ -10,7 +10,7 @@
  *   layouts.
  *
  * Error codes of the file readers
- *   -1  the file cannot be opened (told on standard error; only the readers of grid files name it there)
+ *   -1  the file cannot be opened (told on standard error, with its path when it should be a grid file)
  *   -2  the first line of the header cannot be read
  *   -3  the type number in it is not the one this reader expects
  *   -4  the keyword in it is not "diamond"
