@@ -666,14 +666,15 @@ VELMAR_EXPORT float* ReadVelmarData16(const char* path) VELMAR_NOEXCEPT;
  *
  * Result, with K values a station, N stations, C contour levels and P points of the boundary:
  *   0 to 4         year, month, day, hour, level
- *   5, 6, 7        K, N, C
+ *   5, 6, 7        K as the file has it, N, C
  *   next C         the contour levels
  *   per station    number, longitude, latitude, height, then K values
  *   then           P
  *   next 2 P       the boundary, pairs of longitude and latitude
- * No element count stands before it; there are (K + 4) N + C + 2 P + 9 elements. Reading ends at the first
- * station without number, place, height and first value; further values that cannot be read are 0. The number
- * of stations that the file promises is printed.
+ * No element count stands before it; there are (K + 4) N + C + 2 P + 9 elements, where a K below 0 counts as 0.
+ * Reading ends at the first station without number, place, height and first value, and before there would be more
+ * elements than the file has bytes. A further value that cannot be read is 0, and the next one is read from there
+ * on. The number of stations that the file promises is printed.
  *
  * Errors, in a one-element block: -1 (told on standard error) to -3; -4 the second line; -5 a contour level;
  * -6 the items in front of the boundary; -7 the boundary; -9 the counts of values and stations, or a lack of
@@ -698,9 +699,9 @@ VELMAR_EXPORT float* ReadVelmarData3(const char* path) VELMAR_NOEXCEPT;
 VELMAR_EXPORT float* ReadVelmarData780(const char* path) VELMAR_NOEXCEPT;
 VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
 
-/* Reads a map file (type 9), whose keyword is "diamond" or "March". ONLY THE FIRST CALL of a process returns
- * lines (or, when a call before it broke off among the lines, the lines up to there); later calls read and check
- * their file, but return its counts only.
+/* Reads a map file (type 9), whose keyword is "diamond" or "March". ONLY THE FIRST CALL of a process
+ * that gets past the head of its file returns lines (or, when it breaks off among them, the call after it returns
+ * the lines up to there); later calls read and check their file, but return its counts only.
  *
  *   path  the file
  *
@@ -713,7 +714,8 @@ VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
  * block is long enough for what element 0 says and for the lines, and for a host that steps through L of them;
  * elements without a line are 0.
  *
- * Each call writes a log named C:\readmap9.txt, in the current directory where this names no drive.
+ * Each call writes a log named C:\readmap9.txt, in the current directory where this names no drive; but none through
+ * a link, nor over the file itself.
  *
  * Returns null when the file cannot be opened (told on standard error) or read to its end, or for lack of
  * memory. Release with deleteMap9Ptr() or freecPointer(). */
@@ -725,8 +727,8 @@ VELMAR_EXPORT void deleteMap9Ptr(float* block) VELMAR_NOEXCEPT;
 /* ---- Soundings ----------------------------------------------------------------------------------------- */
 
 /* Reads a file of soundings (type 5; keyword "diamond" or "March") and derives freezing level, K index and total
- * totals of each. They stay inside the library. The number of each sounding is printed. Returns 0, also when the
- * file cannot be opened (told on standard error) or read. */
+ * totals of each. They stay inside the library. The number of each sounding is printed. Reading ends at the first
+ * sounding that is incomplete. Returns 0, also when the file cannot be opened (told on standard error) or read. */
 VELMAR_EXPORT int readVelmarData5(const char* path) VELMAR_NOEXCEPT;
 
 /* ---- Rainfall ------------------------------------------------------------------------------------------ */
@@ -763,7 +765,8 @@ VELMAR_EXPORT float* DiscreteAdd(int startYear, int startMonth, int startDay, in
 /* Loads a file of named boundaries, once for the life of the process: a later call, with whatever file, changes
  * nothing. Names are cut at 47 bytes. Returns
  *    1  when it has been read
- *    0  when a point could not be read; the regions up to there, with the points that could, are there
+ *    0  when a point could not be read; the regions up to there, with the points that could, are there, but no
+ *       place lies in the last of them
  *   -1  when the file cannot be opened or has no head or no region, when one has been loaded before, or for
  *       lack of memory */
 VELMAR_EXPORT int readRegionData(const char* path) VELMAR_NOEXCEPT;
@@ -779,8 +782,9 @@ VELMAR_EXPORT const char* countyNameFromRegion(float x, float y) VELMAR_NOEXCEPT
 
 /* Return the boundary of one region, pairs of longitude and latitude: of the region at a place in the file, from
  * 0 on, or of the first of a name, compared byte by byte. *count (which may be null) receives the number of points.
- * Null, with 0 points, when there is no such region or it has no points. The points belong to the library, must not be changed, and are
- * valid for the life of the process. */
+ * Null, with 0 points, when there is no such region; what is returned for a region without points may be null or not,
+ * and nothing can be read there. The points belong to the library, must not be changed, and are valid for the life of
+ * the process. */
 VELMAR_EXPORT const float* getSingleRegionBoundaryByOrder(int index, int* count) VELMAR_NOEXCEPT;
 VELMAR_EXPORT const float* getSingleRegionBoundaryByName(const char* name, int* count) VELMAR_NOEXCEPT;
 

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <locale>
 #include <new>
 #include <utility>
 
-#include "frame/file.h"
+#include "frame/diagnosticFile.h"
 #include "frame/messages.h"
 
 namespace velmar::formats {
@@ -18,7 +17,7 @@ using frame::TextScanner;
 namespace messages = frame::messages;
 
 /// The log has this very name on every platform. Where it names no drive, it stands in the current directory.
-constexpr const char* logFile = "C:\\readmap9.txt";
+constexpr const char* logName = "C:\\readmap9.txt";
 
 struct LineHead {
     int points = 0;
@@ -26,10 +25,20 @@ struct LineHead {
     int attribute2 = 0;
 };
 
+/// Writes to the log, if there is one.
+void tell(std::FILE* file, const char* text) {
+    if (file != nullptr) std::fputs(text, file);
+}
+
+template <class... Values>
+void tell(std::FILE* file, const char* format, Values... values) {
+    if (file != nullptr) std::fprintf(file, format, values...);
+}
+
 enum class LineHeadResult { read, atEnd, failed };
 
 /// Reads the head of a line. A head that the end of the file cuts off has failed, unless nothing of it is there.
-LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::ostream& log) {
+LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::FILE* logFile) {
     std::array<int, 3> others{};
     int converted = 0;
     int wanted = 0;
@@ -43,7 +52,8 @@ LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::
         wanted = 8;
         converted = scan(in, head.points, head.attribute1, head.attribute2, others[0], others[1], others[2],
                          first, second);
-        if (converted == wanted) log << messages::mapLineRead << head.points << ' ' << second << '\n';
+        if (converted == wanted)
+            tell(logFile, messages::mapLineRead, head.points, static_cast<int>(second.size()), second.data());
     }
     if (converted == wanted) return LineHeadResult::read;
     return converted == 0 && in.remaining() == 0 ? LineHeadResult::atEnd : LineHeadResult::failed;
@@ -74,8 +84,8 @@ struct MapCounts {
 
 MapCounts countLines(const MapLines& lines) { return {lines.lines.size(), lines.coordinates.size() / 2}; }
 
-ResultBlock pack(const MapLines& lines, const MapCounts& told, std::ostream& log) try {
-    log << messages::mapResultSize << told.lastIndex() << '\n';
+ResultBlock pack(const MapLines& lines, const MapCounts& told, std::FILE* logFile) try {
+    tell(logFile, messages::mapResultSize, told.lastIndex());
     // A host that steps through as many lines as it is told stays within the block, even when others are there.
     MapCounts there = countLines(lines);
     there.lines = std::max(there.lines, told.lines);
@@ -87,7 +97,7 @@ ResultBlock pack(const MapLines& lines, const MapCounts& told, std::ostream& log
     out.appendCount(told.lines);
     const float* points = lines.coordinates.data();
     for (const MapLines::Line& line : lines.lines) {
-        log << messages::mapLineWritten << line.points << '\n';
+        tell(logFile, messages::mapLineWritten, line.points);
         out.appendCount(line.points);
         out.appendCount(line.attribute1);
         out.appendCount(line.attribute2);
@@ -96,7 +106,7 @@ ResultBlock pack(const MapLines& lines, const MapCounts& told, std::ostream& log
     }
     return block;
 } catch (const std::bad_alloc&) {
-    log << messages::noMemoryForMap;
+    tell(logFile, messages::noMemoryForMap);
     throw;
 }
 
@@ -118,10 +128,10 @@ std::optional<MapForm> readMapHead(TextScanner& in) {
     return form;
 }
 
-bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::ostream& log) {
+bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::FILE* logFile) {
     for (;;) {
         LineHead head;
-        const LineHeadResult result = readLineHead(in, form, head, log);
+        const LineHeadResult result = readLineHead(in, form, head, logFile);
         if (result != LineHeadResult::read) return result == LineHeadResult::atEnd;
         const auto points = static_cast<std::size_t>(std::max(head.points, 0));
         if (!readPoints(in, points, lines.coordinates)) return false;
@@ -130,14 +140,11 @@ bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::ostream& 
 }
 
 ResultBlock readMap(const char* path, MapState& state) {
-    std::ofstream log;
-    // Whatever locale the host has chosen, numbers are written without separators.
-    log.imbue(std::locale::classic());
-    if (!frame::isPipe(logFile)) log.open(logFile);
+    frame::OpenFile logFile = frame::openDiagnosticFile(logName, path);
     const std::optional<frame::FileText> file = frame::readWholeFile(path);
     if (!file) {
         // Where standard error is closed, the log may have its descriptor.
-        log.close();
+        logFile.reset();
         std::fputs(messages::cannotOpenMapFile, stderr);
         return nullptr;
     }
@@ -147,19 +154,19 @@ ResultBlock readMap(const char* path, MapState& state) {
 
     // The state changes when nothing can fail any more: a call that lacks memory does not count.
     MapLines own;
-    if (!readMapLines(in, *form, own, log)) {
+    if (!readMapLines(in, *form, own, logFile.get())) {
         if (!state.hasFirstMap) state = {true, std::move(own)};
         return nullptr;
     }
     const MapCounts told = *form == MapForm::march ? countLines(own) : MapCounts{};
-    log << messages::mapWriting;
+    tell(logFile.get(), messages::mapWriting);
     // Every result is made of what is left of the first map of the process, which it then empties.
     const MapLines& handedOut = state.hasFirstMap ? state.firstMap : own;
-    ResultBlock block = pack(handedOut, told, log);
-    log << messages::mapReleasing;
+    ResultBlock block = pack(handedOut, told, logFile.get());
+    tell(logFile.get(), messages::mapReleasing);
     for (const MapLines::Line& line : handedOut.lines)
-        log << messages::mapLineReleased << line.points << '\n';
-    log << messages::mapReleased;
+        tell(logFile.get(), messages::mapLineReleased, line.points);
+    tell(logFile.get(), messages::mapReleased);
     state = {true, {}};
     return block;
 }

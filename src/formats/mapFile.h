@@ -1,6 +1,6 @@
 #pragma once
 
-#include <fstream>
+#include <cstdio>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -31,8 +31,8 @@ std::optional<MapForm> readMapHead(frame::TextScanner& in);
 
 /// Reads lines to the end of the file; what can be read is in the lines even when it fails.
 ///
-///   log  gets a text per line of the March form
-bool readMapLines(frame::TextScanner& in, MapForm form, MapLines& lines, std::ostream& log);
+///   logFile  gets a text per line of the March form; may be null
+bool readMapLines(frame::TextScanner& in, MapForm form, MapLines& lines, std::FILE* logFile);
 
 /// The maps that ReadMap9 has read. Lives as long as the process.
 struct MapState {

@@ -1,14 +1,18 @@
 #include "formats/rainfall.h"
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
+#include <map>
 #include <optional>
 #include <string>
 
 #include "frame/file.h"
 #include "frame/messages.h"
+#include "frame/wideVectors.h"
 
 namespace velmar::formats {
 namespace {
@@ -16,16 +20,19 @@ namespace {
 using frame::TextScanner;
 using Station = RainTable::Station;
 
-constexpr std::size_t nobody = std::numeric_limits<std::size_t>::max();
-
 float amountOf(const Station& station) {
     return station.value == frame::missingInFiles ? 0.0F : station.value;
 }
 
-void addTo(Station& total, const Station& station) {
+/// Whether an amount is added to the total of a station that is in the table already.
+bool adds(float amount) {
     constexpr double least = 0.011;
-    if (static_cast<double>(station.value) > least && station.value != frame::missingInFiles)
-        total.value += station.value;
+    return static_cast<double>(amount) > least && amount != frame::missingInFiles;
+}
+
+VELMAR_WIDE_VECTORS
+void addToAll(float* totals, std::size_t count, float amount) {
+    for (std::size_t k = 0; k < count; ++k) totals[k] += amount;
 }
 
 /// The file of a time in a directory. Where backslashes separate nothing, a file whose name has one in it may
@@ -81,7 +88,7 @@ void RainTable::append(const Station& station) {
     stations_.push_back(station);
     stations_.back().value = amountOf(station);
     if (station.number == 0)
-        rowsOfZero_.push_back(row);
+        zeroRows_.push_back({row, 0});
     else
         rowOfNumber_.try_emplace(station.number, row);
 }
@@ -89,23 +96,45 @@ void RainTable::append(const Station& station) {
 void RainTable::add(std::span<const Station> file) {
     if (stations_.empty()) {
         for (const Station& station : file) append(station);
+        shareTotalsOfZeros();
         return;
     }
-    takers_.assign(file.size(), nobody);
-    for (std::size_t k = 0; k < file.size(); ++k) {
-        const auto found = rowOfNumber_.find(file[k].number);
-        if (found == rowOfNumber_.end()) continue;
-        takers_[k] = found->second;
-        addTo(stations_[found->second], file[k]);
+    std::vector<Station> newcomers;
+    for (const Station& station : file) {
+        const auto taker = rowOfNumber_.find(station.number);
+        if (station.number == 0) {
+            if (adds(station.value)) addToZerosFrom(0, station.value);
+        } else if (taker == rowOfNumber_.end()) {
+            newcomers.push_back(station);
+        } else if (adds(station.value)) {
+            stations_[taker->second].value += station.value;
+            addToZerosFrom(taker->second, station.value);
+        }
     }
-    for (const std::size_t row : rowsOfZero_) gather(row, file);
-    for (std::size_t k = 0; k < file.size(); ++k)
-        if (takers_[k] == nobody && file[k].number != 0) append(file[k]);
+    for (const auto [row, total] : zeroRows_) stations_[row].value = zeroTotals_[total];
+    for (const Station& station : newcomers) append(station);
 }
 
-void RainTable::gather(std::size_t row, std::span<const Station> file) {
-    for (std::size_t k = 0; k < file.size(); ++k)
-        if (file[k].number == 0 || takers_[k] < row) addTo(stations_[row], file[k]);
+void RainTable::shareTotalsOfZeros() {
+    std::map<std::uint32_t, std::size_t> totalOfBits;
+    std::size_t next = 0;
+    for (auto& [row, total] : zeroRows_) {
+        if (row != next) totalOfBits.clear();
+        next = row + 1;
+        const float value = stations_[row].value;
+        const auto [found, isNew] =
+            totalOfBits.try_emplace(std::bit_cast<std::uint32_t>(value), zeroTotals_.size());
+        total = found->second;
+        if (!isNew) continue;
+        zeroTotals_.push_back(value);
+        firstRows_.push_back(row);
+    }
+}
+
+/// Adds to the totals of the rows of number 0 from some row on.
+void RainTable::addToZerosFrom(std::size_t row, float amount) {
+    const auto first = std::ranges::lower_bound(firstRows_, row) - firstRows_.begin();
+    addToAll(zeroTotals_.data() + first, zeroTotals_.size() - static_cast<std::size_t>(first), amount);
 }
 
 frame::ResultBlock accumulateRain(const char* directory, const RainSpan& span) {

@@ -28,13 +28,23 @@ public:
     std::span<const Station> stations() const { return stations_; }
 
 private:
+    /// A row of number 0.
+    struct ZeroRow {
+        std::size_t row;
+        std::size_t total;  ///< which of the totals is its own
+    };
+
     void append(const Station& station);
-    void gather(std::size_t row, std::span<const Station> file);
+    void shareTotalsOfZeros();
+    void addToZerosFrom(std::size_t row, float amount);
 
     std::vector<Station> stations_;
     std::unordered_map<int, std::size_t> rowOfNumber_;  ///< the first row of each number but 0
-    std::vector<std::size_t> rowsOfZero_;
-    std::vector<std::size_t> takers_;  ///< for each station of a file, the row that has taken it
+    std::vector<ZeroRow> zeroRows_;
+
+    // Rows of number 0 with no others between them gather the same, so those that begin with the same total share it.
+    std::vector<float> zeroTotals_;
+    std::vector<std::size_t> firstRows_;  ///< of each of these totals, in rising order
 };
 
 /// A span of time in steps of so many hours.

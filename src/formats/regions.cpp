@@ -84,10 +84,12 @@ bool contains(const Box& box, float x, float y) {
     return box.west <= x && x <= box.east && box.south <= y && y <= box.north;
 }
 
-/// The bounds of points; empty when there is none.
+/// No place lies in these.
+constexpr float beyond = 999;
+constexpr Box noBounds{beyond, -beyond, beyond, -beyond};
+
 Box boundsOf(const float* points, std::size_t count) {
-    constexpr float beyond = 999;
-    Box box{beyond, -beyond, beyond, -beyond};
+    Box box = noBounds;
     for (std::size_t k = 0; k < count; ++k) {
         const float x = points[2 * k];
         const float y = points[2 * k + 1];
@@ -113,10 +115,7 @@ std::unique_ptr<BoxIndex> indexEdges(const RegionTable& table, const Region& reg
 
 void buildIndices(RegionTable& table) {
     std::vector<Box> boxes;
-    for (Region& region : table.regions) {
-        region.bounds = boundsOf(table.pointsOf(region), region.points);
-        region.edges = indexEdges(table, region, boxes);
-    }
+    for (Region& region : table.regions) region.edges = indexEdges(table, region, boxes);
     boxes.clear();
     for (const Region& region : table.regions) boxes.push_back(region.bounds);
     const double side = std::ceil(std::sqrt(static_cast<double>(boxes.size() + 1)));
@@ -151,8 +150,10 @@ RegionsRead readAll(TextScanner& in, RegionTable& table) {
         if (scan(in, reference.x, reference.y, name, promised) < 4) break;
         const std::size_t firstPoint = table.coordinates.size() / 2;
         const std::size_t points = readPoints(in, promised, table.coordinates);
-        table.regions.push_back({addName(table, name), firstPoint, points, reference, {}, nullptr});
+        Region& region = table.regions.emplace_back(
+            Region{addName(table, name), firstPoint, points, reference, noBounds, nullptr});
         if (promised > 0 && points < static_cast<std::size_t>(promised)) return RegionsRead::pointMissing;
+        region.bounds = boundsOf(table.pointsOf(region), points);
     }
     return RegionsRead::complete;
 }

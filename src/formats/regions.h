@@ -39,7 +39,7 @@ enum class RegionsRead { complete, pointMissing };
 bool readRegionHead(frame::TextScanner& in);
 
 /// Reads regions until a head of one cannot be read, and builds the indices. A region that lacks points has those
-/// that are there, and is the last.
+/// that are there, but no bounds, and is the last.
 RegionsRead readRegions(frame::TextScanner& in, RegionTable& table);
 
 /// The first region whose boundary has a point inside; null when none has. By the crossings with a line from

@@ -39,25 +39,26 @@ struct StandardLevels {
     }
 };
 
-/// Reads the levels that a number of values makes, as far as they go.
-std::vector<SoundingLevel> readLevels(TextScanner& in, int valueCount) {
+/// Reads the levels that a number of values makes; says whether all are there.
+bool readLevels(TextScanner& in, int valueCount, std::vector<SoundingLevel>& levels) {
     constexpr int valuesEach = 6;
-    std::vector<SoundingLevel> levels;
-    const std::size_t most = in.recordsAtMost(valueCount / valuesEach, valuesEach);
-    levels.reserve(most);
-    for (std::size_t k = 0; k < most; ++k) {
+    const int promised = std::max(valueCount / valuesEach, 0);
+    const std::size_t count = in.recordsAtMost(promised, valuesEach);
+    if (count < static_cast<std::size_t>(promised)) return false;
+    levels.reserve(count);
+    for (std::size_t k = 0; k < count; ++k) {
         int pressure = 0;
         int height = 0;
         int temperature = 0;
         int dewPoint = 0;
         int direction = 0;
         int speed = 0;
-        if (scan(in, pressure, height, temperature, dewPoint, direction, speed) < valuesEach) break;
+        if (scan(in, pressure, height, temperature, dewPoint, direction, speed) < valuesEach) return false;
         levels.push_back({pressure, static_cast<float>(height), static_cast<float>(temperature),
                           static_cast<float>(dewPoint), static_cast<float>(direction),
                           static_cast<float>(speed)});
     }
-    return levels;
+    return true;
 }
 
 /// Where the temperature is 0 between two levels: heights go with it, and the logarithms of pressures.
@@ -127,9 +128,9 @@ SoundingFile readSoundings(const char* path) {
     for (int k = 0; k < stations; ++k) {
         Sounding sounding{};
         int values = 0;
-        if (scan(in, sounding.number, sounding.longitude, sounding.latitude, sounding.height, values) < 5)
+        if (scan(in, sounding.number, sounding.longitude, sounding.latitude, sounding.height, values) < 5 ||
+            !readLevels(in, values, sounding.levels))
             break;
-        sounding.levels = readLevels(in, values);
         frame::progress(messages::derivingSounding, {sounding.number});
         derive(sounding, standard);
         result.soundings.push_back(std::move(sounding));

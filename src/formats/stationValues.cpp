@@ -22,22 +22,23 @@ using frame::ResultBlock;
 using frame::TextScanner;
 namespace messages = frame::messages;
 
-/// Appends the stations that can be read; returns how many. A station counts as soon as its first value is
-/// there: further values that are not are 0.
-int readStations(TextScanner& in, int promised, int valuesPerStation, GrowingBlock& out) {
+/// Appends the stations that can be read, as long as there are no more than so many elements; returns how many. A
+/// station counts as soon as its first value is there. A further value that does not scan is 0, and the next is
+/// scanned from where that scan stopped.
+int readStations(TextScanner& in, int promised, int valuesPerStation, std::size_t mostElements,
+                 GrowingBlock& out) {
     constexpr std::size_t placeFields = 4;
-    const auto values = static_cast<std::size_t>(std::max(valuesPerStation, 0));
-    // A count that the whole file could not hold is not believed for one station either.
-    if (!in.mayHold(values)) return 0;
+    const std::size_t elements = placeFields + static_cast<std::size_t>(std::max(valuesPerStation, 0));
     int count = 0;
-    for (; count < promised; ++count) {
+    for (; count < promised && out.size() + elements <= mostElements; ++count) {
         std::array<float, placeFields + 1> head{};
         if (in.read(head) < head.size()) break;
-        const std::span<float> station = out.claim(placeFields + values);
+        const std::span<float> station = out.claim(elements);
         std::copy_n(head.begin(), std::min(head.size(), station.size()), station.begin());
-        if (values < 2) continue;
-        const std::span<float> further = station.subspan(head.size());
-        std::fill(further.begin() + static_cast<std::ptrdiff_t>(in.read(further)), further.end(), 0.0F);
+        for (std::size_t k = head.size(); k < station.size(); ++k) {
+            station[k] = 0;
+            in.read(station[k]);
+        }
     }
     return count;
 }
@@ -68,8 +69,10 @@ Outcome<ResultBlock> readStationValues(const char* path) {
         out.append(std::array{static_cast<float>(item)});
     out.append(std::array{static_cast<float>(h.contourLevels.size())});
     out.append(h.contourLevels);
-    const int count = readStations(in, promised, valuesPerStation, out);
     const std::size_t boundaryPoints = h.boundary.size() / 2;
+    // The block never has more elements than the file has bytes, whatever number of values is promised.
+    const std::size_t mostElements = file->size - 1 - h.boundary.size();
+    const int count = readStations(in, promised, valuesPerStation, mostElements, out);
     out.append(std::array{static_cast<float>(boundaryPoints)});
     out.append(h.boundary);
     ResultBlock block = out.finish();

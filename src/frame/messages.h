@@ -118,17 +118,17 @@ inline constexpr const char* derivingSounding = "Calculate parameters....%d\n";
 inline constexpr const char* leftCrossings = "left cross number %d %d\n";
 inline constexpr const char* rightCrossings = "right cross number %d %d\n";
 
-// Log of map files: what stands in front of a number
-inline constexpr const char* mapLineRead = "read data ";
+// Log of map files
+inline constexpr const char* mapLineRead = "read data %d %.*s\n";
 inline constexpr const char* mapWriting = "write to memory...\n";
-// 数组大小
-inline constexpr const char* mapResultSize = "\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 ";
+// 数组大小 %zu
+inline constexpr const char* mapResultSize = "\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 %zu\n";
 // 无法分配内存
 inline constexpr const char* noMemoryForMap = "\xCE\xDE\xB7\xA8\xB7\xD6\xC5\xE4\xC4\xDA\xB4\xE6\n";
-inline constexpr const char* mapLineWritten = "write line ... ";
+inline constexpr const char* mapLineWritten = "write line ... %zu\n";
 inline constexpr const char* mapReleasing = "delete memory\n";
 // Spelled so since the first version
-inline constexpr const char* mapLineReleased = "deete line ...";
+inline constexpr const char* mapLineReleased = "deete line ...%zu\n";
 inline constexpr const char* mapReleased = "delete memory end\n";
 
 // Contours of stations

@@ -17,9 +17,9 @@ constexpr float earthRadius = 6.37e6F;
 /// No point is computed where the earth's radius times the cosine of latitude, in metres, is not above this.
 constexpr double singular = 1e-10;
 
-/// Single precision, in radians, of row or column k.
+/// Single precision, in radians, of row or column k. The degrees are rounded once, from double.
 float position(int k, float step, float start) {
-    const float degrees = static_cast<float>(k) * step + start;
+    const auto degrees = static_cast<float>(static_cast<double>(k) * step + start);
     return static_cast<float>(degrees * radiansPerDegree);
 }
 

@@ -58,7 +58,8 @@ Outcome<WindFile> readWindFile(const char* path, Lattice& lattice) {
     TextScanner in(text->view());
     const std::optional<frame::FirstLine> line = frame::readFirstLine(in);
     if (!line) return Failure{-2};
-    if (line->keyword != "diamond") return Failure{-3};
+    // A keyword ends at a NUL, as texts do that are compared in C.
+    if (line->keyword.substr(0, line->keyword.find('\0')) != "diamond") return Failure{-3};
 
     FieldHeader header{};
     header.lattice = lattice;

@@ -103,7 +103,7 @@ TEST_F(RainFiles, AreReadFromTheStepAfterTheStartToTheFirstNotBeforeTheEnd) {
     write("08071520.000", "9 1 1 1 0.01  7 1 1 1 0.25  8 102 32 14 0.01", 3);
     const Block block = add(8, 20, 6);
     ASSERT_NE(block, nullptr);
-    EXPECT_EQ(std::vector<float>(block.get(), block.get() + 16),
+    EXPECT_EQ(elements(block, 16),
               (std::vector<float>{16, 7, 100.5F, 30, 12, 5.25F, 9, 101, 31, 13, 0, 8, 102, 32, 14, 0.01F}));
 }
 

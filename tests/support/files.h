@@ -4,6 +4,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "velmarBaseA.h"
 
@@ -34,6 +35,17 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+/// What a reader makes of a file of the given text.
+template <class Reader>
+Block readWith(Reader read, const std::string& text) {
+    return Block(read(TemporaryFile(text).path().c_str()));
+}
+
+inline std::vector<float> elements(const Block& block, std::size_t count, std::size_t first = 0) {
+    if (block == nullptr) return {};
+    return {&block[first], &block[first] + count};
+}
 
 /// Text of a grid file with the given sizes and longitude step, its values behind the header.
 inline std::string gridText(int nx, int ny, const std::string& longitudeStep, const std::string& values,

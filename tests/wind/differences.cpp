@@ -29,7 +29,7 @@ std::vector<float> computed(Kernel kernel, const std::vector<float>& p, const st
 }
 
 float radians(int k, float step, float start) {
-    return static_cast<float>((static_cast<float>(k) * step + start) * (3.1416 / 180));
+    return static_cast<float>(std::fma(static_cast<float>(k), step, start) * (3.1416 / 180));
 }
 
 /// One point at a time.

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ostream>
 
 #include "formats/mapFile.h"
 #include "formats/polyline.h"
@@ -31,9 +30,8 @@ void readMap(const FileHead& head, LineMap& map) {
     frame::TextScanner in(head.file.view());
     const auto form = formats::readMapHead(in);
     if (!form) throw Problem("its header cannot be read: ten integers are expected in front of the lines");
-    std::ostream noLog(nullptr);
     formats::MapLines lines;
-    const bool whole = formats::readMapLines(in, *form, lines, noLog);
+    const bool whole = formats::readMapLines(in, *form, lines, nullptr);
     std::size_t first = 0;
     for (const formats::MapLines::Line& line : lines.lines) {
         map.lines.push_back({first, line.points, line.attribute1, line.attribute2, {}});

@@ -39,7 +39,7 @@ struct StationFile {
     std::vector<float> values;  ///< all elements of a station, then those of the next
 
     std::size_t stationCount() const { return longitudes.size(); }
-    int lastElement() const { return firstElement + elementCount - 1; }
+    int lastElement() const { return firstElement - 1 + elementCount; }
     /// Lists of stations have no date.
     bool hasTime() const { return field.month != 0; }
     float value(std::size_t station, int element) const {
