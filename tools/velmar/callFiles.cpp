@@ -3,26 +3,27 @@
 #include <fmt/format.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-
 #include "problem.h"
 
 namespace velmar::tool {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// The number of a file on its device: all its names and links have it, in upper or lower case where that is one
 /// name. A file that is yet to be made has its path only.
 std::string identityOf(const std::string& name) {
+    const std::string path = targetOf(name).string();
     struct stat status {};
-    if (stat(name.c_str(), &status) == 0) return fmt::format("{}:{}", status.st_dev, status.st_ino);
-    std::error_code error;
-    const fs::path path = fs::weakly_canonical(fs::absolute(name, error), error);
-    return error ? name : path.string();
+    return stat(path.c_str(), &status) == 0 ? fmt::format("{}:{}", status.st_dev, status.st_ino) : path;
 }
 
 }  // namespace
+
+std::filesystem::path targetOf(const std::string& output) {
+    std::error_code error;
+    std::filesystem::path path = std::filesystem::weakly_canonical(output, error);
+    if (!error) path = std::filesystem::absolute(path, error);
+    return error ? std::filesystem::path(output) : path;
+}
 
 CallFiles::CallFiles(const OutputOptions& options) {
     for (const auto* inputs : {&options.inputs, &options.furtherInputs})
