@@ -2,7 +2,6 @@
 #include "byteImages.h"
 #include "chart/coverageLayer.h"
 #include "chart/imageLayer.h"
-#include "frame/progress.h"
 #include "picture.h"
 
 namespace {
@@ -11,8 +10,6 @@ using namespace velmar::tool;
 
 class ImageTest : public PictureTest {
 protected:
-    ImageTest() { velmar::frame::setProgressEnabled(false); }
-
     BareMap draw(const ByteImageText& image, const Bounds& bounds, int width = 440, int height = 400) const {
         const ByteImageFile file = readByteImageFile(readFileHead(write("image", image.text())));
         BareMap map(bounds, width, height);

@@ -42,10 +42,9 @@ TEST_F(OutputTest, ResultsDoNotReplaceEachOther) {
     const std::string third = write("third", GridText{}.text());
     const std::string output = write("out/11100800.000.csv", "");
     std::filesystem::create_symlink(output, path("out/third.csv"));
-    const Arguments intoFolder{"contour", "--out-dir", path("out"), "--format", "csv", first};
-    for (const std::string& other : {second, third})
-        expectReplies(intoFolder, {{{other}, 1, other + ": its output " + path("out")},
-                                   {{other}, 1, "is already that of " + first}});
+    for (const auto& [other, name] : {std::pair{second, "out/11100800.000.csv"}, {third, "out/third.csv"}})
+        expectReplies({"contour", "--out-dir", path("out"), "--format", "csv", first, other},
+                      {{{}, 1, other + ": its output " + path(name) + " is already that of " + first}});
     EXPECT_EQ(readFile(output), outOf({"contour", first, "-o", "-", "--format", "csv"}));
 }
 

@@ -9,6 +9,8 @@
 #include <random>
 #include <sstream>
 
+#include "frame/progress.h"
+
 namespace fs = std::filesystem;
 
 std::string readFile(const fs::path& path) {
@@ -38,6 +40,7 @@ std::string GridText::text() const {
 ProgramTest::ProgramTest()
     : folder_(fs::temp_directory_path() / fmt::format("velmar-test-{:08x}", std::random_device{}())) {
     fs::create_directories(folder_);
+    velmar::frame::setProgressEnabled(false);
 }
 
 ProgramTest::~ProgramTest() {

@@ -2,7 +2,6 @@
 
 #include "../support/files.h"
 #include "byteImages.h"
-#include "frame/progress.h"
 #include "program.h"
 #include "shading.h"
 
@@ -12,8 +11,6 @@ using velmar::tool::Shading;
 
 class ShadeTest : public ProgramTest {
 protected:
-    ShadeTest() { velmar::frame::setProgressEnabled(false); }
-
     json polygons(const std::string& file, const Arguments& options) const {
         return json::parse(outOf({"shade", file, "-o", "-"}, options))["features"];
     }

@@ -3,7 +3,6 @@
 #include "chart/flowField.h"
 #include "chart/palette.h"
 #include "chart/streamlineLayer.h"
-#include "frame/progress.h"
 #include "picture.h"
 #include "windText.h"
 
@@ -13,8 +12,6 @@ using namespace velmar::tool;
 
 class WindChartTest : public PictureTest {
 protected:
-    WindChartTest() { velmar::frame::setProgressEnabled(false); }
-
     WindFile wind(const WindText& text) const {
         const std::string file = write("w.000", text.text());
         return readWindFile(file, readFileHead(file));
