@@ -8,8 +8,8 @@
 namespace velmar::tool {
 namespace {
 
-/// The number of a file on its device: all its names and links have it, in upper or lower case where that is one
-/// name. A file that is yet to be made has its path only.
+/// What tells a file from all others. Its number on its device is the same for all its names and links, also
+/// where upper and lower case make no difference; a file that is yet to be made has only its path.
 std::string identityOf(const std::string& name) {
     const std::string path = targetOf(name).string();
     struct stat status {};
@@ -18,11 +18,11 @@ std::string identityOf(const std::string& name) {
 
 }  // namespace
 
-std::filesystem::path targetOf(const std::string& output) {
+std::filesystem::path targetOf(const std::string& name) {
     std::error_code error;
-    std::filesystem::path path = std::filesystem::weakly_canonical(output, error);
+    std::filesystem::path path = std::filesystem::weakly_canonical(name, error);
     if (!error) path = std::filesystem::absolute(path, error);
-    return error ? std::filesystem::path(output) : path;
+    return error ? std::filesystem::path(name) : path;
 }
 
 CallFiles::CallFiles(const OutputOptions& options) {

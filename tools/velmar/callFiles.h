@@ -8,8 +8,8 @@
 
 namespace velmar::tool {
 
-/// The file that is written under a name: a link leads to another one.
-std::filesystem::path targetOf(const std::string& output);
+/// The whole path of the file that a name stands for: a link leads to another one.
+std::filesystem::path targetOf(const std::string& name);
 
 /// The files of one call of the program. Nothing that the call reads is ever written, and no two results go to
 /// one file, whatever names and links lead there.

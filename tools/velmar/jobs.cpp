@@ -59,11 +59,13 @@ std::vector<Job> planFolder(const OutputOptions& options, const std::string& for
 }
 
 void claimOutputs(std::vector<Job>& jobs, CallFiles& files) {
-    for (Job& job : jobs) try {
+    for (Job& job : jobs) {
+        try {
             files.claim(job.output, job.input);
         } catch (const Problem& problem) {
             job.obstacle = problem.what();
         }
+    }
 }
 
 void makeFolder(const std::string& folder) {

@@ -17,7 +17,7 @@ class CallFiles;
 /// Where a command's results go, as the user said it.
 struct OutputOptions {
     std::vector<std::string> inputs;
-    std::vector<std::string> furtherInputs;  ///< what else is read, as maps
+    std::vector<std::string> furtherInputs;  ///< what else is read: maps
     std::string output;                      ///< a file, or "-" for standard output
     std::string folder;
     std::string format;

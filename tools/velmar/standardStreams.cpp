@@ -10,8 +10,8 @@ namespace velmar::tool {
 
 void guardStandardStreams() {
     for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
-    // A file that is opened while a stream is closed would get its number, and what is said there. What takes its
-    // place cannot be written, so that an answer that goes nowhere is still noticed.
+    // While a standard stream is closed, the next file that is opened gets its number, and all that is said to the
+    // stream. The stand-in cannot be written, so that an answer that goes nowhere is still noticed.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/dev/null", O_RDONLY));
 }

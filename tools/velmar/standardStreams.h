@@ -4,8 +4,8 @@
 
 namespace velmar::tool {
 
-/// Makes standard streams that are closed, full or broken pipes an error of the one who writes there. To be called
-/// before any file is opened.
+/// Writing to a standard stream that is closed, full or a broken pipe fails from now on, and does no other harm. To
+/// be called before any file is opened.
 void guardStandardStreams();
 
 /// Writes to standard error. That nobody can read there is no reason to stop.
