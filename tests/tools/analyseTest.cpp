@@ -1,18 +1,11 @@
-#include <gmock/gmock.h>
-
 #include <cmath>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "picture.h"
-#include "program.h"
 #include "stationTexts.h"
 
 namespace {
-
-using nlohmann::json;
-using testing::HasSubstr;
 
 /// The values of a CSV by longitude and latitude; points without data are missing.
 using Field = std::map<std::pair<double, double>, double>;
@@ -44,17 +37,10 @@ std::vector<TestStation> plane() {
     return stations;
 }
 
-class AnalyseTest : public ProgramTest {
+class AnalyseTest : public PictureTest {
 protected:
-    Answer analyse(const std::string& file, std::vector<std::string> options) const {
-        options.insert(options.begin(), {"analyse", file});
-        return run(options);
-    }
-    Field field(const std::string& text, std::vector<std::string> options) const {
-        options.insert(options.end(), {"-o", "-", "--format", "csv"});
-        const Answer result = analyse(write("stations", text), options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return readField(result.out);
+    Field field(const std::string& text, const Arguments& options) const {
+        return readField(outOf({"analyse", write("stations", text), "-o", "-", "--format", "csv"}, options));
     }
 };
 
@@ -97,10 +83,9 @@ TEST_F(AnalyseTest, ReadsReportsWithAndWithoutExtraValues) {
         EXPECT_EQ(twenty.at({100 + k, 30 + k}), k);
         EXPECT_EQ(thirteen.at({100 + k, 30 + k}), -k);
     }
-    EXPECT_THAT(analyse(path("stations"), {"-o", "-", "--element", "5"}).err,
-                HasSubstr("no element 5, only 6 to 26"));
-    EXPECT_THAT(analyse(path("stations"), {"-o", "-", "--element", "12"}).err,
-                HasSubstr("no station has a value of element 12"));
+    expectReplies(
+        {"analyse", path("stations"), "-o", "-", "--element"},
+        {{{"5"}, 1, "no element 5, only 6 to 26"}, {{"12"}, 1, "no station has a value of element 12"}});
 }
 
 TEST_F(AnalyseTest, StationsOfEitherLongitudeAreFound) {
@@ -124,20 +109,20 @@ TEST_F(AnalyseTest, StationsOfEitherLongitudeAreFound) {
 
 TEST_F(AnalyseTest, PointsThatNoStationReachesHaveNoData) {
     const std::string text = stationValues({{100, 30, 5}, {101, 31, 6}});
-    const auto options = [](const std::string& method, const std::string& radius) {
-        return std::vector<std::string>{"--method",      method, "--bounds=98,140,28,34", "--step", "1",
-                                        "--mask-radius", radius};
+    const auto masked = [&](const std::string& method, const std::string& radius) {
+        return field(text,
+                     {"--method", method, "--bounds=98,140,28,34", "--step=1", "--mask-radius", radius});
     };
-    EXPECT_EQ(field(text, options("nearest", "0")).size(), 43U * 7U);
+    EXPECT_EQ(masked("nearest", "0").size(), 43U * 7U);
     for (const std::string method : {"barnes", "cressman", "nearest"}) {
-        const Field masked = field(text, options(method, "1"));
-        EXPECT_TRUE(masked.contains({100, 30}) && masked.contains({101, 30})) << method;
-        EXPECT_FALSE(masked.contains({98, 30}) || masked.contains({103, 31})) << method;
-        EXPECT_EQ(field(text, options(method, "0")).contains({139, 30}), method == "nearest");
+        const Field near = masked(method, "1");
+        EXPECT_TRUE(near.contains({100, 30}) && near.contains({101, 30})) << method;
+        EXPECT_FALSE(near.contains({98, 30}) || near.contains({103, 31})) << method;
+        EXPECT_EQ(masked(method, "0").contains({139, 30}), method == "nearest");
     }
-    run({"analyse", path("stations"), "--method", "cressman", "--bounds=98,140,28,34", "--step", "1", "-o",
-         path("g.000")});
-    const json info = json::parse(run({"info", "--json", path("g.000")}).out);
+    outOf({"analyse", path("stations"), "--method=cressman", "--bounds=98,140,28,34", "--step=1", "-o",
+           path("g.000")});
+    const json info = infoOf(path("g.000"));
     EXPECT_GT(info["missing"], 200);
     EXPECT_LT(info["largest"]["value"], 7);
     EXPECT_GT(info["smallest"]["value"], 4);
@@ -145,97 +130,70 @@ TEST_F(AnalyseTest, PointsThatNoStationReachesHaveNoData) {
 
 TEST_F(AnalyseTest, WritesGridFilesThatSayWhatTheStationFileSays) {
     const std::string file = write("reports", surfaceReports(plane()));
-    EXPECT_EQ(
-        analyse(file, {"-o", path("95031820.003"), "--bounds", "102,108,32,38", "--step", "0.4"}).exitCode,
-        0);
-    const json info = json::parse(run({"info", "--json", path("95031820.003")}).out);
-    EXPECT_EQ(info["title"], "地面");
-    EXPECT_EQ(info["start"], "1995-03-18 20:00");
-    EXPECT_EQ(info["longitudes"], json::parse(R"({"start":102,"end":108,"step":0.4,"count":16})"));
+    outOf({"analyse", file, "-o", path("95031820.003"), "--bounds", "102,108,32,38", "--step", "0.4"});
+    const json info = infoOf(path("95031820.003"));
+    expectHolds(info, R"({"title": "地面", "start": "1995-03-18 20:00",
+                          "longitudes": {"start": 102, "end": 108, "step": 0.4, "count": 16}})");
     EXPECT_GT(info["contours"]["interval"], 1);
     EXPECT_EQ(run({"chart", path("95031820.003"), "-o", path("c.png")}).err, "");
 
     // Levels of the file's own where they fit, automatic ones where a grid file has no room for them.
     const auto contours = [&](const std::string& levels) {
-        analyse(write("values", stationValues(plane(), levels)), {"-o", path("v.000")});
-        return json::parse(run({"info", "--json", path("v.000")}).out)["contours"];
+        outOf({"analyse", write("values", stationValues(plane(), levels)), "-o", path("v.000")});
+        return infoOf(path("v.000"))["contours"]["interval"];
     };
-    EXPECT_EQ(contours("3 -20 0 20")["interval"], 20);
-    EXPECT_EQ(contours("3 -20 0 15")["interval"], contours("0")["interval"]);
-    EXPECT_EQ(contours("2 500 510")["interval"], contours("0")["interval"]);
+    EXPECT_EQ(contours("3 -20 0 20"), 20);
+    for (const char* unfit : {"3 -20 0 15", "2 500 510"}) EXPECT_EQ(contours(unfit), contours("0"));
 }
 
 TEST_F(AnalyseTest, ChartsShowStationsAsDots) {
-    const auto dots = [&](const std::vector<TestStation>& stations, std::vector<std::string> options) {
-        options.insert(options.end(),
-                       {"-o", path("c.png"), "--no-centers", "--levels", "1000", "--size", "800x600"});
-        const Answer result = analyse(write("stations", stationValues(stations)), options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return Picture(path("c.png"));
+    const auto dotsOfTwo = [&](double second) {
+        const std::string file = write("stations", stationValues({{103, 35, 4}, {second, 37, 4}}));
+        return drawn({"analyse", file, "--no-centers", "--levels", "1000", "--bounds=100,110,30,40"});
     };
-    const std::vector<std::string> window{"--bounds=100,110,30,40"};
-    const Picture inside = dots({{103, 35, 4}, {107, 37, 4}}, window);
-    const Picture outside = dots({{103, 35, 4}, {120, 37, 4}}, window);
-    EXPECT_GT(inside.differences(outside), 30) << "a dot and its figure";
-    EXPECT_EQ(inside.differences(dots({{103, 35, 4}, {-253, 37, 4}}, window)), 0);
-    EXPECT_EQ(analyse(path("stations"), {"-o", path("c.svg"), "--fill"}).exitCode, 0);
+    const Picture inside = dotsOfTwo(107);
+    EXPECT_GT(inside.differences(dotsOfTwo(120)), 30) << "a dot and its figure";
+    EXPECT_EQ(inside.differences(dotsOfTwo(-253)), 0);
+    outOf({"analyse", path("stations"), "-o", path("c.svg"), "--fill"});
 }
 
 TEST_F(AnalyseTest, RefusesInWords) {
     const std::string good = write("good", stationValues(plane()));
-    struct Case {
-        std::string file;
-        std::vector<std::string> options;
-        int exitCode;
-        std::string sentence;
-    };
-    const std::vector<Case> cases{
-        {good, {"--method", "kriging"}, 2, "kriging"},
-        {good, {"--step", "0"}, 2, "not one or two numbers above 0"},
-        {good, {"--step", "1,1,1"}, 2, "not one or two numbers above 0"},
-        {good, {"--bounds", "1,2,3"}, 2, "four numbers"},
-        {good, {"--mask-radius", "-1"}, 2, "not in range"},
-        {good, {"--step", "0.001"}, 1, "more than 4000000 points"},
-        {good, {"--step", "50"}, 1, "a step of 50 is too wide"},
-        {good, {"--bounds", "10,20,30,40"}, 1, "no station with a value lies within"},
-        {write("grid", GridText{}.text()), {}, 1, "grid of one quantity (type 4)"},
-        {write("cut", "diamond 3 T 2024 1 1"), {}, 1, "its header cannot be read"},
-        {write("none", stationValues({})), {}, 1, "no station has a value of element 1"},
-    };
-    for (auto [file, options, exitCode, sentence] : cases) {
-        options.insert(options.end(), {"-o", path("no.000")});
-        const Answer result = analyse(file, options);
-        EXPECT_EQ(result.exitCode, exitCode) << sentence;
-        EXPECT_THAT(result.err, HasSubstr(sentence));
-    }
+    expectReplies({"analyse"},
+                  {{{good, "--method", "kriging"}, 2, "kriging"},
+                   {{good, "--step", "0"}, 2, "not one or two numbers above 0"},
+                   {{good, "--step", "1,1,1"}, 2, "not one or two numbers above 0"},
+                   {{good, "--mask-radius", "-1"}, 2, "not in range"},
+                   {{good, "--step", "0.001"}, 1, "more than 4000000 points"},
+                   {{good, "--step", "50"}, 1, "a step of 50 is too wide"},
+                   {{good, "--bounds", "10,20,30,40"}, 1, "no station with a value lies within"},
+                   {{write("grid", GridText{}.text())}, 1, "grid of one quantity (type 4)"},
+                   {{write("cut", "diamond 3 T 2024 1 1")}, 1, "its header cannot be read"},
+                   {{write("none", stationValues({}))}, 1, "no station has a value of element 1"}},
+                  {"-o", path("no.000")});
     EXPECT_FALSE(std::filesystem::exists(path("no.000")));
     // What can be done otherwise is done, and the user is told.
     const std::string whole = stationValues(plane());
-    EXPECT_THAT(analyse(write("short", whole.substr(0, whole.size() - 30)), {"-o", "-"}).err,
-                HasSubstr("promises 400 stations, but only 39"));
-    EXPECT_THAT(analyse(good, {"-o", "-", "--bounds", "102.5,107.5,32,38"}).err,
-                HasSubstr("widened to whole degrees: 102,108,32,38"));
+    expectReplies(
+        {"analyse", "-o", "-"},
+        {{{write("short", whole.substr(0, whole.size() - 30))}, 0, "promises 400 stations, but only 39"},
+         {{good, "--bounds", "102.5,107.5,32,38"}, 0, "widened to whole degrees: 102,108,32,38"}});
 }
 
 TEST_F(AnalyseTest, InfoTellsWhatStationFilesHold) {
-    const json values = json::parse(
-        run({"info", "--json",
-             write("v", stationValues({{-101, 31, 1.5}, {103, -32.5, 9999}, {105, 33, 3}}, "2 0 5"))})
-            .out);
-    EXPECT_EQ(values["stations"], 3);
-    EXPECT_EQ(values["start"], "2024-02-28 12:00");
-    EXPECT_EQ(values["level"], 850);
-    EXPECT_EQ(values["levels"], json::parse("[0,5]"));
-    EXPECT_EQ(values["latitudes"], json::parse(R"({"smallest":-32.5,"largest":33})"));
-    EXPECT_EQ(values["elements"], json::parse(R"([{"element":1,"stations":2,"smallest":1.5,"largest":3}])"));
-    const std::string reports = run({"info", write("r", surfaceReports(plane()))}).out;
+    const std::vector<TestStation> stations{{-101, 31, 1.5}, {103, -32.5, 9999}, {105, 33, 3}};
+    expectHolds(infoOf(write("v", stationValues(stations, "2 0 5"))),
+                R"({"stations": 3, "start": "2024-02-28 12:00", "level": 850, "levels": [0, 5],
+                    "latitudes": {"smallest": -32.5, "largest": 33},
+                    "elements": [{"element": 1, "stations": 2, "smallest": 1.5, "largest": 3}]})");
+    const std::string reports = outOf({"info", write("r", surfaceReports(plane()))});
     EXPECT_THAT(reports, HasSubstr("  stations    400\n"));
     EXPECT_THAT(reports, HasSubstr("  element 7   400 stations, 130 to 130; by custom wind direction, °\n"));
-    EXPECT_THAT(reports, testing::Not(HasSubstr("element 10")));
+    EXPECT_THAT(reports, Not(HasSubstr("element 10")));
     // Files of several values a station are described too.
     const std::string several =
         write("s", "diamond 3 T 2024 1 1 0 0 0 0 0 0 2 3 1 100 30 0 5 6 2 101 31 0 7 9999");
-    EXPECT_THAT(run({"info", several}).out,
+    EXPECT_THAT(outOf({"info", several}),
                 HasSubstr("stations    2, but its header promises 3\n  longitudes  100 to 101\n"));
 }
 

@@ -1,29 +1,22 @@
-#include <fmt/format.h>
-#include <gmock/gmock.h>
+#include <fmt/ranges.h>
 
 #include <cmath>
+#include <numeric>
 
 #include "chart/palette.h"
 #include "picture.h"
-#include "program.h"
 
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 bool isLowInk(const Pixel& p) { return p[0] > 190 && p[1] < 30 && p[2] < 30; }
 bool isHighInk(const Pixel& p) { return p[2] > 200 && p[0] < 20 && p[1] < 70; }
 bool isLineInk(const Pixel& p) { return p[0] < 30 && p[1] < 50 && p[2] > 90 && p[2] < 125; }
 bool isGrey(const Pixel& p) { return p[0] == p[1] && p[1] == p[2] && p[0] > 218 && p[0] < 230; }
 
-class ChartTest : public ProgramTest {
+class ChartTest : public PictureTest {
 protected:
-    Picture draw(const std::string& file, std::vector<std::string> options = {}) const {
-        options.insert(options.begin(), {"chart", file, "-o", path("chart.png")});
-        const Answer result = run(options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return Picture(path("chart.png"));
+    Picture draw(const std::string& file, const Arguments& options = {}) const {
+        return drawn({"chart", file}, options);
     }
 };
 
@@ -41,21 +34,15 @@ TEST_F(ChartTest, DrawsInTheFormatOfTheEnding) {
     EXPECT_EQ(picture.width(), 800);
     EXPECT_EQ(picture.height(), 600);
     EXPECT_EQ(draw(file).width(), 1400);
-    run({"chart", file, "-o", path("c.svg")});
-    EXPECT_THAT(readFile(path("c.svg")), StartsWith("<?xml"));
-    run({"chart", file, "-o", path("c.PDF")});
-    EXPECT_THAT(readFile(path("c.PDF")), StartsWith("%PDF"));
-    EXPECT_THAT(run({"chart", file, "-o", "-"}).out, StartsWith("\x89PNG\r\n"));
+    for (const auto& [name, start] : {std::pair{"c.svg", "<?xml"}, {"c.PDF", "%PDF"}}) {
+        run({"chart", file, "-o", path(name)});
+        EXPECT_THAT(readFile(path(name)), StartsWith(start));
+    }
+    EXPECT_THAT(outOf({"chart", file, "-o", "-"}), StartsWith("\x89PNG\r\n"));
 }
 
 TEST_F(ChartTest, MarksCentresAlsoOnTheSeam) {
-    GridText globe;
-    globe.west = 0;
-    globe.south = -90;
-    globe.step = 5;
-    globe.nx = 72;
-    globe.ny = 37;
-    globe.hints = "4 -40 40 0 9999";
+    GridText globe{.west = 0, .south = -90, .step = 5, .nx = 72, .ny = 37, .hints = "4 -40 40 0 9999"};
     for (const double longitude : {0.0, 5.0, 180.0, 355.0}) {
         globe.value = lowAt(longitude, 30);
         const std::string file = write("low", globe.text());
@@ -115,9 +102,8 @@ TEST_F(ChartTest, LinesOfTheBoldValueAreThick) {
 TEST_F(ChartTest, LinesCarryTheirValues) {
     // Without its lines the chart has the letters of the margins only.
     const auto letters = [&](const std::string& levels) {
-        run({"chart", sample("grids/h500_global.000"), "--no-centers", "--levels", levels, "-o",
-             path("c.svg")});
-        const std::string svg = readFile(path("c.svg"));
+        const std::string svg = outOf({"chart", sample("grids/h500_global.000"), "--no-centers", "--levels",
+                                       levels, "-o", "-", "--format", "svg"});
         int count = 0;
         for (auto at = svg.find("#glyph"); at != std::string::npos; at = svg.find("#glyph", at + 1)) ++count;
         return count;
@@ -136,34 +122,24 @@ TEST_F(ChartTest, BarsShowAllBandsAndFit) {
             EXPECT_EQ(chart.at(chart.width() - 2, y), (Pixel{255, 255, 255})) << "the bar is cut off";
         int found = 0;
         for (const velmar::tool::Colour& colour : velmar::tool::bandColours(values))
-            found += chart.count([&](const Pixel& p) { return isLike(p, pixelOf(colour)); }) > 15;
+            found += chart.count(colour) > 15;
         return found;
     };
     EXPECT_EQ(barColours("200", {200}), 2);
     EXPECT_EQ(barColours("200,300", {200, 300}), 3);
     EXPECT_EQ(barColours("200.123e-9,-1.23456e-20", {-1.23456e-20F, 200.123e-9F}), 3);
-    std::string many = "200";
-    std::vector<float> values{200};
-    for (int k = 1; k < 60; ++k) {
-        many += fmt::format(",{}", 200 + k);
-        values.push_back(static_cast<float>(200 + k));
-    }
-    EXPECT_GT(barColours(many, values), 50);
+    std::vector<float> many(60);
+    std::iota(many.begin(), many.end(), 200.0F);
+    EXPECT_GT(barColours(fmt::format("{}", fmt::join(many, ",")), many), 50);
     // Without data there are no levels, without levels no bands.
-    GridText nothing;
-    nothing.value = [](double, double) { return 9999; };
+    const GridText nothing{.value = [](double, double) { return 9999; }};
     EXPECT_GT(draw(write("nothing", nothing.text()), {"--fill"}).count(isGrey), 100000);
 }
 
 TEST_F(ChartTest, RefusesGridsThatCoverNoArea) {
-    GridText grid;
-    grid.ny = 1;
-    EXPECT_THAT(run({"chart", write("row", grid.text()), "-o", path("c.png")}).err,
-                HasSubstr("it covers no area"));
-    grid.ny = 11;
-    grid.step = 1e20;
-    EXPECT_THAT(run({"chart", write("huge", grid.text()), "-o", path("c.png")}).err,
-                HasSubstr("not on the globe"));
+    expectReplies({"chart", "-o", path("c.png")},
+                  {{{write("row", GridText{.ny = 1}.text())}, 1, "it covers no area"},
+                   {{write("huge", GridText{.step = 1e20}.text())}, 1, "not on the globe"}});
     EXPECT_FALSE(std::filesystem::exists(path("c.png")));
 }
 

@@ -1,8 +1,6 @@
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 
@@ -10,20 +8,13 @@
 
 namespace {
 
-using nlohmann::json;
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 class ContourTest : public ProgramTest {
 protected:
-    json lines(const std::string& file, std::vector<std::string> options = {}) const {
-        options.insert(options.begin(), {"contour", file, "-o", "-"});
-        const Answer result = run(options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return json::parse(result.out)["features"];
+    json lines(const std::string& file, const Arguments& options = {}) const {
+        return json::parse(outOf({"contour", file, "-o", "-"}, options))["features"];
     }
 
-    std::set<double> levels(const std::string& file, const std::vector<std::string>& options) const {
+    std::set<double> levels(const std::string& file, const Arguments& options) const {
         std::set<double> values;
         for (const json& line : lines(file, options))
             values.insert(line["properties"]["value"].get<double>());
@@ -92,37 +83,28 @@ TEST_F(ContourTest, TakesTheLevelsItIsTold) {
 TEST_F(ContourTest, ChoosesLevelsWhereTheHeaderGivesNone) {
     for (const std::string hints : {"0 0 10 0 0", "-1 0 10 0 0", "1 10 0 0 0", "1 500 600 0 0",
                                     "nan 0 10 0 0", "1e-9 0 200 0 0", "4 90 99 0 0", "1000 0 5000 0 0"}) {
-        GridText grid;
-        grid.hints = hints;
-        const Answer result = run({"contour", write("grid", grid.text()), "-o", "-"});
-        EXPECT_EQ(result.exitCode, 0);
-        const std::string notice = "give no lines; levels were chosen from the data";
-        EXPECT_THAT(result.err, HasSubstr(path("grid") + ": the levels of its header")) << hints;
-        EXPECT_THAT(result.err, HasSubstr(notice)) << hints;
+        const Answer result = run({"contour", write("grid", GridText{.hints = hints}.text()), "-o", "-"});
+        EXPECT_THAT(result.err, StartsWith("velmar: " + path("grid") + ": the levels of its header"))
+            << hints;
+        EXPECT_THAT(result.err, HasSubstr("give no lines; levels were chosen from the data")) << hints;
         EXPECT_GT(json::parse(result.out)["features"].size(), 3U) << hints;
     }
 }
 
 TEST_F(ContourTest, GridsWithoutDataHaveNoLines) {
-    GridText grid;
-    grid.value = [](double, double) { return 9999; };
-    const Answer missing = run({"contour", write("missing", grid.text()), "-o", "-"});
-    EXPECT_EQ(missing.exitCode, 0);
-    EXPECT_THAT(missing.err, HasSubstr("it holds no data, only missing values"));
-    EXPECT_EQ(json::parse(missing.out), json::parse(R"({"type":"FeatureCollection","features":[]})"));
-
-    grid.nx = 0;
-    EXPECT_EQ(run({"contour", write("empty", grid.text()), "-o", "-"}).exitCode, 0);
-    grid.nx = 11;
-    grid.step = std::nan("");
-    const Answer nowhere = run({"contour", write("nowhere", grid.text()), "-o", "-"});
-    EXPECT_EQ(nowhere.exitCode, 1);
-    EXPECT_THAT(nowhere.err, HasSubstr("not all finite numbers"));
+    const std::string missing =
+        write("missing", GridText{.value = [](double, double) { return 9999; }}.text());
+    expectReplies({"contour", "-o", "-"},
+                  {{{missing}, 0, "it holds no data, only missing values"},
+                   {{write("empty", GridText{.nx = 0}.text())}, 0, ""},
+                   {{write("nowhere", GridText{.step = std::nan("")}.text())}, 1, "not all finite numbers"}});
+    EXPECT_EQ(json::parse(outOf({"contour", missing, "-o", "-"})),
+              json::parse(R"({"type":"FeatureCollection","features":[]})"));
 }
 
 TEST_F(ContourTest, WritesTheSamePointsAsCommaSeparatedValues) {
     const std::string file = sample("grids/rh700_asia.000");
-    std::istringstream rows(run({"contour", file, "-o", "-", "--format", "csv"}).out);
+    std::istringstream rows(outOf({"contour", file, "-o", "-", "--format", "csv"}));
     std::string row;
     std::getline(rows, row);
     EXPECT_EQ(row, "line,value,closed,longitude,latitude");

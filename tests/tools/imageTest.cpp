@@ -1,28 +1,19 @@
-#include <gmock/gmock.h>
-
-#include <nlohmann/json.hpp>
 
 #include "byteImages.h"
 #include "chart/coverageLayer.h"
 #include "chart/imageLayer.h"
-#include "frame/progress.h"
 #include "picture.h"
-#include "program.h"
 
 namespace {
 
 using namespace velmar::tool;
-using nlohmann::json;
-using testing::HasSubstr;
 
-class ImageTest : public ProgramTest {
+class ImageTest : public PictureTest {
 protected:
-    ImageTest() { velmar::frame::setProgressEnabled(false); }
-
     BareMap draw(const ByteImageText& image, const Bounds& bounds, int width = 440, int height = 400) const {
         const ByteImageFile file = readByteImageFile(readFileHead(write("image", image.text())));
         BareMap map(bounds, width, height);
-        ImageLayer(file).draw(map.page);
+        map.draw(ImageLayer(file));
         return map;
     }
 };
@@ -84,10 +75,7 @@ TEST_F(ImageTest, NothingIsMadeUpWhereThereIsNoPicture) {
 }
 
 TEST_F(ImageTest, PicturesRoundTheGlobeHaveNoSeam) {
-    ByteImageText image;
-    image.nx = 36;
-    image.dx = 10;
-    image.west = 0;
+    ByteImageText image{.nx = 36, .dx = 10, .west = 0};
     image.value = [](int column, int) { return column < 18 ? 10 * column : 10 * (35 - column); };
     const BareMap map = draw(image, {-90, 270, 31, 40}, 720, 90);
     for (int x = 1; x < 720; ++x)
@@ -96,53 +84,35 @@ TEST_F(ImageTest, PicturesRoundTheGlobeHaveNoSeam) {
 
 TEST_F(ImageTest, ChartsAreCutToThePictureAndSayWhatDoesNotApply) {
     const std::string file = write("image", ByteImageText{}.text());
-    const Answer plain = run({"chart", file, "-o", path("c.png")});
-    EXPECT_EQ(plain.exitCode, 0);
-    EXPECT_EQ(plain.err, "");
+    EXPECT_EQ(run({"chart", file, "-o", path("c.png")}).err, "");
     const Picture chart(path("c.png"));
     EXPECT_GT(chart.count([](const Pixel& p) { return isLike(p, greyOf(60)); }), 100);
-    EXPECT_LT(chart.count([](const Pixel& p) { return isLike(p, pixelOf(noDataGrey)); }), 2000);
+    EXPECT_LT(chart.count(noDataGrey), 2000);
     for (const char* option : {"--fill", "--levels=5", "--interval=5", "--auto=5", "--centers"})
-        EXPECT_THAT(run({"chart", file, "-o", path("c.svg"), option}).err,
-                    HasSubstr("it is drawn as the picture that it is"));
-    EXPECT_THAT(run({"contour", file, "-o", path("c.csv")}).err, HasSubstr("byte image (type 13)"));
+        drawn({"chart", file}, {option}, "it is drawn as the picture that it is");
+    expectReplies({"contour", file, "-o", path("c.csv")}, {{{}, 1, "byte image (type 13)"}});
 }
 
 TEST_F(ImageTest, InfoTellsPlaceValuesAndShareOfNoData) {
     ByteImageText image;
     image.value = [](int column, int row) { return row == 0 ? 255 : 10 * column + row; };
     const std::string file = write("image", image.text());
-    const json info = json::parse(run({"info", "--json", file}).out);
-    EXPECT_EQ(info["time"], "2009-09-21 06:00");
-    EXPECT_EQ(info["longitudes"], json::parse(R"({"start": 100.0, "end": 111.0, "step": 1.0, "count": 12})"));
-    EXPECT_EQ(info["latitudes"]["end"], 31);
-    EXPECT_EQ(info["values"], 120);
-    EXPECT_EQ(info["missing"], 12);
-    EXPECT_EQ(info["largest"]["value"], 119);
-    EXPECT_EQ(info["smallest"]["latitude"], 39);
-    EXPECT_THAT(run({"info", file}).out, HasSubstr("120, 12 of them missing (10.0%)"));
+    expectHolds(infoOf(file),
+                R"({"time": "2009-09-21 06:00", "latitudes": {"end": 31}, "values": 120, "missing": 12,
+                    "longitudes": {"start": 100, "end": 111, "step": 1, "count": 12},
+                    "largest": {"value": 119}, "smallest": {"latitude": 39}})");
+    EXPECT_THAT(outOf({"info", file}), HasSubstr("120, 12 of them missing (10.0%)"));
 }
 
 TEST_F(ImageTest, SaysWhatIsWrongWithAPicture) {
     const std::string whole = ByteImageText{}.text();
-    ByteImageText empty;
-    empty.nx = 0;
-    ByteImageText nowhere;
-    nowhere.west = std::nan("");
-    const std::vector<std::pair<std::string, std::string>> files{
-        {whole.substr(0, 100), "it is cut off"},
-        {whole.substr(0, whole.size() - 1), "it is cut off"},
-        {empty.text(), "its header gives it 0 columns and 10 rows"},
-        {nowhere.text(), "not all finite numbers"},
-    };
-    for (const auto& [text, sentence] : files)
-        for (const char* command : {"chart", "info"}) {
-            const std::string file = write("f", text);
-            const Answer result = command == std::string("chart") ? run({command, file, "-o", path("c.png")})
-                                                                  : run({command, file});
-            EXPECT_EQ(result.exitCode, 1);
-            EXPECT_THAT(result.err, HasSubstr(sentence)) << command;
-        }
+    const std::vector<Reply> replies{
+        {{write("a", whole.substr(0, 100))}, 1, "it is cut off"},
+        {{write("b", whole.substr(0, whole.size() - 1))}, 1, "it is cut off"},
+        {{write("c", ByteImageText{.nx = 0}.text())}, 1, "its header gives it 0 columns and 10 rows"},
+        {{write("d", ByteImageText{.west = std::nan("")}.text())}, 1, "not all finite numbers"}};
+    expectReplies({"info"}, replies);
+    expectReplies({"chart", "-o", path("c.png")}, replies);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cairo.h>
-#include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
@@ -10,6 +9,7 @@
 #include <string>
 
 #include "chart/page.h"
+#include "program.h"
 
 /// Red, green and blue, 0 to 255.
 using Pixel = std::array<int, 3>;
@@ -43,10 +43,17 @@ struct Picture {
     /// How many pixels satisfy a test.
     template <class Test>
     int count(Test test) const {
+        return countIn(0, width(), 0, height(), test);
+    }
+    template <class Test>
+    int countIn(int left, int right, int top, int bottom, Test test) const {
         int found = 0;
-        for (int y = 0; y < height(); ++y)
-            for (int x = 0; x < width(); ++x) found += test(at(x, y));
+        for (int y = top; y < bottom; ++y)
+            for (int x = left; x < right; ++x) found += test(at(x, y));
         return found;
+    }
+    int count(const velmar::tool::Colour& colour) const {
+        return count([&](const Pixel& p) { return isLike(p, pixelOf(colour)); });
     }
 
     int differences(const Picture& other) const {
@@ -64,7 +71,7 @@ private:
     }
 };
 
-/// A map without margins that layers are drawn on.
+/// A white map without margins that layers are drawn on.
 struct BareMap {
     Picture picture;
     std::unique_ptr<cairo_t, decltype(&cairo_destroy)> ink;
@@ -73,10 +80,32 @@ struct BareMap {
     BareMap(const velmar::tool::Bounds& bounds, int width, int height)
         : picture(width, height),
           ink(cairo_create(picture.surface.get()), cairo_destroy),
-          page{ink.get(), {bounds, {0, 0, static_cast<double>(width), static_cast<double>(height)}}, {}} {}
+          page{ink.get(), {bounds, {0, 0, static_cast<double>(width), static_cast<double>(height)}}, {}} {
+        setColour(page.ink, velmar::tool::white);
+        cairo_paint(page.ink);
+    }
+
+    template <class Layer>
+    void draw(Layer&& layer) {
+        layer.place(page);
+        layer.draw(page);
+    }
 
     Pixel at(double longitude, double latitude) const {
         const auto [x, y] = page.map.toPaper(longitude, latitude);
         return picture.at(static_cast<int>(x), static_cast<int>(y));
+    }
+};
+
+/// Tests that look at what the program has drawn.
+class PictureTest : public ProgramTest {
+protected:
+    /// The picture that a run makes. It has to succeed and may have something to say.
+    Picture drawn(const Arguments& arguments, const Arguments& more = {},
+                  const std::string& sentence = {}) const {
+        Arguments rest = more;
+        rest.insert(rest.end(), {"-o", path("c.png")});
+        expectReplies(arguments, {{{}, 0, sentence}}, rest);
+        return Picture(path("c.png"));
     }
 };

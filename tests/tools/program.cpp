@@ -1,7 +1,6 @@
 #include "program.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <sys/wait.h>
 
 #include <algorithm>
@@ -9,6 +8,8 @@
 #include <fstream>
 #include <random>
 #include <sstream>
+
+#include "frame/progress.h"
 
 namespace fs = std::filesystem;
 
@@ -19,11 +20,13 @@ std::string readFile(const fs::path& path) {
     return bytes.str();
 }
 
-void writeFile(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
 std::string sample(const std::string& name) { return std::string(VELMAR_SAMPLES) + "/" + name; }
+
+void expectHolds(const json& value, const std::string& text) {
+    json patched = value;
+    patched.merge_patch(json::parse(text));
+    EXPECT_EQ(patched, value);
+}
 
 std::string GridText::text() const {
     std::string text =
@@ -37,6 +40,7 @@ std::string GridText::text() const {
 ProgramTest::ProgramTest()
     : folder_(fs::temp_directory_path() / fmt::format("velmar-test-{:08x}", std::random_device{}())) {
     fs::create_directories(folder_);
+    velmar::frame::setProgressEnabled(false);
 }
 
 ProgramTest::~ProgramTest() {
@@ -44,11 +48,12 @@ ProgramTest::~ProgramTest() {
     fs::remove_all(folder_, ignored);
 }
 
-Answer ProgramTest::run(const std::vector<std::string>& arguments) const {
+Answer ProgramTest::run(const Arguments& arguments, const Arguments& more, const std::string& shell) const {
     std::string command = VELMAR_PROGRAM;
-    for (const std::string& argument : arguments) command += " '" + argument + "'";
-    const int status =
-        std::system(fmt::format("{} >'{}' 2>'{}'", command, path(".stdout"), path(".stderr")).c_str());
+    for (const auto* part : {&arguments, &more})
+        for (const std::string& argument : *part) command += " '" + argument + "'";
+    command += fmt::format(" >'{}' 2>'{}'", path(".stdout"), path(".stderr"));
+    const int status = std::system(fmt::format(fmt::runtime(shell), command).c_str());
     Answer result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(path(".stdout")),
                   readFile(path(".stderr"))};
     fs::remove(path(".stdout"));
@@ -56,9 +61,27 @@ Answer ProgramTest::run(const std::vector<std::string>& arguments) const {
     return result;
 }
 
+std::string ProgramTest::outOf(const Arguments& arguments, const Arguments& more) const {
+    const Answer answer = run(arguments, more);
+    EXPECT_EQ(answer.exitCode, 0) << answer.err;
+    return answer.out;
+}
+
+void ProgramTest::expectReplies(const Arguments& first, const std::vector<Reply>& replies,
+                                const Arguments& last) const {
+    for (const auto& [arguments, exitCode, sentence] : replies) {
+        Arguments rest = arguments;
+        rest.insert(rest.end(), last.begin(), last.end());
+        const Answer answer = run(first, rest);
+        EXPECT_EQ(answer.exitCode, exitCode) << sentence;
+        EXPECT_THAT(answer.err, HasSubstr(sentence));
+        EXPECT_TRUE(exitCode == 0 || answer.out.empty()) << sentence;
+    }
+}
+
 std::string ProgramTest::write(const std::string& name, const std::string& bytes) const {
     fs::create_directories(fs::path(path(name)).parent_path());
-    writeFile(path(name), bytes);
+    std::ofstream(path(name), std::ios::binary) << bytes;
     return path(name);
 }
 

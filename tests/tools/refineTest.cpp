@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
-
 #include <cmath>
-#include <nlohmann/json.hpp>
 
 #include "gridFile.h"
 #include "program.h"
 
 namespace {
 
-using nlohmann::json;
-using testing::HasSubstr;
 using velmar::tool::GridFile;
 using velmar::tool::readGridFile;
 
@@ -17,7 +12,7 @@ class RefineTest : public ProgramTest {};
 
 TEST_F(RefineTest, KeepsPointsAndHeader) {
     const std::string coarse = sample("grids/h500_global.000");
-    ASSERT_EQ(run({"refine", coarse, "--factor", "3,2", "-o", path("fine.072")}).exitCode, 0);
+    outOf({"refine", coarse, "--factor", "3,2", "-o", path("fine.072")});
     const GridFile before = readGridFile(coarse);
     const GridFile after = readGridFile(path("fine.072"));
     // The globe stays closed.
@@ -26,8 +21,8 @@ TEST_F(RefineTest, KeepsPointsAndHeader) {
     for (int row = 0; row < before.values.ny; ++row)
         for (int column = 0; column < before.values.nx; ++column)
             ASSERT_EQ(after.values.at(3 * column, 2 * row), before.values.at(column, row));
-    json info = json::parse(run({"info", "--json", path("fine.072")}).out);
-    const json old = json::parse(run({"info", "--json", coarse}).out);
+    const json info = infoOf(path("fine.072"));
+    const json old = infoOf(coarse);
     for (const std::string key : {"title", "start", "forecastHour", "level", "contours"})
         EXPECT_EQ(info[key], old[key]);
     EXPECT_EQ(info["latitudes"], json::parse(R"({"start":90,"end":-90,"step":-1.25,"count":145})"));
@@ -35,18 +30,12 @@ TEST_F(RefineTest, KeepsPointsAndHeader) {
 }
 
 TEST_F(RefineTest, CrossesTheSeamAsAnyOtherColumn) {
-    GridText globe;
-    globe.west = 0;
-    globe.south = -80;
-    globe.step = 10;
-    globe.nx = 36;
-    globe.ny = 17;
+    GridText globe{.west = 0, .south = -80, .step = 10, .nx = 36, .ny = 17};
     const auto refinedBy = [&](double shift) {
         globe.value = [=](double x, double y) {
             return std::round(100 * std::sin((x + shift) / 57.29578) * y);
         };
-        EXPECT_EQ(run({"refine", write("g", globe.text()), "--factor", "4", "-o", path("fine.000")}).exitCode,
-                  0);
+        outOf({"refine", write("g", globe.text()), "--factor", "4", "-o", path("fine.000")});
         return readGridFile(path("fine.000"));
     };
     const GridFile here = refinedBy(0);
@@ -57,34 +46,23 @@ TEST_F(RefineTest, CrossesTheSeamAsAnyOtherColumn) {
 }
 
 TEST_F(RefineTest, WritesCommaSeparatedValuesWithGapsWhereDataEnd) {
-    GridText grid;
-    grid.nx = 3;
-    grid.ny = 2;
-    grid.step = 0.1;
+    GridText grid{.step = 0.1, .nx = 3, .ny = 2};
     grid.value = [](double x, double y) {
         return x > 100.15 && y > 20.05 ? 9999 : std::round(10 * (x - 100));
     };
-    const Answer csv =
-        run({"refine", write("g", grid.text()), "--factor", "2,1", "-o", "-", "--format", "csv"});
-    EXPECT_EQ(csv.out,
+    EXPECT_EQ(outOf({"refine", write("g", grid.text()), "--factor", "2,1", "-o", "-", "--format", "csv"}),
               "longitude,latitude,value\n100,20,0\n100.05,20,0.5\n100.1,20,1\n100.15,20,1.5\n100.2,20,2\n"
               "100,20.1,0\n100.05,20.1,0.5\n100.1,20.1,1\n100.15,20.1,\n100.2,20.1,\n");
 }
 
 TEST_F(RefineTest, RefusesFactorsAndGridsThatWillNotDo) {
     const std::string good = write("good", GridText{}.text());
-    for (const std::string factor : {"0", "-2", "1.5", "2,2,2", "2,", "101", "x"}) {
-        const Answer result = run({"refine", good, "-o", path("no.000"), "--factor=" + factor});
-        EXPECT_EQ(result.exitCode, 2) << factor;
-        EXPECT_THAT(result.err, HasSubstr("--factor"));
-    }
-    EXPECT_THAT(run({"refine", good, "-o", path("no.000")}).err, HasSubstr("--factor is required"));
-    EXPECT_THAT(run({"refine", sample("grids/h500_global.000"), "--factor", "100", "-o", path("no.000")}).err,
-                HasSubstr("more than 50000000 points"));
-    GridText empty;
-    empty.ny = 0;
-    EXPECT_THAT(run({"refine", write("empty", empty.text()), "--factor", "2", "-o", path("no.000")}).err,
-                HasSubstr("11 columns and 0 rows"));
+    for (const std::string factor : {"0", "-2", "1.5", "2,2,2", "2,", "101", "x"})
+        expectReplies({"refine", good, "-o", path("no.000")}, {{{"--factor=" + factor}, 2, "--factor: "}});
+    expectReplies({"refine", "-o", path("no.000")},
+                  {{{good}, 2, "--factor is required"},
+                   {{sample("grids/h500_global.000"), "--factor", "100"}, 1, "more than 50000000 points"},
+                   {{write("empty", GridText{.ny = 0}.text()), "--factor=2"}, 1, "11 columns and 0 rows"}});
     EXPECT_FALSE(std::filesystem::exists(path("no.000")));
 }
 

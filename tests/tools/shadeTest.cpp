@@ -1,29 +1,18 @@
-#include <gmock/gmock.h>
-
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "../support/files.h"
 #include "byteImages.h"
-#include "frame/progress.h"
 #include "program.h"
 #include "shading.h"
 
 namespace {
 
-using nlohmann::json;
-using testing::HasSubstr;
 using velmar::tool::Shading;
 
 class ShadeTest : public ProgramTest {
 protected:
-    ShadeTest() { velmar::frame::setProgressEnabled(false); }
-
-    json polygons(const std::string& file, std::vector<std::string> options) const {
-        options.insert(options.begin(), {"shade", file, "-o", "-"});
-        const Answer result = run(options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return json::parse(result.out)["features"];
+    json polygons(const std::string& file, const Arguments& options) const {
+        return json::parse(outOf({"shade", file, "-o", "-"}, options))["features"];
     }
 
     /// Compares features with a block of the library.
@@ -93,10 +82,7 @@ TEST_F(ShadeTest, ShadesByteImages) {
 }
 
 TEST_F(ShadeTest, ClosesPicturesRoundTheGlobeAndLeavesOutWhatTheyDoNotShow) {
-    ByteImageText image;
-    image.nx = 36;
-    image.dx = 10;
-    image.west = 0;
+    ByteImageText image{.nx = 36, .dx = 10, .west = 0};
     image.value = [](int column, int) { return column == 9 ? 255 : 100; };
     const auto ends = [](const json& polygon) {
         std::vector<double> longitudes;
@@ -111,27 +97,17 @@ TEST_F(ShadeTest, ClosesPicturesRoundTheGlobeAndLeavesOutWhatTheyDoNotShow) {
 }
 
 TEST_F(ShadeTest, TellsNothingToPaintFromFailure) {
-    GridText grid;
-    const std::string notice = "there is nothing to paint";
-    const Answer high = run({"shade", write("grid", grid.text()), "-o", "-", "--levels", "500"});
-    EXPECT_EQ(high.exitCode, 0);
-    EXPECT_THAT(high.err, HasSubstr(notice));
-    EXPECT_EQ(json::parse(high.out), json::parse(R"({"type":"FeatureCollection","features":[]})"));
+    const std::string low = write("low", GridText{}.text());
     // Above the level, but no cell has data at all its corners.
-    grid.value = [](double longitude, double latitude) {
-        return std::fmod(longitude + latitude, 2) == 0 ? 9999 : 600;
-    };
-    const Answer scattered = run({"shade", write("grid", grid.text()), "-o", "-", "--levels", "500"});
-    EXPECT_EQ(scattered.exitCode, 0);
-    EXPECT_THAT(scattered.err, HasSubstr(notice));
+    const auto chequered = [](double x, double y) { return std::fmod(x + y, 2) == 0 ? 9999 : 600; };
     // An outline with more corners than the library has room for.
-    grid.value = [](double, double) { return 600; };
-    grid.ny = 2;
-    const Answer flat =
-        run({"shade", write("grid", grid.text()), "-o", path("flat.geojson"), "--levels", "500"});
-    EXPECT_EQ(flat.exitCode, 1);
-    EXPECT_THAT(flat.err, HasSubstr("the library gave up shading it"));
-    EXPECT_FALSE(std::filesystem::exists(path("flat.geojson")));
+    const GridText flat{.ny = 2, .value = [](double, double) { return 600; }};
+    expectReplies(
+        {"shade", "--levels", "500", "-o", "-"},
+        {{{low}, 0, "there is nothing to paint"},
+         {{write("chequered", GridText{.value = chequered}.text())}, 0, "there is nothing to paint"},
+         {{write("flat", flat.text())}, 1, "the library gave up shading it"}});
+    EXPECT_EQ(polygons(low, {"--levels", "500"}), json::array());
 }
 
 }  // namespace

@@ -1,18 +1,39 @@
-#include <gmock/gmock.h>
+#include <fmt/format.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 
-#include "program.h"
+#include "chart/soundingDiagram.h"
+#include "chart/windBarb.h"
+#include "picture.h"
 #include "soundingIndices.h"
-#include "soundingTexts.h"
 #include "thermodynamics.h"
 
 namespace {
 
 using namespace velmar::tool;
-using nlohmann::json;
-using testing::HasSubstr;
+
+/// A level of a sounding: hPa, height, temperature, dew point, direction and speed of the wind.
+using TestLevel = std::vector<int>;
+
+struct TestSounding {
+    int number;
+    double latitude;
+    std::vector<TestLevel> levels;
+};
+
+/// A file of soundings (type 5) at longitude 100 and height 50.
+std::string soundingFile(const std::vector<TestSounding>& soundings,
+                         const std::string& date = "2024 2 28 12") {
+    std::string text = fmt::format("diamond 5 TEST {} {}\n", date, soundings.size());
+    for (const auto& [number, latitude, levels] : soundings) {
+        text += fmt::format("{} 100 {} 50 {}\n", number, latitude, 6 * levels.size());
+        for (const TestLevel& level : levels) {
+            for (const int value : level) text += fmt::format("{} ", value);
+            text += "\n";
+        }
+    }
+    return text;
+}
 
 /// Bolton (1980), equation 43: what lifted air keeps.
 double equivalentPotentialTemperature(double pressure, double temperature, double dewPoint) {
@@ -85,7 +106,7 @@ TEST(SoundingIndices, AreThoseOfTheirLevels) {
 
 class SoundingTest : public ProgramTest {
 protected:
-    json jsonOf(const std::string& file) const { return json::parse(run({"sounding", "--json", file}).out); }
+    json jsonOf(const std::string& file) const { return json::parse(outOf({"sounding", "--json", file})); }
 };
 
 TEST_F(SoundingTest, IndicesOfRealSoundingsAreTheirOwn) {
@@ -93,17 +114,15 @@ TEST_F(SoundingTest, IndicesOfRealSoundingsAreTheirOwn) {
     const json all = jsonOf(sample("soundings/sounding_11101100.000"));
     ASSERT_EQ(all["soundings"].size(), 12);
     const json& yakutsk = all["soundings"][3];
-    EXPECT_EQ(yakutsk["indices"]["k"], 21);
-    EXPECT_EQ(yakutsk["indices"]["totalTotals"], 55);
-    EXPECT_EQ(yakutsk["freezing"], json::parse(R"({"height":362.0,"pressure":950.0})"));
+    expectHolds(yakutsk, R"({"indices": {"k": 21, "totalTotals": 55},
+                             "freezing": {"height": 362, "pressure": 950}})");
     const json& denver = all["soundings"][7];
     EXPECT_FALSE(denver["indices"].contains("k"));
     EXPECT_TRUE(denver["indices"].contains("lifted"));
     EXPECT_NEAR(denver["freezing"]["pressure"], 662, 1);
 
     const json march = jsonOf(sample("soundings/sounding_march.000"));
-    EXPECT_EQ(march["title"], "探空资料");
-    EXPECT_EQ(march["start"], "2011-10-11 00:00");
+    expectHolds(march, R"({"title": "探空资料", "start": "2011-10-11 00:00"})");
     EXPECT_EQ(march["soundings"][0], yakutsk);
 }
 
@@ -116,9 +135,8 @@ TEST_F(SoundingTest, OddSoundingsLoseNothingElse) {
         {3, 40, {}},
         {4, 40, {{950, 400, -5, -6, 360, 5}, {500, 5200, -40, -50, 1, 1}}}};
     const std::string text = soundingFile(soundings, "95 2 28 12");
-    const Answer whole = run({"sounding", "--json", write("f", text)});
-    EXPECT_EQ(whole.err, "");
-    const json all = json::parse(whole.out);
+    EXPECT_EQ(run({"sounding", "--json", write("f", text)}).err, "");
+    const json all = jsonOf(path("f"));
     EXPECT_EQ(all["start"], "1995-02-28 12:00");
     const json& turned = all["soundings"][0]["levels"];
     ASSERT_EQ(turned.size(), 2);
@@ -134,7 +152,6 @@ TEST_F(SoundingTest, OddSoundingsLoseNothingElse) {
     EXPECT_EQ(all["soundings"][3]["freezing"]["pressure"], 950) << "the ground is frozen";
 
     const Answer cut = run({"sounding", write("cut", text.substr(0, text.find("3 100 40")))});
-    EXPECT_EQ(cut.exitCode, 0);
     EXPECT_THAT(cut.err, HasSubstr("promises 4 soundings, but only 2 can be read"));
     EXPECT_THAT(cut.out, HasSubstr("     800       -            -         -3          -      -\n"));
 }
@@ -144,23 +161,144 @@ TEST_F(SoundingTest, AnswersInSeveralFormats) {
     const std::string b = write("b", soundingFile({{8, -40, {{700, 3000, 1, 0, 10, 2}}}}));
     const std::string heading =
         "time,station,longitude,latitude,pressure,height,temperature,dewPoint,windDirection,windSpeed\n";
-    EXPECT_EQ(run({"sounding", a, b, "--format", "csv"}).out,
+    EXPECT_EQ(outOf({"sounding", a, b, "--format", "csv"}),
               heading + "2024-02-28 12:00,7,100,40,850,1500,10,,350,12\n" +
                   "2024-02-28 12:00,8,100,-40,700,3000,1,0,10,2\n");
     const Answer both = run({"sounding", a, path("none"), "--json"});
     EXPECT_EQ(both.exitCode, 1);
     EXPECT_EQ(json::parse(both.out).size(), 1) << "several files make an array";
-    EXPECT_EQ(run({"sounding", b, "-o", path("b.json")}).exitCode, 0);
+    outOf({"sounding", b, "-o", path("b.json")});
     EXPECT_EQ(json::parse(readFile(path("b.json")))["soundings"][0]["station"], 8);
-    EXPECT_THAT(run({"sounding", b}).out, HasSubstr("station 8   40°S 100°E   50 m\n"));
+    EXPECT_THAT(outOf({"sounding", b}), HasSubstr("station 8   40°S 100°E   50 m\n"));
+    const std::string cut = write("short", "diamond 5 T 2024 1 1");
+    expectReplies({"sounding"},
+                  {{{a, "--station", "8"}, 1, "it has no sounding of station 8, but of: 7"},
+                   {{write("grid", GridText{}.text())}, 1, "something else than soundings (type 5)"},
+                   {{cut}, 1, "its header cannot be read: year, month, day, hour"}});
+}
 
-    const Answer other = run({"sounding", a, "--station", "8"});
-    EXPECT_EQ(other.exitCode, 1);
-    EXPECT_THAT(other.err, HasSubstr("it has no sounding of station 8, but of: 7"));
-    EXPECT_THAT(run({"sounding", write("grid", GridText{}.text())}).err,
-                HasSubstr("it holds something else than soundings (type 5)"));
-    EXPECT_THAT(run({"sounding", write("short", "diamond 5 T 2024 1 1")}).err,
-                HasSubstr("its header cannot be read: year, month, day, hour"));
+/// A wind at the middle of a sheet of 200 x 200.
+Picture barb(double from, double speed, bool southern) {
+    BareMap map({0, 1, 0, 1}, 200, 200);
+    setColour(map.page.ink, black);
+    drawWindBarb(map.page.ink, {100, 100}, from, speed, southern, 60);
+    return std::move(map.picture);
+}
+
+bool isInk(const Pixel& p) { return p[0] < 128; }
+
+int inkIn(const Picture& picture, int left, int right, int top, int bottom) {
+    return picture.countIn(left, right, top, bottom, isInk);
+}
+
+TEST(WindBarb, PointsToWhereTheWindComesFromAndStandsInItsBox) {
+    for (const double speed : {0.0, 2.5, 5.0, 17.5, 47.5, 90.0})
+        for (int from = 0; from < 360; from += 35)
+            for (const bool southern : {false, true}) {
+                const Picture picture = barb(from, speed, southern);
+                TurnedBox box = windBarbBox({100, 100}, from, speed, southern, 60);
+                box.size = {box.size.width + 5, box.size.height + 5};
+                for (int y = 0; y < 200; ++y)
+                    for (int x = 0; x < 200; ++x)
+                        ASSERT_TRUE(!isInk(picture.at(x, y)) || overlap(box, {{x + 0.5, y + 0.5}, {1, 1}, 0}))
+                            << speed << " from " << from;
+            }
+    // From the west: the shaft runs to the left, barbs stand above it in the north and below it in the south.
+    const Picture north = barb(270, 20, false);
+    EXPECT_GT(inkIn(north, 40, 100, 99, 102), 55);
+    EXPECT_GT(inkIn(north, 20, 100, 70, 97), 40);
+    EXPECT_EQ(inkIn(north, 0, 200, 104, 200), 0);
+    EXPECT_EQ(inkIn(north, 103, 200, 0, 200), 0);
+    const Picture south = barb(270, 20, true);
+    EXPECT_EQ(inkIn(south, 0, 200, 0, 96), 0);
+    EXPECT_GT(inkIn(south, 20, 100, 103, 130), 40);
+}
+
+TEST(WindBarb, RoundsSpeedsToHalfBarbs) {
+    const auto same = [](double a, double b) {
+        return barb(30, a, false).differences(barb(30, b, false)) == 0;
+    };
+    EXPECT_TRUE(same(0, 1.24));
+    EXPECT_FALSE(same(1.24, 1.26));
+    EXPECT_TRUE(same(1.26, 3.7));
+    EXPECT_FALSE(same(3.7, 3.8));
+    EXPECT_FALSE(same(22.5, 25));
+    EXPECT_TRUE(same(23.8, 26.2));
+    EXPECT_TRUE(isInk(barb(270, 25, false).at(43, 95))) << "pennants are filled";
+    EXPECT_FALSE(isInk(barb(270, 22.5, false).at(43, 95)));
+    EXPECT_TRUE(same(1e9, 1e300));
+    EXPECT_TRUE(same(NAN, 0));
+}
+
+class SoundingChartTest : public PictureTest {
+protected:
+    /// The chart of a sounding of one temperature and dew point.
+    Picture isothermal(int temperature, double latitude = 40) const {
+        const auto at = [&](int pressure) {
+            return TestLevel{pressure, 0, temperature, temperature - 20, 270, 15};
+        };
+        const std::string file = write("f", soundingFile({{1, latitude, {at(1000), at(500), at(150)}}}));
+        return drawn({"chart", file});
+    }
+};
+
+/// The middle of what a row has of a colour, left of the key of the lines.
+double middle(const Picture& picture, int row, const Colour& colour) {
+    double sum = 0;
+    int found = 0;
+    for (int x = 0; x < 810; ++x)
+        if (isLike(picture.at(x, row), pixelOf(colour))) {
+            sum += x;
+            ++found;
+        }
+    EXPECT_GT(found, 0) << row;
+    return sum / found;
+}
+
+TEST_F(SoundingChartTest, LinesRunAlongTheirIsotherms) {
+    const SoundingDiagram diagram{{0, 0, 740, 740}};
+    const double degree = diagram.toPaper(500, 1).x - diagram.toPaper(500, 0).x;
+    const Picture cold = isothermal(-30);
+    const Picture warmer = isothermal(-20);
+    for (const int row : {400, 500, 700}) {
+        const double x = middle(cold, row, temperatureRed);
+        EXPECT_NEAR(middle(cold, row + 100, temperatureRed), x - 100, 1) << "isotherms rise at 45 degrees";
+        EXPECT_NEAR(middle(warmer, row, temperatureRed), x + 10 * degree, 1);
+        EXPECT_NEAR(middle(cold, row, dewPointGreen), x - 20 * degree, 1.5);
+    }
+    // Equal ratios of pressure are equally high.
+    EXPECT_NEAR(diagram.height(800) - diagram.height(400), diagram.height(400) - diagram.height(200), 1e-9);
+    // The winds stand on their staff, mirrored in the south.
+    EXPECT_GT(cold.differences(isothermal(-30, -40)), 30);
+}
+
+TEST_F(SoundingChartTest, SeveralStationsMakeSeveralPictures) {
+    const TestLevel low{850, 1500, 10, 5, 350, 12};
+    const TestLevel high{500, 5500, -20, -25, 350, 12};
+    const std::string file =
+        write("f.000", soundingFile({{7, 40, {low, high}}, {8, -40, {low}}, {7, 40, {}}}));
+    const Picture first = drawn({"chart", file}, {}, "this is station 7, the first of 3 soundings");
+    EXPECT_EQ(run({"chart", file, "-o", path("c.png"), "--station", "8"}).err, "");
+    EXPECT_GT(first.differences(Picture(path("c.png"))), 100);
+    outOf({"chart", file, "--out-dir", path("charts"), "--size", "600x400"});
+    EXPECT_THAT(filesIn("charts"), ElementsAre("f.000_7.png", "f.000_7_2.png", "f.000_8.png"));
+    EXPECT_EQ(Picture(path("charts/f.000_8.png")).width(), 600);
+    // Names that come to light only while a file is read are kept apart as others are.
+    const std::string other = write("f.000_7", soundingFile({{2, 40, {low}}}));
+    const std::string map = write("charts/f.000_8.png", readFile(sample("lines/iceland.777")));
+    expectReplies({"chart", "--out-dir", path("charts"), file},
+                  {{{other}, 1, "f.000_7.png is already that of " + other},
+                   {{"--map", map}, 1, "f.000_8.png would overwrite the input " + map}});
+
+    const Arguments pdf{"chart", file, "-o", "-", "--format", "pdf"};
+    EXPECT_THAT(outOf(pdf), HasSubstr("/Count 3"));
+    EXPECT_THAT(outOf(pdf, {"--station", "8"}), HasSubstr("/Count 1"));
+    outOf({"chart", file, "-o", path("one.svg"), "--fill"});
+
+    expectReplies({"chart", "-o", path("no.png")},
+                  {{{file, "--station", "9"}, 1, "but of: 7, 8, 7"},
+                   {{write("none", soundingFile({}))}, 1, "it has no sounding that can be read"}});
+    EXPECT_FALSE(std::filesystem::exists(path("no.png")));
 }
 
 }  // namespace

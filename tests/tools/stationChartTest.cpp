@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-
 #include "chart/chartTexts.h"
 #include "chart/stationPlotLayer.h"
 #include "picture.h"
-#include "program.h"
 #include "stationTexts.h"
 
 namespace {
 
 using namespace velmar::tool;
-using testing::HasSubstr;
 
 bool isBlack(const Pixel& p) { return p[0] < 160 && p[1] < 160 && p[2] < 160; }
 bool isValueInk(const Pixel& p) { return p[0] > p[1] + 80; }
@@ -38,18 +34,12 @@ struct Drawn {
     std::string remark;
 
     Drawn(const Reports& reports, const Bounds& bounds) : map(bounds, 300, 300) {
-        setColour(map.page.ink, white);
-        cairo_paint(map.page.ink);
         StationPlotLayer layer(reports.file, reports.plot);
-        layer.place(map.page);
-        layer.draw(map.page);
+        map.draw(layer);
         remark = layer.remark();
     }
     int blackIn(int left, int top, int width, int height) const {
-        int found = 0;
-        for (int y = top; y < top + height; ++y)
-            for (int x = left; x < left + width; ++x) found += isBlack(map.picture.at(x, y));
-        return found;
+        return map.picture.countIn(left, left + width, top, top + height, isBlack);
     }
 };
 
@@ -129,18 +119,12 @@ TEST(StationPlots, CaptionsSayWhatIsPlotted) {
     EXPECT_EQ(texts.extremes, "no data in this area");
 }
 
-class StationChartTest : public ProgramTest {
+class StationChartTest : public PictureTest {
 protected:
     StationFile read(const std::string& text) const {
         return readStationFile(readFileHead(write("s", text)));
     }
-    Picture draw(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), "chart");
-        arguments.insert(arguments.end(), {"-o", path("c.png"), "--size", "700x500"});
-        const Answer answer = run(arguments);
-        EXPECT_EQ(answer.exitCode, 0) << answer.err;
-        return Picture(path("c.png"));
-    }
+    Picture draw(const Arguments& arguments) const { return drawn({"chart", "--size=700x500"}, arguments); }
 };
 
 TEST_F(StationChartTest, FilesOfAllTypesAreReadByTheNumbersOfTheirFields) {
@@ -186,28 +170,16 @@ TEST_F(StationChartTest, WhatIsPlottedCanBeChosen) {
 
 TEST_F(StationChartTest, RefusesInWords) {
     const std::string upper = sample("stations/upper500_cities.000");
-    struct Case {
-        std::vector<std::string> arguments;
-        int exitCode;
-        std::string sentence;
-    };
-    const std::vector<Case> cases{
-        {{upper, "--field", "11"}, 1, "no element 11, only 6 to 10"},
-        {{upper, "--wind", "5,6"}, 1, "no element 5"},
-        {{upper, "--wind", "9"}, 2, "not two numbers of fields"},
-        {{upper, "--wind", "9.5,10"}, 2, "not two numbers of fields"},
-        {{write("none", stationValues({{1, 2, 9999}}))}, 1, "no station has a value of element 1"},
-        {{write("cut", "diamond 16 H x")}, 1, "the number of stations is expected"},
-        {{upper, "--fill", "--density", "3"}, 0, "a station file has no bands to be filled, streamlines"},
-        {{sample("grids/h500_global.000"), "--field", "1"}, 0, "a grid file has no stations"},
-    };
-    for (auto [arguments, exitCode, sentence] : cases) {
-        arguments.insert(arguments.begin(), "chart");
-        arguments.insert(arguments.end(), {"-o", path("c.png")});
-        const Answer answer = run(arguments);
-        EXPECT_EQ(answer.exitCode, exitCode) << sentence;
-        EXPECT_THAT(answer.err, HasSubstr(sentence));
-    }
+    expectReplies(
+        {"chart", "-o", path("c.png")},
+        {{{upper, "--field", "11"}, 1, "no element 11, only 6 to 10"},
+         {{upper, "--wind", "5,6"}, 1, "no element 5"},
+         {{upper, "--wind", "9"}, 2, "not two numbers of fields"},
+         {{upper, "--wind", "9.5,10"}, 2, "not two numbers of fields"},
+         {{write("none", stationValues({{1, 2, 9999}}))}, 1, "no station has a value of element 1"},
+         {{write("cut", "diamond 16 H x")}, 1, "the number of stations is expected"},
+         {{upper, "--fill", "--density", "3"}, 0, "a station file has no bands to be filled, streamlines"},
+         {{sample("grids/h500_global.000"), "--field", "1"}, 0, "a grid file has no stations"}});
 }
 
 }  // namespace

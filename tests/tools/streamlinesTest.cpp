@@ -1,10 +1,7 @@
 #include "streamlines.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <cmath>
-#include <nlohmann/json.hpp>
 
 #include "program.h"
 #include "windText.h"
@@ -12,8 +9,6 @@
 namespace {
 
 using namespace velmar::tool;
-using nlohmann::json;
-using testing::HasSubstr;
 
 class StreamlinesTest : public ProgramTest {
 protected:
@@ -22,11 +17,8 @@ protected:
         return traceStreamlines(readWindFile(file, readFileHead(file)), 5, levels);
     }
 
-    json features(const std::string& file, std::vector<std::string> options = {}) const {
-        options.insert(options.begin(), {"streamlines", file, "-o", "-"});
-        const Answer result = run(options);
-        EXPECT_EQ(result.exitCode, 0) << result.err;
-        return json::parse(result.out)["features"];
+    json features(const std::string& file, const Arguments& options = {}) const {
+        return json::parse(outOf({"streamlines", file, "-o", "-"}, options))["features"];
     }
 };
 
@@ -131,21 +123,17 @@ TEST_F(StreamlinesTest, FeaturesTellSpeedAndHeading) {
 }
 
 TEST_F(StreamlinesTest, SaysWhatCannotBeDrawn) {
-    WindText calm;
-    calm.u = [](double, double) { return 0; };
-    const Answer none = run({"streamlines", write("calm", calm.text()), "-o", "-"});
-    EXPECT_EQ(none.exitCode, 0);
-    EXPECT_THAT(none.err, HasSubstr("there are no streamlines: the wind is missing or calm everywhere"));
-    EXPECT_TRUE(json::parse(none.out)["features"].empty());
-
+    const std::string calm = write("calm", WindText{.u = [](double, double) { return 0; }}.text());
+    EXPECT_TRUE(features(calm).empty());
     const std::string good = write("good", WindText{}.text());
-    EXPECT_EQ(run({"streamlines", good, "-o", path("no.geojson"), "--density", "15"}).exitCode, 2);
     std::string list = "1";
     for (int k = 2; k <= 100; ++k) list += fmt::format(",{}", k);
-    EXPECT_THAT(run({"streamlines", good, "-o", path("no.geojson"), "--levels", list}).err,
-                HasSubstr("there are 101 bands of speed, more than 100"));
-    EXPECT_THAT(run({"streamlines", write("grid", GridText{}.text()), "-o", path("no.geojson")}).err,
-                HasSubstr("it holds something else than a wind grid"));
+    expectReplies({"streamlines", "-o", "-"},
+                  {{{calm}, 0, "there are no streamlines: the wind is missing or calm everywhere"}});
+    expectReplies({"streamlines", "-o", path("no.geojson")},
+                  {{{good, "--density", "15"}, 2, "not in range"},
+                   {{good, "--levels", list}, 1, "there are 101 bands of speed, more than 100"},
+                   {{write("grid", GridText{}.text())}, 1, "it holds something else than a wind grid"}});
     EXPECT_FALSE(std::filesystem::exists(path("no.geojson")));
 }
 

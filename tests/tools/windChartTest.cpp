@@ -1,32 +1,20 @@
-#include <gmock/gmock.h>
-
 #include "chart/chartTexts.h"
 #include "chart/coverageLayer.h"
 #include "chart/flowField.h"
 #include "chart/palette.h"
 #include "chart/streamlineLayer.h"
-#include "frame/progress.h"
 #include "picture.h"
-#include "program.h"
 #include "windText.h"
 
 namespace {
 
 using namespace velmar::tool;
-using testing::HasSubstr;
 
-class WindChartTest : public ProgramTest {
+class WindChartTest : public PictureTest {
 protected:
-    WindChartTest() { velmar::frame::setProgressEnabled(false); }
-
     WindFile wind(const WindText& text) const {
         const std::string file = write("w.000", text.text());
         return readWindFile(file, readFileHead(file));
-    }
-
-    Answer chart(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), "chart");
-        return run(arguments);
     }
 };
 
@@ -38,11 +26,7 @@ bool isStrong(const Pixel& p) { return p[0] > p[2] + 100; }
 
 BareMap draw(const StreamlineSet& set, const Bounds& bounds) {
     BareMap map(bounds, 600, 300);
-    setColour(map.page.ink, white);
-    cairo_paint(map.page.ink);
-    StreamlineLayer layer(set, {0, 360, 1, -90, 90, 1}, {weak, strong});
-    layer.place(map.page);
-    layer.draw(map.page);
+    map.draw(StreamlineLayer(set, {0, 360, 1, -90, 90, 1}, {weak, strong}));
     return map;
 }
 
@@ -148,31 +132,25 @@ TEST_F(WindChartTest, LinesOrAreasTakeTheColoursOfTheBands) {
     WindText text;
     text.v = [](double longitude, double) { return longitude > 107 ? 9999 : 0; };
     const std::string file = write("w.000", text.text());
-    const auto count = [&](const Colour& colour) {
-        return Picture(path("c.png")).count([&](const Pixel& p) { return isLike(p, pixelOf(colour)); });
-    };
-    EXPECT_EQ(chart({file, "-o", path("c.png"), "--levels=5,20"}).err, "");
-    const int bar = count(lineColours(3)[0]);
-    EXPECT_GT(count(lineColours(3)[1]), bar + 500);
-    EXPECT_LT(count(lineColours(3)[1]), 60000);
-    EXPECT_LT(count(lineColours(3)[2]), 2 * bar);
-    EXPECT_GT(count(noDataGrey), 50000);
-    EXPECT_EQ(chart({file, "-o", path("c.png"), "--levels=5,20", "--fill"}).err, "");
-    EXPECT_GT(count(bandColours({5, 20})[1]), 200000);
+    const Picture lines = drawn({"chart", file, "--levels=5,20"});
+    const std::vector<Colour> colours = lineColours(3);
+    const int bar = lines.count(colours[0]);
+    EXPECT_GT(lines.count(colours[1]), bar + 500);
+    EXPECT_LT(lines.count(colours[1]), 60000);
+    EXPECT_LT(lines.count(colours[2]), 2 * bar);
+    EXPECT_GT(lines.count(noDataGrey), 50000);
+    EXPECT_EQ(run({"chart", file, "-o", path("c.png"), "--levels=5,20", "--fill"}).err, "");
+    EXPECT_GT(Picture(path("c.png")).count(bandColours({5, 20})[1]), 200000);
     text.u = [](double longitude, double) { return longitude; };
-    const Answer many = chart({write("w.000", text.text()), "-o", path("c.png"), "--interval=0.01"});
-    EXPECT_EQ(many.exitCode, 1);
-    EXPECT_THAT(many.err, HasSubstr("too many for the colours of lines"));
+    expectReplies({"chart", write("w.000", text.text()), "-o", path("c.png"), "--interval=0.01"},
+                  {{{}, 1, "too many for the colours of lines"}});
 }
 
 TEST_F(WindChartTest, FillTakesAWordAndLeavesFilesAlone) {
     const std::string file = write("w.000", WindText{}.text());
     const std::string grid = write("g.000", GridText{}.text());
-    const auto pictureOf = [&](std::vector<std::string> arguments) {
-        arguments.insert(arguments.end(), {"-o", path("c.png")});
-        const Answer answer = chart(arguments);
-        EXPECT_EQ(answer.exitCode, 0) << answer.err;
-        return readFile(path("c.png"));
+    const auto pictureOf = [&](const Arguments& arguments) {
+        return outOf({"chart", "-o", "-", "--size=600x400"}, arguments);
     };
     const std::string speed = pictureOf({"--fill", file});
     EXPECT_EQ(pictureOf({"--fill", "speed", file}), speed);
@@ -182,11 +160,12 @@ TEST_F(WindChartTest, FillTakesAWordAndLeavesFilesAlone) {
     EXPECT_NE(pictureOf({file}), speed);
     EXPECT_EQ(pictureOf({"--fill", grid}), pictureOf({"--fill", "divergence", grid}));
 
-    EXPECT_EQ(chart({file, "--fill=humidity", "-o", path("c.png")}).exitCode, 2);
-    EXPECT_EQ(chart({"--fill", "speed", "-o", path("c.png")}).exitCode, 2);
-    for (const char* option : {"--fill=speed", "--density=3"})
-        EXPECT_THAT(chart({grid, "-o", path("c.png"), option}).err, HasSubstr("a grid file has"));
-    EXPECT_THAT(chart({file, "-o", path("c.png"), "--centers"}).err, HasSubstr("no centres"));
+    expectReplies({"chart", "-o", path("c.png")},
+                  {{{file, "--fill=humidity"}, 2, "none of speed, divergence and vorticity"},
+                   {{"--fill", "speed"}, 2, "FILE is required"},
+                   {{grid, "--fill=speed"}, 0, "a grid file has one quantity"},
+                   {{grid, "--density=3"}, 0, "a grid file has no streamlines"},
+                   {{file, "--centers"}, 0, "a wind file has no centres"}});
 }
 
 }  // namespace

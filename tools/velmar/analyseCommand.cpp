@@ -151,7 +151,7 @@ void addAnalyseCommand(CLI::App& program, int& exitCode) {
                      "others, unless by nearest, by the largest value there; 0: no (default)")
         ->check(CLI::Range(0.0, 180.0));
     addLevelOptions(*command, options->levels);
-    addSheetOptions(*command, options->chart);
+    addSheetOptions(*command, options->chart, options->output);
     command->footer(explanation);
     command->callback([options, &exitCode] { exitCode = runAnalyse(*options); });
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "arguments.h"
+#include "callFiles.h"
 #include "chart/stationChart.h"
 #include "chartOptions.h"
 #include "commands.h"
@@ -202,18 +203,19 @@ void addStationOptions(CLI::App& command, ChartCommandOptions& options) {
 }
 
 void soundingCharts(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                    Reporter& reporter) {
+                    CallFiles& files, Reporter& reporter) {
     tellUnused(job, reporter, "a file of soundings",
                {bandsTopic(options), levelsTopic(options), centersTopic(options), streamlinesTopic(options)});
     if (options.chart.bounds) reporter.tell(job.input, "a diagram of a sounding has no --bounds");
-    chartSoundings(job, head, {options.station, options.chart.size, !options.output.folder.empty()},
+    chartSoundings(job, head, {options.station, options.chart.size, !options.output.folder.empty()}, files,
                    reporter);
 }
 
 int runChart(const ChartCommandOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
+    CallFiles files(options.output);
+    return runJobs(planJobs(options.output, formats, files), [&](const Job& job, Reporter& reporter) {
         const FileHead head = readFileHead(job.input);
-        if (isSoundingFile(head)) return soundingCharts(job, head, options, reporter);
+        if (isSoundingFile(head)) return soundingCharts(job, head, options, files, reporter);
         tellUnused(job, reporter, "it", {{options.station.has_value(), "soundings for --station"}});
         writeOutput(job.output, chartOf(job, head, options, reporter));
     });
@@ -237,7 +239,7 @@ void addChartCommand(CLI::App& program, int& exitCode) {
     command->add_option_function<std::string>(
         "--bounds", [&chart](const std::string& text) { chart.bounds = parseBounds(text); },
         "Area to draw as west,east,south,north in degrees (default: all that the file covers)");
-    addSheetOptions(*command, chart, options->fillQuantity);
+    addSheetOptions(*command, chart, options->output, options->fillQuantity);
     command
         ->add_option("--density", options->density,
                      "Density of streamlines, 1 to 14 (default: one that suits the map)")

@@ -80,11 +80,12 @@ void addSizeOption(CLI::App& command, ChartOptions& chart) {
         "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
 }
 
-void addMapOption(CLI::App& command, ChartOptions& chart) {
+void addMapOption(CLI::App& command, ChartOptions& chart, OutputOptions& output) {
     command
         .add_option_function<std::vector<std::string>>(
             "--map",
-            [&chart](const std::vector<std::string>& paths) {
+            [&chart, &output](const std::vector<std::string>& paths) {
+                output.furtherInputs = paths;
                 for (const std::string& path : paths) chart.maps.push_back(readMap(path));
             },
             "A file of coasts, borders or regions to be drawn on the chart (diamond 9, 10, 777, 778, 780 or "
@@ -93,14 +94,15 @@ void addMapOption(CLI::App& command, ChartOptions& chart) {
         ->take_all();
 }
 
-void addSheetOptions(CLI::App& command, ChartOptions& chart) {
+void addSheetOptions(CLI::App& command, ChartOptions& chart, OutputOptions& output) {
     addSizeOption(command, chart);
     command.add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
     addCenters(command, chart);
-    addMapOption(command, chart);
+    addMapOption(command, chart, output);
 }
 
-void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQuantity>& fillQuantity) {
+void addSheetOptions(CLI::App& command, ChartOptions& chart, OutputOptions& output,
+                     std::optional<WindQuantity>& fillQuantity) {
     addSizeOption(command, chart);
     const auto take = [&chart, &fillQuantity](const std::string& value) {
         const std::string flagAlone = "true";
@@ -116,7 +118,7 @@ void addSheetOptions(CLI::App& command, ChartOptions& chart, std::optional<WindQ
             "and are of its speed, or of what is named: --fill divergence, --fill vorticity")
         ->check(take);
     addCenters(command, chart);
-    addMapOption(command, chart);
+    addMapOption(command, chart, output);
 }
 
 std::optional<WindQuantity> takeFillQuantity(std::vector<std::string>& inputs) {

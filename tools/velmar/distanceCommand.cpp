@@ -9,6 +9,7 @@
 #include "commands.h"
 #include "geoJson.h"
 #include "jobs.h"
+#include "problem.h"
 #include "text.h"
 #include "velmarBaseA.h"
 
@@ -40,12 +41,8 @@ int tellDistance(const DistanceOptions& options) {
     float distance = 0;
     FJJS2(from.longitude, from.latitude, to.longitude, to.latitude, &bearing, &angle, &distance);
     constexpr double degrees = 180 / std::numbers::pi;
-    if (!std::isfinite(distance) || !std::isfinite(bearing)) {
-        fmt::print(
-            stderr,
-            "velmar: the way has no direction: the places lie opposite each other, or one is a pole\n");
-        return someFilesFailed;
-    }
+    if (!std::isfinite(distance) || !std::isfinite(bearing))
+        throw Problem("the way has no direction: the places lie opposite each other, or one is a pole");
     const Json json{
         {"kilometres", writtenNumber(distance)}, {"bearing", bearing * degrees}, {"angle", angle * degrees}};
     if (options.json)

@@ -6,9 +6,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <new>
 
+#include "callFiles.h"
 #include "problem.h"
 
 namespace velmar::tool {
@@ -50,24 +50,21 @@ Job planSingle(const OutputOptions& options, const std::vector<std::string>& for
 /// The ending is added to the input's whole name, because the part behind its dot is often the forecast hour.
 std::vector<Job> planFolder(const OutputOptions& options, const std::string& format) {
     std::vector<Job> jobs;
-    std::map<std::string, std::string> inputOfOutput;
     for (const std::string& input : options.inputs) {
         const fs::path output =
             fs::path(options.folder) / (fs::path(input).filename().string() + "." + format);
-        Job job{.input = input, .output = output.string(), .format = format, .obstacle = {}};
-        const auto [other, isNew] = inputOfOutput.emplace(job.output, input);
-        if (!isNew)
-            job.obstacle = fmt::format("its output {} is already that of {}", job.output, other->second);
-        jobs.push_back(std::move(job));
+        jobs.push_back({.input = input, .output = output.string(), .format = format, .obstacle = {}});
     }
     return jobs;
 }
 
-void refuseToOverwriteInputs(std::vector<Job>& jobs) {
+void claimOutputs(std::vector<Job>& jobs, CallFiles& files) {
     for (Job& job : jobs) {
-        std::error_code ignored;
-        const bool same = job.output != "-" && fs::equivalent(job.input, job.output, ignored);
-        if (same && !ignored) job.obstacle = "its output would overwrite it";
+        try {
+            files.claim(job.output, job.input);
+        } catch (const Problem& problem) {
+            job.obstacle = problem.what();
+        }
     }
 }
 
@@ -94,7 +91,8 @@ void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vect
         ->check(CLI::IsMember(formats));
 }
 
-std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats) {
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
+                          CallFiles& files) {
     if (options.output.empty() == options.folder.empty())
         throw CLI::ValidationError("output", "say either -o FILE or --out-dir FOLDER");
     std::vector<Job> jobs;
@@ -106,8 +104,13 @@ std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::s
         makeFolder(options.folder);
         jobs = planFolder(options, options.format.empty() ? formats.front() : options.format);
     }
-    refuseToOverwriteInputs(jobs);
+    claimOutputs(jobs, files);
     return jobs;
+}
+
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats) {
+    CallFiles files(options);
+    return planJobs(options, formats, files);
 }
 
 int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work) {
@@ -117,11 +120,11 @@ int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, R
         try {
             if (!job.obstacle.empty()) throw Problem(job.obstacle);
             work(job, reporter);
-        } catch (const Problem& problem) {
-            reporter.tell(job.input, problem.what());
-            exitCode = someFilesFailed;
         } catch (const std::bad_alloc&) {
             reporter.tell(job.input, "there is not enough memory for it");
+            exitCode = someFilesFailed;
+        } catch (const std::exception& error) {
+            reporter.tell(job.input, error.what());
             exitCode = someFilesFailed;
         }
         reporter.fileDone();

@@ -12,10 +12,13 @@ class App;
 
 namespace velmar::tool {
 
+class CallFiles;
+
 /// Where a command's results go, as the user said it.
 struct OutputOptions {
     std::vector<std::string> inputs;
-    std::string output;  ///< a file, or "-" for standard output
+    std::vector<std::string> furtherInputs;  ///< what else is read: maps
+    std::string output;                      ///< a file, or "-" for standard output
     std::string folder;
     std::string format;
 };
@@ -39,8 +42,12 @@ enum ExitCode { success = 0, someFilesFailed = 1, wrongUsage = 2 };
 void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
                       const std::string& inputs);
 
-/// Finds the output and its format for every input. Throws CLI::ValidationError when the options do not fit
-/// together.
+/// Finds the output and its format for every input, and claims it. Throws CLI::ValidationError when the options
+/// do not fit together.
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
+                          CallFiles& files);
+
+/// The same for commands that write no other files.
 std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats);
 
 /// Does the jobs one after another. A Problem with one file is reported and does not stop the others. Returns

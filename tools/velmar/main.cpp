@@ -1,14 +1,17 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <sstream>
 
 #include "commands.h"
 #include "frame/progress.h"
 #include "jobs.h"
 #include "problem.h"
+#include "standardStreams.h"
 
 int main(int argc, char** argv) try {
     using namespace velmar::tool;
+    guardStandardStreams();
     // Standard output belongs to the results.
     velmar::frame::setProgressEnabled(false);
 
@@ -33,10 +36,15 @@ int main(int argc, char** argv) try {
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? success : wrongUsage;
+        std::ostringstream answer;
+        std::ostringstream complaint;
+        const int code = program.exit(error, answer, complaint);
+        writeStandardError(complaint.str());
+        writeOutput("-", answer.str());
+        return code == 0 ? success : wrongUsage;
     }
     return exitCode;
 } catch (const std::exception& error) {
-    fmt::print(stderr, "velmar: {}\n", error.what());
+    velmar::tool::writeStandardError(fmt::format("velmar: {}\n", error.what()));
     return velmar::tool::someFilesFailed;
 }

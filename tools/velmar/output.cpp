@@ -7,6 +7,7 @@
 #include <memory>
 #include <random>
 
+#include "callFiles.h"
 #include "jobs.h"
 #include "problem.h"
 
@@ -59,8 +60,7 @@ void replaceFile(const fs::path& target, const std::string& name, const std::str
 void writeOutput(const std::string& name, const std::string& bytes) {
     if (name == "-") return writeStandardOutput(bytes);
     std::error_code error;
-    fs::path target = fs::weakly_canonical(name, error);  // so that a link stays one
-    if (error) target = name;
+    const fs::path target = targetOf(name);
     if (fs::is_directory(target, error)) cannotWrite(name, EISDIR);
     // A device or a pipe must not be replaced by a file.
     if (fs::exists(target, error) && !fs::is_regular_file(target, error))

@@ -8,11 +8,11 @@
 #include <filesystem>
 #include <memory>
 
+#include "callFiles.h"
 #include "chart/stationChart.h"
 #include "chartOptions.h"
 #include "commands.h"
 #include "jobs.h"
-#include "problem.h"
 #include "rainSum.h"
 #include "rainWriter.h"
 
@@ -84,12 +84,21 @@ std::string rendered(const RainSum& sum, const ChartOptions& chart, const std::s
     return drawChart(file, plot, chart, format);
 }
 
-void refuseToOverwrite(const RainSum& sum, const std::string& output) {
-    std::error_code ignored;
-    if (std::ranges::any_of(sum.files, [&](const std::string& file) {
-            return output != "-" && std::filesystem::equivalent(file, output, ignored);
-        }))
-        throw Problem(fmt::format("the output {} would overwrite one of its files", output));
+bool isNamedAsTime(const std::filesystem::path& file) {
+    constexpr std::size_t digits = 8;
+    const std::string name = file.stem().string();
+    return file.extension() == ".000" && name.size() == digits &&
+           name.find_first_not_of("0123456789") == std::string::npos;
+}
+
+/// The files of a sum, and those of other times in its folder: they are no less data.
+std::vector<std::string> rainFiles(const RainSum& sum, const std::string& directory) {
+    std::vector<std::string> files = sum.files;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+         entry.increment(error))
+        if (isNamedAsTime(entry->path())) files.push_back(entry->path().string());
+    return files;
 }
 
 int runRain(RainOptions& options) {
@@ -99,7 +108,9 @@ int runRain(RainOptions& options) {
     return runJobs(planJobs(options.output, rainFormats), [&](const Job& job, Reporter& reporter) {
         const RainSum sum = sumRain(job.input, options.span);
         for (const std::string& notice : sum.notices) reporter.tell(job.input, notice);
-        refuseToOverwrite(sum, job.output);
+        OutputOptions output = options.output;
+        output.furtherInputs = rainFiles(sum, job.input);
+        CallFiles(output).claim(job.output, job.input);
         writeOutput(job.output, rendered(sum, options.chart, job.format));
     });
 }
@@ -132,7 +143,7 @@ void addRainCommand(CLI::App& program, int& exitCode) {
         "--bounds", [options](const std::string& text) { options->chart.bounds = parseBounds(text); },
         "Area of a chart as west,east,south,north in degrees (default: that of the stations)");
     addSizeOption(*command, options->chart);
-    addMapOption(*command, options->chart);
+    addMapOption(*command, options->chart, options->output);
     command->footer(explanation);
     command->callback([options, &exitCode] { exitCode = runRain(*options); });
 }

@@ -3,8 +3,9 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <string>
+
+#include "standardStreams.h"
 
 namespace velmar::tool {
 
@@ -16,7 +17,7 @@ Reporter::Reporter(std::size_t fileCount)
 void Reporter::tell(std::string_view file, std::string_view sentence) {
     if (sentence.empty()) return;
     eraseBar();
-    fmt::print(stderr, "velmar: {}: {}\n", file, sentence);
+    writeStandardError(fmt::format("velmar: {}: {}\n", file, sentence));
     drawBar();
 }
 
@@ -26,15 +27,15 @@ void Reporter::fileDone() {
 }
 
 void Reporter::eraseBar() {
-    if (showsBar_) std::fputs("\r\033[K", stderr);
+    if (showsBar_) writeStandardError("\r\033[K");
 }
 
 void Reporter::drawBar() {
     if (!showsBar_) return;
     constexpr std::size_t width = 40;
     const std::size_t filled = width * done_ / fileCount_;
-    fmt::print(stderr, "\r[{:<{}}] {} of {}", std::string(filled, '='), width, done_, fileCount_);
-    std::fflush(stderr);
+    writeStandardError(
+        fmt::format("\r[{:<{}}] {} of {}", std::string(filled, '='), width, done_, fileCount_));
 }
 
 }  // namespace velmar::tool

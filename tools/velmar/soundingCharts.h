@@ -15,8 +15,8 @@ struct SoundingChartRequest {
 };
 
 /// Draws a file of soundings and writes the charts: a pdf has a page a station, a folder gets a picture a station,
-/// named by its number; a single picture is that of the first station.
+/// named by its number; a single picture is that of the first station. The pictures in a folder are claimed.
 void chartSoundings(const Job& job, const FileHead& head, const SoundingChartRequest& request,
-                    Reporter& reporter);
+                    CallFiles& files, Reporter& reporter);
 
 }  // namespace velmar::tool

@@ -65,7 +65,7 @@ void addTrianglesCommand(CLI::App& program, int& exitCode) {
         "--bounds", [options](const std::string& text) { options->chart.bounds = parseBounds(text); },
         "Area to draw as west,east,south,north in degrees (default: that of the stations)");
     addSizeOption(*command, options->chart);
-    addMapOption(*command, options->chart);
+    addMapOption(*command, options->chart, options->output);
     command->add_flag("--network,!--no-network", options->withNetwork, "Draw the triangles (default: yes)");
     command->footer(explanation);
     command->callback([options, &exitCode] { exitCode = runTriangles(*options); });

@@ -1,16 +1,12 @@
-#include <gmock/gmock.h>
-
 #include <limits>
 
 #include "chart/mapLayer.h"
 #include "chart/regionLayer.h"
 #include "picture.h"
-#include "program.h"
 
 namespace {
 
 using namespace velmar::tool;
-using testing::HasSubstr;
 
 constexpr MapInks inks{{1, 0, 0}, {0, 0, 1}};
 
@@ -26,17 +22,9 @@ LineMap mapOf(const std::vector<std::vector<float>>& lines, const std::string& n
     return map;
 }
 
-void drawOn(BareMap& map, Layer& layer) {
-    setColour(map.page.ink, white);
-    cairo_paint(map.page.ink);
-    layer.place(map.page);
-    layer.draw(map.page);
-}
-
 BareMap draw(const LineMap& lines, const Bounds& bounds) {
     BareMap map(bounds, 600, 300);
-    MapLayer layer(lines, inks);
-    drawOn(map, layer);
+    map.draw(MapLayer(lines, inks));
     return map;
 }
 
@@ -94,13 +82,11 @@ TEST(RegionNames, StandOnceAndWhereTheyFit) {
     map.lines[2].name = "Sliver";
     RegionNameLayer names(map);
     BareMap paper({0, 40, 0, 20}, 600, 300);
-    drawOn(paper, names);
+    paper.draw(names);
     EXPECT_EQ(names.remark(), "1 of 2 names");
     const auto dark = [](const Pixel& p) { return p[0] < 100; };
     EXPECT_GT(paper.picture.count(dark), 20);
-    for (int x = 0; x < 75; ++x)
-        for (int y = 0; y < 300; ++y)
-            EXPECT_FALSE(dark(paper.picture.at(x, y))) << "it stands in the larger one";
+    EXPECT_EQ(paper.picture.countIn(0, 75, 0, 300, dark), 0) << "it stands in the larger one";
 }
 
 TEST(Regions, AroundAPoleAreFilled) {
@@ -109,24 +95,18 @@ TEST(Regions, AroundAPoleAreFilled) {
         coast.insert(coast.end(), {static_cast<float>(10 * k), -65.0F - static_cast<float>(k % 2)});
     coast.insert(coast.end(), {0, -65});
     const LineMap map = mapOf({coast}, "South");
-    RegionLayer layer(map);
     BareMap paper({-90, 270, -90, 90}, 720, 360);
-    drawOn(paper, layer);
+    paper.draw(RegionLayer(map));
     for (int k = -85; k < 270; k += 10) {
         EXPECT_NE(paper.at(k, -80), pixelOf(white)) << k;
         EXPECT_EQ(paper.at(k, -50), pixelOf(white)) << k;
     }
 }
 
-class MapChartTest : public ProgramTest {
+class MapChartTest : public PictureTest {
 protected:
-    Picture draw(std::vector<std::string> arguments, const std::string& error = {}) const {
-        arguments.insert(arguments.begin(), "chart");
-        arguments.insert(arguments.end(), {"-o", path("c.png"), "--size", "700x500"});
-        const Answer answer = run(arguments);
-        EXPECT_EQ(answer.exitCode, 0) << answer.err;
-        EXPECT_THAT(answer.err, HasSubstr(error));
-        return Picture(path("c.png"));
+    Picture draw(const Arguments& arguments, const std::string& sentence = {}) const {
+        return drawn({"chart", "--size", "700x500"}, arguments, sentence);
     }
 };
 
@@ -138,10 +118,10 @@ TEST_F(MapChartTest, ChartsOfAllKindsCanHaveMaps) {
         const Picture plain = draw({sample(name)});
         EXPECT_GT(draw({sample(name), "--map", world}).differences(plain), 100) << name;
     }
-    const std::vector<std::string> height{sample("grids/h500_global.000"), "--map", world};
-    std::vector<std::string> several = height;
-    several.insert(several.end(), {"--map", sample("regions/us_states.dat")});
-    EXPECT_GT(draw(several).differences(draw(height)), 100);
+    const std::string height = sample("grids/h500_global.000");
+    EXPECT_GT(draw({height, "--map", world, "--map", sample("regions/us_states.dat")})
+                  .differences(draw({height, "--map", world})),
+              100);
     // One that is cut short is drawn as far as it goes, and the user is told.
     const std::string cut = write("cut", readFile(world).substr(0, 20000));
     draw({cut, "--density", "3"}, "breaks off");
@@ -150,13 +130,38 @@ TEST_F(MapChartTest, ChartsOfAllKindsCanHaveMaps) {
 }
 
 TEST_F(MapChartTest, RefusesMapsInWords) {
-    const auto chart = [&](const std::string& map) {
-        return run({"chart", sample("lines/iceland.777"), "-o", path("no.png"), "--map", map});
-    };
-    EXPECT_EQ(chart(path("nothing")).exitCode, 2);
-    EXPECT_THAT(chart(path("nothing")).err, HasSubstr("there is no such file"));
-    EXPECT_THAT(chart(sample("grids/h500_global.000")).err, HasSubstr("no lines of a map"));
+    expectReplies({"chart", sample("lines/iceland.777"), "-o", path("no.png"), "--map"},
+                  {{{path("nothing")}, 2, "there is no such file"},
+                   {{sample("grids/h500_global.000")}, 2, "no lines of a map"}});
     EXPECT_FALSE(std::filesystem::exists(path("no.png")));
+}
+
+class RegionTest : public ProgramTest {};
+
+TEST_F(RegionTest, NamesTheRegionsOfPlaces) {
+    const std::string states = sample("regions/us_states.dat");
+    EXPECT_EQ(outOf({"region", states, "--at=-104.99,39.74", "--at", "255.01,39.74", "--at", "0,0"}),
+              "Colorado\nColorado\n(no region)\n");
+    expectHolds(
+        json::parse(outOf({"region", sample("regions/africa_gbk.dat"), "--at", "28.3,-29.5", "--json"}))[0],
+        R"({"region": "莱索托", "latitude": -29.5})");
+}
+
+TEST_F(RegionTest, ListsWhatThereIs) {
+    const std::string file = write("r", "diamond 10 x\n1 2 A 3 0 0 5 5 0 5\n3 4 \xC4\xCF 0\n5 6 C 2 1 1");
+    const Answer answer = run({"region", file, "--list"});
+    EXPECT_EQ(answer.out,
+              "A  3 points, 0 to 5, 0 to 5\n南  0 points, nowhere\nC  1 points, nowhere\n");
+    EXPECT_THAT(answer.err, HasSubstr("the file breaks off in region 3"));
+    EXPECT_EQ(json::parse(outOf({"region", file, "--json"}))[0]["bounds"], json({0, 5, 0, 5}));
+}
+
+TEST_F(RegionTest, SaysInWordsWhatIsWrong) {
+    const std::string states = sample("regions/us_states.dat");
+    expectReplies({"region"}, {{{sample("grids/h500_global.000"), "--list"}, 1, "it holds no regions"},
+                               {{write("e", "diamond 10 x\n"), "--list"}, 1, "no region of it can be read"},
+                               {{states, "--at", "5"}, 2, "a longitude and a latitude are expected"},
+                               {{states, "--at", "5,6", "--list"}, 2, "excludes"}});
 }
 
 }  // namespace
