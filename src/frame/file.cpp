@@ -3,22 +3,12 @@
 #include <sys/stat.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <limits>
-#include <memory>
 #include <new>
 
 #include "frame/messages.h"
 
 namespace velmar::frame {
-
-namespace {
-
-struct FileClose {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-}  // namespace
 
 std::optional<FileText> readWholeFile(const char* path) {
     if (path == nullptr) return std::nullopt;
@@ -26,7 +16,7 @@ std::optional<FileText> readWholeFile(const char* path) {
     struct stat status {};
     if (stat(path, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
     const auto size = static_cast<std::uintmax_t>(status.st_size);
-    const std::unique_ptr<std::FILE, FileClose> file(std::fopen(path, "rb"));
+    const OpenFile file(std::fopen(path, "rb"));
     if (file == nullptr) return std::nullopt;
     if (size > std::numeric_limits<std::size_t>::max()) throw std::bad_alloc();
     FileText text{std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size)), 0};

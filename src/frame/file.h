@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -14,6 +15,11 @@ struct FileText {
 
     std::string_view view() const { return {bytes.get(), size}; }
 };
+
+struct FileClose {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, FileClose>;
 
 /// Reads a regular file as long as it is before it is opened, or less when it shrinks meanwhile. Nothing when
 /// it cannot be opened; anything else than a regular file counts as that: a directory has no bytes, and a

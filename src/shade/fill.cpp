@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <span>
 
 #include "frame/barrier.h"
 #include "frame/block.h"
-#include "frame/file.h"
+#include "frame/diagnosticFile.h"
 #include "frame/messages.h"
 #include "frame/progress.h"
 
@@ -68,16 +67,15 @@ float* keepInside(const PolygonView& polygon, const Rectangle& r, float* outline
 }  // namespace
 
 float* fillPolygon(float* points, int n, const Rectangle& rectangle, PolygonToolsState& state, int& count) {
-    count = 0;
-    std::ofstream marks;
-    if (!frame::isPipe(diagnosticFile)) marks.open(diagnosticFile);
-    if (!marks.is_open()) {
+    const frame::OpenFile marks = frame::openDiagnosticFile(diagnosticFile);
+    if (marks == nullptr) {
         std::fputs(frame::messages::cannotOpenDiagnosticFile, stderr);
         return nullptr;
     }
-    marks << "debug_A\ndebug_B\n";
+    count = 0;
+    std::fputs("debug_A\ndebug_B\n", marks.get());
     if (points == nullptr || n < 3) return points;
-    marks << "debug_C\n";
+    std::fputs("debug_C\n", marks.get());
 
     const PolygonView polygon{points, static_cast<std::size_t>(n)};
     frame::ResultBlock block;
@@ -90,10 +88,10 @@ float* fillPolygon(float* points, int n, const Rectangle& rectangle, PolygonTool
         }
         area = {block.get(), 4 * polygon.count};
     }
-    marks << "debug_D\ndebug1\n";
+    std::fputs("debug_D\ndebug1\n", marks.get());
     float* const end = keepInside(polygon, rectangle, area.data());
     std::fill(end, area.data() + area.size(), 0.0F);
-    marks << "debug-end\n";
+    std::fputs("debug-end\n", marks.get());
     count = static_cast<int>((end - area.data()) / 2);
     static_cast<void>(block.release());
     return end;

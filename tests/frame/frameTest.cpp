@@ -11,8 +11,10 @@
 #include <vector>
 
 #include "frame/barrier.h"
+#include "frame/diagnosticFile.h"
 #include "frame/extremes.h"
 #include "frame/numbers.h"
+#include "support/ownFolder.h"
 #include "support/said.h"
 #include "velmarBaseA.h"
 
@@ -69,6 +71,29 @@ TEST(Barrier, TurnsExceptionsIntoFailures) {
     const ResultBlock block(guardedReader(-7, []() -> Outcome<ResultBlock> { throw std::bad_alloc(); }));
     EXPECT_EQ(block[0], -7);
     EXPECT_THROW(allocateBlock(std::numeric_limits<std::size_t>::max() / 2), std::bad_alloc);
+}
+
+using DiagnosticFile = velmar::test::InOwnFolder;
+
+TEST_F(DiagnosticFile, IsWrittenOverNothingElse) {
+    namespace fs = std::filesystem;
+    std::ofstream("kept") << "data";
+    EXPECT_EQ(openDiagnosticFile("kept", "./kept"), nullptr) << "the file that is being read";
+    fs::create_hard_link("kept", "link");
+    EXPECT_EQ(openDiagnosticFile("link"), nullptr);
+    fs::remove("link");
+    for (const char* target : {"kept", "nothing"}) {
+        std::error_code notAllowed;  // as for most users of Windows
+        fs::create_symlink(target, "link", notAllowed);
+        if (!notAllowed) {
+            EXPECT_EQ(openDiagnosticFile("link"), nullptr) << target;
+        }
+        fs::remove("link");
+    }
+    EXPECT_FALSE(fs::exists("nothing"));
+    EXPECT_EQ(velmar::test::textOf("kept"), "data");
+    EXPECT_NE(openDiagnosticFile("kept", "nothing"), nullptr);
+    EXPECT_EQ(velmar::test::textOf("kept"), "") << "it begins anew";
 }
 
 TEST(Numbers, TruncateAndSaturate) {
