@@ -47,7 +47,7 @@ void keepNearest(std::size_t count, const float* longitudes, const StationFromRo
     }
 }
 
-/// Four times the median of the contributions that are finite and not 0.
+/// Sixteen times the median of the contributions that are finite and not 0.
 double ordinaryMagnitude(std::span<const float> contributions) {
     std::vector<float> magnitudes;
     magnitudes.reserve(contributions.size());
@@ -57,11 +57,7 @@ double ordinaryMagnitude(std::span<const float> contributions) {
     if (magnitudes.empty()) return 0.0;
     const auto median = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() / 2);
     std::nth_element(magnitudes.begin(), median, magnitudes.end());
-    return 4.0 * static_cast<double>(*median);
-}
-
-bool isWild(float contribution, const BarnesSweep& sweep) {
-    return std::isfinite(contribution) && std::fabs(contribution) > sweep.ordinary;
+    return 16.0 * static_cast<double>(*median);
 }
 
 /// Beyond which distance a station does not matter to points whose nearest stations are at most so far away. A
@@ -70,7 +66,7 @@ float decisiveRadius(const BarnesSweep& sweep, double farthestSquare, float cont
     // Weights of widths that are not positive grow with the distance.
     if (!(sweep.width > 0.0) || !std::isfinite(contribution)) return sweep.radius;
     double exponent = decisiveExponent;
-    if (isWild(contribution, sweep))
+    if (std::fabs(contribution) > sweep.ordinary)
         exponent += std::numbers::ln2 * (std::ilogb(std::fabs(contribution) / sweep.ordinary) + 1);
     const double enough = std::sqrt(farthestSquare + exponent * sweep.width) * (1.0 + 1.0e-5);
     return enough < sweep.radius ? static_cast<float>(enough) : sweep.radius;
@@ -99,12 +95,16 @@ void BarnesRow::sum(float latitude, const StationView& stations, const BarnesSwe
     all_.clear();
     wild_.clear();
     const double farthestSquare = farthestNearest(sweep);
+    const float ordinaryRadius = decisiveRadius(sweep, farthestSquare, 0.0F);
     for (const auto& [fromRow, station] : reaching_) {
         const float contribution = sweep.contributions[station];
-        const float radius = decisiveRadius(sweep, farthestSquare, contribution);
+        const bool isOrdinary = std::fabs(contribution) <= sweep.ordinary;
+        const float radius =
+            isOrdinary ? ordinaryRadius : decisiveRadius(sweep, farthestSquare, contribution);
         if (!(std::fabs(fromRow.dy) <= radius)) continue;
         add(fromRow, radius, sweep.width, contribution, all_);
-        if (isWild(contribution, sweep)) add(fromRow, radius, sweep.width, std::fabs(contribution), wild_);
+        if (!isOrdinary && std::isfinite(contribution))
+            add(fromRow, radius, sweep.width, std::fabs(contribution), wild_);
     }
 }
 

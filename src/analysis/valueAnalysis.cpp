@@ -87,8 +87,9 @@ ResultBlock run(Method method, const AnalysisArea& area, const StationView& stat
     }
 }
 
-ResultBlock pack(const std::vector<float>& levels, const KeptStations& kept, const AnalysisArea& area,
-                 const ResultBlock& grid) {
+/// The block of levels, stations and grid. It is asked for before the analysis is made.
+ResultBlock analyseAndPack(Method method, const std::vector<float>& levels, const KeptStations& kept,
+                           const AnalysisArea& area, float maskRadius) {
     const std::size_t points = area.pointCount();
     const std::size_t stationCount = kept.count();
     const std::size_t total = points + 5 * stationCount + levels.size() + 11;
@@ -108,7 +109,7 @@ ResultBlock pack(const std::vector<float>& levels, const KeptStations& kept, con
         out.append(
             std::array{kept.numbers[k], kept.heights[k], s.longitudes[k], s.latitudes[k], s.values[k]});
     const std::span<float> values = out.claim(points);
-    if (grid)
+    if (const ResultBlock grid = run(method, area, s.view(), maskRadius))
         std::copy_n(grid.get(), points, values.begin());
     else
         std::fill(values.begin(), values.end(), undefinedPoint);
@@ -140,13 +141,11 @@ Outcome<ResultBlock> analyseStationValues(const char* path, Method method, const
     if (converted != 2) return Failure{-9};
 
     const KeptStations kept = readStations(in, promised);
-    if (static_cast<int>(method) < 0) {
-        const AnalysisArea none{request.bounds, request.longitudeStep, request.latitudeStep, {0, 0}};
-        return pack(header->contourLevels, kept, none, nullptr);
-    }
-    const AnalysisArea area = areaOf(request, kept.extent);
-    const ResultBlock grid = run(method, area, kept.stations.view(), maskRadius);
-    return pack(header->contourLevels, kept, area, grid);
+    const bool hasGrid = static_cast<int>(method) >= 0;
+    const AnalysisArea area =
+        hasGrid ? areaOf(request, kept.extent)
+                : AnalysisArea{request.bounds, request.longitudeStep, request.latitudeStep, {0, 0}};
+    return analyseAndPack(method, header->contourLevels, kept, area, maskRadius);
 }
 
 }  // namespace velmar::analysis

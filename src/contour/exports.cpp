@@ -7,6 +7,7 @@
 #include "contour/result.h"
 #include "contour/state.h"
 #include "contour/trace.h"
+#include "frame/atEnd.h"
 #include "frame/barrier.h"
 #include "frame/file.h"
 #include "frame/gridFile.h"
@@ -16,6 +17,7 @@
 namespace {
 
 using namespace velmar::contour;
+using velmar::frame::AtEnd;
 using velmar::frame::Failure;
 using velmar::frame::FileText;
 using velmar::frame::Grid;
@@ -52,12 +54,14 @@ ResultBlock contour(const GridView& grid, float missing, const std::optional<Lev
     const Levels levels = chooseLevels(grid, missing, *request);
     const bool refined = smoothing == Smoothing::refine && (kept.factors.x > 1 || kept.factors.y > 1);
     const Grid fine = refined ? refine(grid, missing, kept.factors) : Grid{};
+    const AtEnd givingBack([&kept] {
+        freeContourLines();
+        kept.buffers.release();
+    });
     traceLevels(refined ? fine.view() : grid, missing, levels.values, kept.buffers, kept.lines);
     const ContourHints hints{velmar::frame::state().lastBoldValue, levels.start, request->end,
                              request->interval};
-    ResultBlock block = packContours(kept.lines, kept.factors, grid, place, hints);
-    freeContourLines();
-    return block;
+    return packContours(kept.lines, kept.factors, grid, place, hints);
 }
 
 Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const float* levels) {

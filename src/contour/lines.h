@@ -26,12 +26,6 @@ struct LineList {
     std::span<const Point> pointsOf(const ContourLine& line) const {
         return {points.data() + line.firstPoint, line.pointCount};
     }
-
-    /// Memory is kept for the next call.
-    void clear() {
-        lines.clear();
-        points.clear();
-    }
 };
 
 }  // namespace velmar::contour

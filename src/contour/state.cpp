@@ -7,6 +7,6 @@ ContourState& state() {
     return instance;
 }
 
-void freeContourLines() { state().lines.clear(); }
+void freeContourLines() { state().lines = {}; }
 
 }  // namespace velmar::contour

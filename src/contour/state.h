@@ -15,6 +15,7 @@ struct ContourState {
     /// Factors of the last contour2D call. contour2DRaw divides its positions by them too.
     RefinementFactors factors;
 
+    /// Of these only the size of the work buffer outlives a call.
     TraceBuffers buffers;
 
     /// Centres of the last grid file that was contoured with automatic levels.
@@ -23,7 +24,7 @@ struct ContourState {
 
 ContourState& state();
 
-/// Releases the lines that a call has left behind.
+/// Releases the lines, their memory too.
 void freeContourLines();
 
 }  // namespace velmar::contour

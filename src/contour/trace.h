@@ -8,7 +8,7 @@
 
 namespace velmar::contour {
 
-/// Buffers of the tracing, reused from call to call.
+/// Buffers of the tracing, reused from level to level.
 ///
 /// Lines are as long as they were when a line was written from the middle of one work buffer towards both its
 /// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
@@ -19,6 +19,9 @@ struct TraceBuffers {
     std::vector<Point> forward;
     std::vector<Point> backward;
     std::size_t workBufferFloats = 0;
+
+    /// Gives the memory back.
+    void release() { *this = TraceBuffers{{}, {}, {}, {}, workBufferFloats}; }
 };
 
 /// Traces the levels in their order through a grid and appends their lines to the list.

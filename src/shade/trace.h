@@ -32,7 +32,7 @@ struct HoleStack {
     }
 };
 
-/// Buffers of the tracing, reused from call to call.
+/// Buffers of the tracing, reused from strip to strip and from level to level.
 struct TraceBuffers {
     frame::LevelIndex index;
     frame::BitPlane above;  ///< points with data that lie above the level
