@@ -7,7 +7,6 @@
 #include "contour/result.h"
 #include "contour/state.h"
 #include "contour/trace.h"
-#include "frame/atEnd.h"
 #include "frame/barrier.h"
 #include "frame/file.h"
 #include "frame/gridFile.h"
@@ -17,7 +16,6 @@
 namespace {
 
 using namespace velmar::contour;
-using velmar::frame::AtEnd;
 using velmar::frame::Failure;
 using velmar::frame::FileText;
 using velmar::frame::Grid;
@@ -26,6 +24,7 @@ using velmar::frame::GridPlace;
 using velmar::frame::GridView;
 using velmar::frame::guarded;
 using velmar::frame::guardedReader;
+using velmar::frame::KeptMemory;
 using velmar::frame::Outcome;
 using velmar::frame::ResultBlock;
 using velmar::frame::TextScanner;
@@ -54,14 +53,14 @@ ResultBlock contour(const GridView& grid, float missing, const std::optional<Lev
     const Levels levels = chooseLevels(grid, missing, *request);
     const bool refined = smoothing == Smoothing::refine && (kept.factors.x > 1 || kept.factors.y > 1);
     const Grid fine = refined ? refine(grid, missing, kept.factors) : Grid{};
-    const AtEnd givingBack([&kept] {
-        freeContourLines();
-        kept.buffers.release();
-    });
+    KeptMemory memory(kept);
     traceLevels(refined ? fine.view() : grid, missing, levels.values, kept.buffers, kept.lines);
     const ContourHints hints{velmar::frame::state().lastBoldValue, levels.start, request->end,
                              request->interval};
-    return packContours(kept.lines, kept.factors, grid, place, hints);
+    ResultBlock block = packContours(kept.lines, kept.factors, grid, place, hints);
+    freeContourLines();
+    memory.succeed();
+    return block;
 }
 
 Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const float* levels) {
@@ -74,6 +73,7 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     Outcome<Grid> grid = readGridValues(in, header->field, {.circling = -6, .other = -7});
     if (!grid) return grid.failure();
 
+    KeptMemory memory(state());
     const GridPlace place = placeOf(header->field.lattice);
     const std::optional<LevelRequest> request =
         levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
@@ -82,6 +82,7 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     if (request->mode == LevelMode::automatic) {
         state().lastCenters = packCenters(findGridCenters(grid->view(), missing), place);
     }
+    memory.succeed();
     return block;
 }
 

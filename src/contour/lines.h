@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/grid.h"
+#include "frame/keptMemory.h"
 
 namespace velmar::contour {
 
@@ -26,6 +27,15 @@ struct LineList {
     std::span<const Point> pointsOf(const ContourLine& line) const {
         return {points.data() + line.firstPoint, line.pointCount};
     }
+
+    /// Memory is kept for the next call.
+    void clear() {
+        lines.clear();
+        points.clear();
+    }
+
+    /// Of memory.
+    std::size_t bytes() const { return frame::bytesOf(lines) + frame::bytesOf(points); }
 };
 
 }  // namespace velmar::contour

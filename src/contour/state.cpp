@@ -7,6 +7,6 @@ ContourState& state() {
     return instance;
 }
 
-void freeContourLines() { state().lines = {}; }
+void freeContourLines() { state().lines.clear(); }
 
 }  // namespace velmar::contour

@@ -8,7 +8,7 @@
 
 namespace velmar::contour {
 
-/// Buffers of the tracing, reused from level to level.
+/// Buffers of the tracing, reused from call to call.
 ///
 /// Lines are as long as they were when a line was written from the middle of one work buffer towards both its
 /// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
@@ -20,8 +20,11 @@ struct TraceBuffers {
     std::vector<Point> backward;
     std::size_t workBufferFloats = 0;
 
-    /// Gives the memory back.
-    void release() { *this = TraceBuffers{{}, {}, {}, {}, workBufferFloats}; }
+    /// Of memory.
+    std::size_t bytes() const {
+        return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
+               frame::bytesOf(forward) + frame::bytesOf(backward);
+    }
 };
 
 /// Traces the levels in their order through a grid and appends their lines to the list.

@@ -23,7 +23,10 @@ void printPoints(std::span<const Point> points) {
 
 }  // namespace
 
-void freeShadePolygons(ShadePolygonList& list) { list = {}; }
+void freeShadePolygons(ShadePolygonList& list) {
+    list.polygons.clear();
+    list.points.clear();
+}
 
 void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, float level, int colour) {
     if (points.size() < 3) return;
@@ -32,7 +35,7 @@ void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, f
     list.points.insert(list.points.end(), points.begin(), points.end());
 }
 
-ResultBlock buildShadeResult(const ShadePolygonList& list, const frame::GridView& grid,
+ResultBlock buildShadeResult(ShadePolygonList& list, const frame::GridView& grid,
                              const frame::GridPlace& place) {
     if (list.polygons.empty()) return nullptr;
     const std::size_t elements = 12 + 3 * list.polygons.size() + 2 * list.points.size() + grid.size();
@@ -51,6 +54,7 @@ ResultBlock buildShadeResult(const ShadePolygonList& list, const frame::GridView
     }
     frame::appendGrid(out, grid, place);
     out.append(0.0F);  // slack: the count has always been one more than what is laid out
+    freeShadePolygons(list);
     return block;
 }
 

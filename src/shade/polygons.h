@@ -6,6 +6,7 @@
 
 #include "frame/block.h"
 #include "frame/grid.h"
+#include "frame/keptMemory.h"
 
 namespace velmar::shade {
 
@@ -27,17 +28,21 @@ struct ShadePolygonList {
     std::span<const Point> pointsOf(const ShadePolygon& polygon) const {
         return {points.data() + polygon.firstPoint, polygon.pointCount};
     }
+
+    /// Of memory.
+    std::size_t bytes() const { return frame::bytesOf(polygons) + frame::bytesOf(points); }
 };
 
-/// Empties the list and gives its memory back.
+/// Empties the list. Memory is kept for the next call.
 void freeShadePolygons(ShadePolygonList& list);
 
 /// Adds a polygon in the host's coordinates; one of fewer than three points is ignored. The colour is brought
 /// into 0 to 99.
 void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, float level, int colour);
 
-/// Packs the polygons and their grid into the result of the shading exports. Null without polygons.
-frame::ResultBlock buildShadeResult(const ShadePolygonList& list, const frame::GridView& grid,
+/// Packs the polygons and their grid into the result of the shading exports and empties the list. Null when
+/// it is empty already.
+frame::ResultBlock buildShadeResult(ShadePolygonList& list, const frame::GridView& grid,
                                     const frame::GridPlace& place);
 
 }  // namespace velmar::shade

@@ -5,7 +5,6 @@
 #include <new>
 #include <vector>
 
-#include "frame/atEnd.h"
 #include "frame/messages.h"
 #include "frame/numbers.h"
 #include "frame/progress.h"
@@ -34,6 +33,7 @@ bool succeeds(Allocate&& allocate, const char* textOfFailure) try {
 
 bool prepare(const ShadeRequest& request, TraceBuffers& buffers) {
     const GridView& grid = request.grid;
+    buffers.holeStack.clear();
     return succeeds([&] { buffers.xyBuffer.reserve(grid.size()); }, messages::noPointBuffer) &&
            succeeds(
                [&] {
@@ -45,9 +45,9 @@ bool prepare(const ShadeRequest& request, TraceBuffers& buffers) {
 }
 
 /// Leaves the polygons of a grid in the list. False on failure.
-bool tracePolygons(const ShadeRequest& request, const GridPlace& place, HolePlace holePlace,
-                   ShadePolygonList& polygons) {
-    TraceBuffers buffers;
+bool tracePolygons(const ShadeRequest& request, const GridPlace& place, HolePlace holePlace) {
+    auto& [polygons, buffers] = state();
+    freeShadePolygons(polygons);
     const GridView& grid = request.grid;
     const bool hasCells = grid.values != nullptr && grid.nx > 1 && grid.ny > 1;
     if (!hasCells) return true;
@@ -89,10 +89,11 @@ int ShadeLevels::countUpTo(float value) const {
 }
 
 ResultBlock shade(const ShadeRequest& request, const GridPlace& place) {
-    ShadePolygonList& polygons = state().polygons;
-    const frame::AtEnd givingBack([&polygons] { freeShadePolygons(polygons); });
-    if (!tracePolygons(request, place, HolePlace::degrees, polygons)) return nullptr;
-    return buildShadeResult(polygons, request.grid, place);
+    frame::KeptMemory memory(state());
+    if (!tracePolygons(request, place, HolePlace::degrees)) return nullptr;
+    ResultBlock block = buildShadeResult(state().polygons, request.grid, place);
+    memory.succeed();
+    return block;
 }
 
 ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const float* ySteps) {
@@ -100,15 +101,17 @@ ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const 
     // Holes keep grid coordinates that count from 1, all other polygons get such that count from 0; the
     // tables are applied to both alike.
     constexpr GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
+    frame::KeptMemory memory(state());
+    if (!tracePolygons(request, gridColumns, HolePlace::gridColumns)) return nullptr;
     ShadePolygonList& polygons = state().polygons;
-    const frame::AtEnd givingBack([&polygons] { freeShadePolygons(polygons); });
-    if (!tracePolygons(request, gridColumns, HolePlace::gridColumns, polygons)) return nullptr;
     if (polygons.polygons.empty()) return nullptr;
     const LineTable columns(xSteps, request.grid.nx);
     const LineTable rows(ySteps, request.grid.ny);
     for (Point& point : polygons.points)
         point = {columns.mapTableCoordinate(point.x), rows.mapTableCoordinate(point.y)};
-    return buildShadeResult(polygons, request.grid, gridColumns);
+    ResultBlock block = buildShadeResult(polygons, request.grid, gridColumns);
+    memory.succeed();
+    return block;
 }
 
 }  // namespace velmar::shade

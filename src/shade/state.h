@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shade/polygons.h"
+#include "shade/trace.h"
 
 namespace velmar::shade {
 
@@ -8,6 +9,13 @@ namespace velmar::shade {
 struct ShadeState {
     /// Filled and emptied within one call.
     ShadePolygonList polygons;
+
+    TraceBuffers buffers;
+
+    /// Of the memory that calls work in.
+    std::size_t bytes() const { return polygons.bytes() + buffers.bytes(); }
+
+    void release() { *this = {}; }
 };
 
 ShadeState& state();

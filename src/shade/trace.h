@@ -32,13 +32,20 @@ struct HoleStack {
     }
 };
 
-/// Buffers of the tracing, reused from strip to strip and from level to level.
+/// Buffers of the tracing, reused from call to call.
 struct TraceBuffers {
     frame::LevelIndex index;
     frame::BitPlane above;  ///< points with data that lie above the level
     StripSides sides;
     std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
     HoleStack holeStack;
+
+    /// Of memory.
+    std::size_t bytes() const {
+        constexpr std::size_t planes = 8;  // those of the sides are all as large as that of the points
+        return index.bytes() + planes * above.bytes() + frame::bytesOf(xyBuffer) +
+               frame::bytesOf(holeStack.records) + frame::bytesOf(holeStack.points);
+    }
 };
 
 /// A level of a strip, and what its polygons look like.
