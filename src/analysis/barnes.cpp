@@ -1,6 +1,7 @@
 #include "analysis/barnes.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -28,10 +29,10 @@ public:
           bounds_(bounds),
           place_(placeOf(size, bounds)),
           stations_(stations),
+          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))),
           estimates_(stations.values.begin(), stations.values.end()),
           residuals_(stations.count()),
-          row_(place_, size.nx),
-          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))) {}
+          row_(place_, size.nx) {}
 
     ResultBlock analyse(float maskRadius);
 
@@ -54,10 +55,10 @@ private:
     const WholeBounds bounds_;
     const GridPlace place_;
     const StationView stations_;
+    ResultBlock grid_;  ///< asked for before what else grows with its size
     std::vector<float> estimates_;
     std::vector<float> residuals_;
     BarnesRow row_;
-    ResultBlock grid_;
 };
 
 ResultBlock Barnes::analyse(float maskRadius) {
@@ -160,10 +161,10 @@ void Barnes::sweepGrid(const BarnesSweep& sweep, Combine combine) {
 template <class Combine>
 float Barnes::combined(std::size_t i, float point, const BarnesSweep& sweep, Combine combine) const {
     const auto [sum, weight] = row_.at(i);
-    const double slack = row_.uncertainty() * weight;
+    const double slack = row_.uncertainty(i, sweep);
     const float lower = combine(point, {sum - slack, weight});
     const float upper = combine(point, {sum + slack, weight});
-    const bool decided = lower == upper && std::signbit(lower) == std::signbit(upper);
+    const bool decided = std::bit_cast<std::uint32_t>(lower) == std::bit_cast<std::uint32_t>(upper);
     if (decided && !row_.isFaint(i, sweep)) return lower;
     return combine(point, row_.exactly(i, sweep));
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numbers>
 
 #include "frame/elementary.h"
 #include "frame/wideVectors.h"
@@ -46,35 +47,76 @@ void keepNearest(std::size_t count, const float* longitudes, const StationFromRo
     }
 }
 
+/// Sixteen times the median of the contributions that are finite and not 0.
+double ordinaryMagnitude(std::span<const float> contributions) {
+    std::vector<float> magnitudes;
+    magnitudes.reserve(contributions.size());
+    for (const float contribution : contributions)
+        if (std::isfinite(contribution) && contribution != 0.0F)
+            magnitudes.push_back(std::fabs(contribution));
+    if (magnitudes.empty()) return 0.0;
+    const auto median = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() / 2);
+    std::nth_element(magnitudes.begin(), median, magnitudes.end());
+    return 16.0 * static_cast<double>(*median);
+}
+
+/// Beyond which distance a station does not matter to points whose nearest stations are at most so far away. A
+/// wild contribution still matters with a lower weight, and one that is infinite or no number with any.
+float decisiveRadius(const BarnesSweep& sweep, double farthestSquare, float contribution) {
+    // Weights of widths that are not positive grow with the distance.
+    if (!(sweep.width > 0.0) || !std::isfinite(contribution)) return sweep.radius;
+    double exponent = decisiveExponent;
+    if (std::fabs(contribution) > sweep.ordinary)
+        exponent += std::numbers::ln2 * (std::ilogb(std::fabs(contribution) / sweep.ordinary) + 1);
+    const double enough = std::sqrt(farthestSquare + exponent * sweep.width) * (1.0 + 1.0e-5);
+    return enough < sweep.radius ? static_cast<float>(enough) : sweep.radius;
+}
+
 }  // namespace
 
 BarnesSweep::BarnesSweep(float sweepRadius, double gaussianWidth, std::span<const float> brought,
                          std::size_t first)
-    : radius(sweepRadius), width(gaussianWidth), contributions(brought), firstStation(first) {
-    for (const float contribution : contributions)
-        largest = std::isfinite(contribution) ? std::max(largest, std::fabs(contribution))
-                                              : std::numeric_limits<float>::infinity();
-}
+    : radius(sweepRadius),
+      width(gaussianWidth),
+      contributions(brought),
+      firstStation(first),
+      ordinary(ordinaryMagnitude(brought)) {}
 
 BarnesRow::BarnesRow(const frame::GridPlace& place, int nx)
     : place_(place),
       longitudes_(columnLongitudes(place, nx)),
       nearestSquares_(longitudes_.size()),
-      sums_(longitudes_.size()),
-      weights_(longitudes_.size()) {}
+      all_(nx),
+      wild_(nx) {}
 
 void BarnesRow::sum(float latitude, const StationView& stations, const BarnesSweep& sweep) {
     findReaching(latitude, stations, sweep);
     findNearest(sweep.radius);
-    std::fill(sums_.begin(), sums_.end(), 0.0);
-    std::fill(weights_.begin(), weights_.end(), 0.0);
-    const float radius = farEnough(sweep);
-    for (const auto& [fromRow, station] : reaching_)
-        if (std::fabs(fromRow.dy) <= radius) add(fromRow, radius, sweep, sweep.contributions[station]);
-    // Each of two sums of n terms, here and in exactly(), may be off by n roundings of 1.1e-16, by n stations
-    // that are left out, of which none weighs more.
+    all_.clear();
+    wild_.clear();
+    const double farthestSquare = farthestNearest(sweep);
+    const float ordinaryRadius = decisiveRadius(sweep, farthestSquare, 0.0F);
+    for (const auto& [fromRow, station] : reaching_) {
+        const float contribution = sweep.contributions[station];
+        const bool isOrdinary = std::fabs(contribution) <= sweep.ordinary;
+        const float radius =
+            isOrdinary ? ordinaryRadius : decisiveRadius(sweep, farthestSquare, contribution);
+        if (!(std::fabs(fromRow.dy) <= radius)) continue;
+        add(fromRow, radius, sweep.width, contribution, all_);
+        if (!isOrdinary && std::isfinite(contribution))
+            add(fromRow, radius, sweep.width, std::fabs(contribution), wild_);
+    }
+}
+
+/// Each of two sums of n terms, here and in exactly(), may be off by n roundings of 1.1e-16 of their magnitudes,
+/// and by n stations that are left out, of which none brings more than 1e-16 of what the nearest station would with
+/// an ordinary contribution.
+double BarnesRow::uncertainty(std::size_t i, const BarnesSweep& sweep) const {
     constexpr double perStation = 1.0e-15;
-    uncertainty_ = perStation * static_cast<double>(reaching_.size() + 1) * sweep.largest;
+    // A sum that is infinite or no number is so in any order: stations that make it so are never left out.
+    if (!std::isfinite(all_.sums[i])) return 0.0;
+    return perStation * static_cast<double>(reaching_.size() + 1) *
+           (wild_.sums[i] + sweep.ordinary * all_.weights[i]);
 }
 
 void BarnesRow::findReaching(float latitude, const StationView& stations, const BarnesSweep& sweep) {
@@ -92,22 +134,20 @@ void BarnesRow::findNearest(float radius) {
     }
 }
 
-/// A radius beyond which no station matters to any point of the row.
-float BarnesRow::farEnough(const BarnesSweep& sweep) const {
+/// The square of the largest distance from a point of the row to its nearest station.
+double BarnesRow::farthestNearest(const BarnesSweep& sweep) const {
     const double reach = squareOf(sweep.radius);
     double farthest = 0.0;
     for (const float square : nearestSquares_)
         farthest = square < reach ? std::max(farthest, static_cast<double>(square)) : farthest;
-    const double enough = std::sqrt(farthest + decisiveExponent * sweep.width) * (1.0 + 1.0e-5);
-    // Widths that are not positive make weights grow with the distance.
-    return sweep.width > 0.0 && enough < sweep.radius ? static_cast<float>(enough) : sweep.radius;
+    return farthest;
 }
 
-void BarnesRow::add(const StationFromRow& station, float radius, const BarnesSweep& sweep,
-                    float contribution) {
+void BarnesRow::add(const StationFromRow& station, float radius, double width, float contribution,
+                    RowSums& sums) {
     const auto [first, count] = station.columnsWithin(radius, place_, size());
-    addGaussian({count, longitudes_.data() + first, sums_.data() + first, weights_.data() + first}, station,
-                radius, sweep.width, contribution);
+    addGaussian({count, longitudes_.data() + first, sums.sums.data() + first, sums.weights.data() + first},
+                station, radius, width, contribution);
 }
 
 WeightedSum BarnesRow::exactly(std::size_t i, const BarnesSweep& sweep) const {

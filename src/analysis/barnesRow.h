@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/distance.h"
+#include "analysis/rowSums.h"
 #include "analysis/stations.h"
 
 namespace velmar::analysis {
@@ -15,7 +16,7 @@ struct BarnesSweep {
     double width;                          ///< of the Gaussian exp(-d^2 / width), square degrees
     std::span<const float> contributions;  ///< values, or what estimates lack
     std::size_t firstStation;              ///< those before it take no part
-    float largest = 0.0F;                  ///< contribution, infinite when one of them is not finite
+    double ordinary;                       ///< magnitude above which a contribution is wild, as few are
 
     BarnesSweep(float sweepRadius, double gaussianWidth, std::span<const float> brought, std::size_t first);
 };
@@ -30,8 +31,9 @@ struct WeightedSum {
 ///
 /// A Gaussian is soon so low that a station cannot be told from none beside a nearer one. So the distance of
 /// the nearest station is found first, for all points of the row, and sums are taken over stations not much
-/// farther than that. They may be off in the last digits of a double; `uncertainty` says how much, and
-/// `exactly` gives those of all stations in the order of the list, for points where that decides the rounding.
+/// farther than that, wild ones a little farther. They may be off in the last
+/// digits of a double; `uncertainty` says how much, and `exactly` gives those of all stations in the order of
+/// the list, for points where that decides the rounding.
 class BarnesRow {
 public:
     BarnesRow(const frame::GridPlace& place, int nx);
@@ -40,9 +42,9 @@ public:
     void sum(float latitude, const StationView& stations, const BarnesSweep& sweep);
 
     std::size_t size() const { return longitudes_.size(); }
-    WeightedSum at(std::size_t i) const { return {sums_[i], weights_[i]}; }
-    /// How far sum / weight may be from that of `exactly`. Not finite where contributions are not.
-    double uncertainty() const { return uncertainty_; }
+    WeightedSum at(std::size_t i) const { return {all_.sums[i], all_.weights[i]}; }
+    /// By how much a sum, with the weight as it is, may differ from what gives the quotient of `exactly`.
+    double uncertainty(std::size_t i, const BarnesSweep& sweep) const;
     /// Whether all weights at a point are so small that doubles have few digits left for them, or none. Then
     /// only `exactly` knows.
     bool isFaint(std::size_t i, const BarnesSweep& sweep) const;
@@ -61,16 +63,15 @@ private:
 
     void findReaching(float latitude, const StationView& stations, const BarnesSweep& sweep);
     void findNearest(float radius);
-    float farEnough(const BarnesSweep& sweep) const;
-    void add(const StationFromRow& station, float radius, const BarnesSweep& sweep, float contribution);
+    double farthestNearest(const BarnesSweep& sweep) const;
+    void add(const StationFromRow& station, float radius, double width, float contribution, RowSums& sums);
 
     const frame::GridPlace place_;
     const std::vector<float> longitudes_;
     std::vector<Reaching> reaching_;
     std::vector<float> nearestSquares_;
-    std::vector<double> sums_;
-    std::vector<double> weights_;
-    double uncertainty_ = 0.0;
+    RowSums all_;
+    RowSums wild_;  ///< of the wild contributions alone, and of their magnitudes
 };
 
 }  // namespace velmar::analysis

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <new>
+#include <exception>
 #include <utility>
 
 #include "analysis/distance.h"
 #include "analysis/nearby.h"
+#include "analysis/rowSums.h"
 #include "frame/messages.h"
 #include "frame/progress.h"
 #include "frame/wideVectors.h"
@@ -29,19 +30,6 @@ struct GriddedStation {
     int column;  ///< of the cell that it lies in
     int row;
     float value;
-};
-
-/// The sums of a row's points.
-struct RowSums {
-    std::vector<double> sums;
-    std::vector<double> weights;
-
-    explicit RowSums(int nx) : sums(static_cast<std::size_t>(nx)), weights(sums.size()) {}
-
-    void clear() {
-        std::fill(sums.begin(), sums.end(), 0.0);
-        std::fill(weights.begin(), weights.end(), 0.0);
-    }
 };
 
 /// Adds what a station brings to these columns. Its weight is (R^2 - d^2) / (R^2 + d^2).
@@ -67,9 +55,9 @@ public:
     Cressman(const GridSize& size, const GridPlace& place)
         : size_(size),
           place_(place),
-          row_(size.nx),
           grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))),
-          unreached_(frame::valueCount(size.nx, size.ny)) {}
+          unreached_(frame::valueCount(size.nx, size.ny)),
+          row_(size.nx) {}
 
     /// Puts the stations on the grid. Those outside and those without a value are left out.
     void placeStations(const StationView& stations, const Bounds& bounds);
@@ -87,11 +75,11 @@ private:
 
     const GridSize size_;
     const GridPlace place_;
+    ResultBlock grid_;  ///< asked for before what else grows with its size
+    std::vector<std::uint8_t> unreached_;
+    RowSums row_;
     std::vector<GriddedStation> stations_;
     std::vector<float> residuals_;
-    RowSums row_;
-    ResultBlock grid_;
-    std::vector<std::uint8_t> unreached_;
 };
 
 void Cressman::placeStations(const StationView& stations, const Bounds& bounds) {
@@ -189,7 +177,8 @@ ResultBlock analyseCressman(std::span<const float> radii, const GridSize& size, 
     ResultBlock grid = cressman.release();
     if (maskRadius > 0.0F) capByNearbyStations(grid.get(), place, size, stations, maskRadius);
     return grid;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) {
+    // std::bad_alloc, or std::length_error for more than an allocator can be asked for.
     frame::progress(frame::messages::noMemoryForCressman);
     return nullptr;
 }

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 #include <string_view>
+#include <utility>
 
-#include "frame/file.h"
+#include "frame/diagnosticFile.h"
 #include "frame/messages.h"
 #include "frame/realText.h"
 
@@ -99,25 +101,22 @@ void writeHeader(TextWriter& out, const AnalysisArea& area, const DrawingHints& 
 
 }  // namespace
 
-void writeAnalysisGrid(std::FILE* file, const AnalysisArea& area, const float* values,
+void writeAnalysisGrid(frame::OpenFile file, const AnalysisArea& area, const float* values,
                        const DrawingHints& hints) {
-    {
-        TextWriter out(file);
-        writeHeader(out, area, hints);
-        const auto [nx, ny] = area.size;
-        const std::size_t count = area.pointCount();
-        for (std::size_t first = 0; first < count; first += static_cast<std::size_t>(nx)) {
-            for (int i = 0; i < nx; ++i) out.writeValue(values[first + static_cast<std::size_t>(i)]);
-            out.write("\n");
-        }
+    TextWriter out(file.get());
+    writeHeader(out, area, hints);
+    const auto [nx, ny] = area.size;
+    const std::size_t count = area.pointCount();
+    for (std::size_t first = 0; first < count; first += static_cast<std::size_t>(nx)) {
+        for (int i = 0; i < nx; ++i) out.writeValue(values[first + static_cast<std::size_t>(i)]);
+        out.write("\n");
     }
-    std::fclose(file);
 }
 
-void writeDiagnosticGrid(const char* name, const AnalysisArea& area, const float* values,
-                         const DrawingHints& hints) {
-    std::FILE* const file = frame::isPipe(name) ? nullptr : std::fopen(name, "w");
-    if (file != nullptr) writeAnalysisGrid(file, area, values, hints);
+void writeDiagnosticGrid(const char* name, const char* beingRead, const AnalysisArea& area,
+                         const float* values, const DrawingHints& hints) {
+    frame::OpenFile file = frame::openDiagnosticFile(name, beingRead);
+    if (file != nullptr) writeAnalysisGrid(std::move(file), area, values, hints);
 }
 
 }  // namespace velmar::analysis

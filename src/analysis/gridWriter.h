@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstdio>
-
 #include "analysis/analysisArea.h"
+#include "frame/file.h"
 
 namespace velmar::analysis {
 
@@ -15,11 +14,13 @@ struct DrawingHints {
 
 /// Writes a grid file ("diamond" type 4) to a text stream and closes that. The title and the date are always
 /// the same. Of a grid without values there is the header only.
-void writeAnalysisGrid(std::FILE* file, const AnalysisArea& area, const float* values,
+void writeAnalysisGrid(frame::OpenFile file, const AnalysisArea& area, const float* values,
                        const DrawingHints& hints);
 
-/// The same to a file of this name in the current directory; nothing when it cannot be opened.
-void writeDiagnosticGrid(const char* name, const AnalysisArea& area, const float* values,
-                         const DrawingHints& hints);
+/// The same to a diagnostic file of this name in the current directory, where one may be written.
+///
+///   beingRead  the file that the grid is made from; null when it is made from none
+void writeDiagnosticGrid(const char* name, const char* beingRead, const AnalysisArea& area,
+                         const float* values, const DrawingHints& hints);
 
 }  // namespace velmar::analysis

@@ -29,14 +29,13 @@ struct FieldKind {
     Reach reach;
     float (*valueOf)(float nearest);
     const char* diagnosticFile;
+    const char* beingRead;  ///< the file of the stations; null when they come from none
 };
 
 ResultBlock makeField(const FieldKind& kind, const SelectedStations& selected, const AreaRequest& request,
                       float radius) {
     const StationView stations = selected.used();
     const AnalysisArea area = areaOf(request, selected.extent);
-    const std::vector<int> nearest = nearestStations(area.place(), area.size, stations, radius, kind.reach);
-
     const std::size_t n = area.pointCount();
     ResultBlock block = frame::allocateBlock(n + 9);
     BlockWriter out(block);
@@ -46,9 +45,9 @@ ResultBlock makeField(const FieldKind& kind, const SelectedStations& selected, c
                           area.longitudeStep, area.latitudeStep});
     out.appendCount(area.size.nx);
     out.appendCount(area.size.ny);
-    for (const int k : nearest)
+    for (const int k : nearestStations(area.place(), area.size, stations, radius, kind.reach))
         out.append(k < 0 ? -1.0F : kind.valueOf(stations.values[static_cast<std::size_t>(k)]));
-    writeDiagnosticGrid(kind.diagnosticFile, area, block.get() + 9, {5.0F, 0.0F, 5.0F});
+    writeDiagnosticGrid(kind.diagnosticFile, kind.beingRead, area, block.get() + 9, {5.0F, 0.0F, 5.0F});
     return block;
 }
 
@@ -60,7 +59,7 @@ Outcome<ResultBlock> flagSurfaceFile(const char* path, int element, const AreaRe
     if (!file) return file.failure();
     const SelectedStations selected = selectStations(file->reports, element, flaggedValue);
     const auto flag = [](float nearest) { return nearest > 0.0F ? 1.0F : -1.0F; };
-    return makeField({Reach::distance, flag, "OAtestttq.000"}, selected, request, radius);
+    return makeField({Reach::distance, flag, "OAtestttq.000", path}, selected, request, radius);
 }
 
 ResultBlock spreadNearest(const StationView& stations, const AreaRequest& request, float radius) {
@@ -71,7 +70,7 @@ ResultBlock spreadNearest(const StationView& stations, const AreaRequest& reques
     }
     selected.tell();
     const auto valueOrNone = [](float nearest) { return nearest < 0.0F ? -1.0F : nearest; };
-    return makeField({Reach::distanceAndBox, valueOrNone, "OATQQ.000"}, selected, request, radius);
+    return makeField({Reach::distanceAndBox, valueOrNone, "OATQQ.000", nullptr}, selected, request, radius);
 }
 
 }  // namespace velmar::analysis

@@ -62,7 +62,8 @@ Outcome<ResultBlock> analyseSurfaceFile(const char* path, Method method, int ele
     const AnalysisArea area = areaOf(request, selected.extent);
     ResultBlock grid = run(method, area, file->promised, stations.view(), maskRadius);
     if (grid)
-        writeDiagnosticGrid("OAtestC.000", area, grid.get(), {5.0F, selected.smallest, selected.largest});
+        writeDiagnosticGrid("OAtestC.000", path, area, grid.get(),
+                            {5.0F, selected.smallest, selected.largest});
     return grid;
 }
 

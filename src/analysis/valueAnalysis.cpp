@@ -39,6 +39,7 @@ struct KeptStations {
         numbers.push_back(static_cast<float>(station.number));
         heights.push_back(station.height);
     }
+    std::size_t count() const { return numbers.size(); }
     void resize(std::size_t count) {
         for (auto* list : {&stations.longitudes, &stations.latitudes, &stations.values, &numbers, &heights})
             list->resize(count);
@@ -48,19 +49,24 @@ struct KeptStations {
 /// Reads as many of the promised stations as there are.
 KeptStations readStations(TextScanner& in, int promised) {
     KeptStations kept;
+    // A station is read over one without a value before it, so that what does not convert is still that one's.
+    StationValue station{};
     for (int k = 0; k < promised; ++k) {
-        StationValue station;
         const int converted = scanStationValue(in, station);
         // Also the position of a record that is cut off behind it counts for the extent.
         if (converted >= 2) kept.extent.addLongitude(station.longitude);
         if (converted >= 3) kept.extent.addLatitude(station.latitude);
         if (converted < StationValue::fieldCount) {
             // In a list that is cut off, stations without a value deliberately keep their places: they follow
-            // the others, as zeros, and are analysed like them.
-            kept.resize(static_cast<std::size_t>(k));
+            // the others, the first as what was read last, the rest as zeros, and are analysed like them.
+            const auto complete = static_cast<std::size_t>(k);
+            if (kept.count() < complete) kept.keep(station);
+            kept.resize(complete);
             break;
         }
-        if (!isMissing(station.value)) kept.keep(station);
+        if (isMissing(station.value)) continue;
+        kept.keep(station);
+        station = {};
     }
     return kept;
 }
@@ -81,10 +87,11 @@ ResultBlock run(Method method, const AnalysisArea& area, const StationView& stat
     }
 }
 
-ResultBlock pack(const std::vector<float>& levels, const KeptStations& kept, const AnalysisArea& area,
-                 const ResultBlock& grid) {
+/// The block of levels, stations and grid. It is asked for before the analysis is made.
+ResultBlock analyseAndPack(Method method, const std::vector<float>& levels, const KeptStations& kept,
+                           const AnalysisArea& area, float maskRadius) {
     const std::size_t points = area.pointCount();
-    const std::size_t stationCount = kept.numbers.size();
+    const std::size_t stationCount = kept.count();
     const std::size_t total = points + 5 * stationCount + levels.size() + 11;
     ResultBlock block = frame::allocateBlock(total);
     BlockWriter out(block);
@@ -102,7 +109,7 @@ ResultBlock pack(const std::vector<float>& levels, const KeptStations& kept, con
         out.append(
             std::array{kept.numbers[k], kept.heights[k], s.longitudes[k], s.latitudes[k], s.values[k]});
     const std::span<float> values = out.claim(points);
-    if (grid)
+    if (const ResultBlock grid = run(method, area, s.view(), maskRadius))
         std::copy_n(grid.get(), points, values.begin());
     else
         std::fill(values.begin(), values.end(), undefinedPoint);
@@ -134,13 +141,11 @@ Outcome<ResultBlock> analyseStationValues(const char* path, Method method, const
     if (converted != 2) return Failure{-9};
 
     const KeptStations kept = readStations(in, promised);
-    if (static_cast<int>(method) < 0) {
-        const AnalysisArea none{request.bounds, request.longitudeStep, request.latitudeStep, {0, 0}};
-        return pack(header->contourLevels, kept, none, nullptr);
-    }
-    const AnalysisArea area = areaOf(request, kept.extent);
-    const ResultBlock grid = run(method, area, kept.stations.view(), maskRadius);
-    return pack(header->contourLevels, kept, area, grid);
+    const bool hasGrid = static_cast<int>(method) >= 0;
+    const AnalysisArea area =
+        hasGrid ? areaOf(request, kept.extent)
+                : AnalysisArea{request.bounds, request.longitudeStep, request.latitudeStep, {0, 0}};
+    return analyseAndPack(method, header->contourLevels, kept, area, maskRadius);
 }
 
 }  // namespace velmar::analysis

@@ -24,6 +24,7 @@ using velmar::frame::GridPlace;
 using velmar::frame::GridView;
 using velmar::frame::guarded;
 using velmar::frame::guardedReader;
+using velmar::frame::KeptMemory;
 using velmar::frame::Outcome;
 using velmar::frame::ResultBlock;
 using velmar::frame::TextScanner;
@@ -52,11 +53,13 @@ ResultBlock contour(const GridView& grid, float missing, const std::optional<Lev
     const Levels levels = chooseLevels(grid, missing, *request);
     const bool refined = smoothing == Smoothing::refine && (kept.factors.x > 1 || kept.factors.y > 1);
     const Grid fine = refined ? refine(grid, missing, kept.factors) : Grid{};
+    KeptMemory memory(kept);
     traceLevels(refined ? fine.view() : grid, missing, levels.values, kept.buffers, kept.lines);
     const ContourHints hints{velmar::frame::state().lastBoldValue, levels.start, request->end,
                              request->interval};
     ResultBlock block = packContours(kept.lines, kept.factors, grid, place, hints);
     freeContourLines();
+    memory.succeed();
     return block;
 }
 
@@ -70,6 +73,7 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     Outcome<Grid> grid = readGridValues(in, header->field, {.circling = -6, .other = -7});
     if (!grid) return grid.failure();
 
+    KeptMemory memory(state());
     const GridPlace place = placeOf(header->field.lattice);
     std::optional<LevelRequest> request =
         levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
@@ -79,6 +83,7 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     if (levelMode(mode) == LevelMode::automatic) {
         state().lastCenters = packCenters(findGridCenters(grid->view(), missing), place);
     }
+    memory.succeed();
     return block;
 }
 

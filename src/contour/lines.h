@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/grid.h"
+#include "frame/keptMemory.h"
 
 namespace velmar::contour {
 
@@ -32,6 +33,9 @@ struct LineList {
         lines.clear();
         points.clear();
     }
+
+    /// Of memory.
+    std::size_t bytes() const { return frame::bytesOf(lines) + frame::bytesOf(points); }
 };
 
 }  // namespace velmar::contour

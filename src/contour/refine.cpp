@@ -28,14 +28,10 @@ struct Position {
     float t3;
 };
 
-/// The positions of the new points; the interval's own first point is left out.
-std::vector<Position> innerPositions(int factor) {
-    std::vector<Position> positions;
-    for (int k = 1; k < factor; ++k) {
-        const float t = static_cast<float>(k) / static_cast<float>(factor);
-        positions.push_back({t, t * t, t * t * t});
-    }
-    return positions;
+/// The position of the new point number k, from 1 on, of an interval that is divided into `factor` parts.
+Position innerPosition(int k, int factor) {
+    const float t = static_cast<float>(k) / static_cast<float>(factor);
+    return {t, t * t, t * t * t};
 }
 
 /// The cubic over an interval with these values and slopes at its ends.
@@ -98,21 +94,21 @@ template <CubicForm form>
 class RowWidener {
 public:
     RowWidener(std::size_t count, int factor, float missing)
-        : positions_(innerPositions(factor)), between_(count - 1), missing_(missing) {}
+        : factor_(factor), between_(count - 1), missing_(missing) {}
 
     void widen(std::span<const float> row, float* out) {
-        const std::size_t factor = positions_.size() + 1;
+        const auto factor = static_cast<std::size_t>(factor_);
         copyToEvery(factor, row, out);
         if (row.size() < 2) return;
-        for (const Position& at : positions_) {
+        for (int k = 1; k < factor_; ++k) {
             // Neighbours first, so that vectors are stored; then each goes to its place.
-            interpolateRow<form>(row, at, missing_, between_.data());
+            interpolateRow<form>(row, innerPosition(k, factor_), missing_, between_.data());
             copyToEvery(factor, between_, ++out);
         }
     }
 
 private:
-    std::vector<Position> positions_;
+    int factor_;
     std::vector<float> between_;
     float missing_;
 };
@@ -135,13 +131,13 @@ void refineRowsAndColumns(const GridView& grid, float missing, const RefinementF
             widener.widen({grid.row(widened), count}, rowOf(widened));
     };
     widenUpTo(0);
-    const std::vector<Position> alongColumns = innerPositions(factors.y);
     for (int j = 0; j + 1 < grid.ny; ++j) {
         widenUpTo(j + 2);
         const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
                               j + 2 < grid.ny ? rowOf(j + 2) : nullptr};
         float* out = rowOf(j);
-        for (const Position& at : alongColumns) interpolate<form>(rows, width, at, missing, out += width);
+        for (int k = 1; k < factors.y; ++k)
+            interpolate<form>(rows, width, innerPosition(k, factors.y), missing, out += width);
     }
 }
 

@@ -19,6 +19,15 @@ struct ContourState {
 
     /// Centres of the last grid file that was contoured with automatic levels.
     frame::ResultBlock lastCenters;
+
+    /// Of the memory that calls work in.
+    std::size_t bytes() const { return lines.bytes() + buffers.bytes(); }
+
+    /// Gives that memory back. The size of the work buffer stays: it is that of the largest grid so far.
+    void release() {
+        lines = {};
+        buffers = {{}, {}, {}, {}, buffers.workBufferFloats};
+    }
 };
 
 ContourState& state();

@@ -19,6 +19,12 @@ struct TraceBuffers {
     std::vector<Point> forward;
     std::vector<Point> backward;
     std::size_t workBufferFloats = 0;
+
+    /// Of memory.
+    std::size_t bytes() const {
+        return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
+               frame::bytesOf(forward) + frame::bytesOf(backward);
+    }
 };
 
 /// Traces the levels in their order through a grid and appends their lines to the list.

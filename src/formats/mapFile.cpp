@@ -66,6 +66,7 @@ bool readPoints(TextScanner& in, std::size_t points, std::vector<float>& coordin
     const std::span<float> read = std::span(coordinates).subspan(first);
     if (in.read(read) < read.size()) {
         coordinates.resize(first);
+        coordinates.shrink_to_fit();  // The lines so far may stay as long as the process.
         return false;
     }
     for (std::size_t k = 0; k < read.size(); k += 2)

@@ -164,6 +164,10 @@ bool readRegionHead(TextScanner& in) { return frame::readFirstLine(in).has_value
 
 RegionsRead readRegions(TextScanner& in, RegionTable& table) {
     const RegionsRead result = readAll(in, table);
+    // They stay as long as the process.
+    table.regions.shrink_to_fit();
+    table.names.shrink_to_fit();
+    table.coordinates.shrink_to_fit();
     buildIndices(table);
     return result;
 }

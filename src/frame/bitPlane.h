@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "frame/keptMemory.h"
+
 namespace velmar::frame {
 
 /// One bit per grid point, rows padded to whole words.
@@ -19,6 +21,7 @@ public:
     }
 
     std::size_t wordsPerRow() const { return wordsPerRow_; }
+    std::size_t bytes() const { return bytesOf(words_); }
     std::uint64_t* row(int j) { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
     const std::uint64_t* row(int j) const {
         return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_;

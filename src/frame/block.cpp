@@ -15,7 +15,8 @@ namespace {
 
 /// Gives a block another length; an empty one is allocated. The old block stays as it was when that fails.
 void resizeBlock(ResultBlock& block, std::size_t elements) {
-    if (elements > std::numeric_limits<std::size_t>::max() / sizeof(float)) throw std::bad_alloc();
+    constexpr std::size_t most = std::numeric_limits<std::size_t>::max() / 2;
+    if (elements > most / sizeof(float)) throw std::bad_alloc();
     auto* resized = static_cast<float*>(std::realloc(block.get(), elements * sizeof(float)));
     if (resized == nullptr) throw std::bad_alloc();
     static_cast<void>(block.release());

@@ -30,9 +30,4 @@ std::optional<FileText> readDataFile(const char* path) {
     return text;
 }
 
-bool isPipe(const char* path) {
-    struct stat status {};
-    return stat(path, &status) == 0 && S_ISFIFO(status.st_mode);
-}
-
 }  // namespace velmar::frame

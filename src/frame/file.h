@@ -35,8 +35,4 @@ std::optional<FileText> readWholeFile(const char* path);
 /// The same for the readers of data files, which name a file that they cannot open on standard error.
 std::optional<FileText> readDataFile(const char* path);
 
-/// Whether there is a pipe of this name. Diagnostic files are not written to one: who opens it waits for a reader, and
-/// dies when that goes.
-bool isPipe(const char* path);
-
 }  // namespace velmar::frame

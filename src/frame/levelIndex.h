@@ -40,6 +40,9 @@ public:
 
     std::size_t wordsPerRow() const { return defined_.wordsPerRow(); }
 
+    /// Of memory.
+    std::size_t bytes() const { return defined_.bytes() + bytesOf(ranges_); }
+
     /// Smallest and largest value with data; upside down when there is none.
     struct Range {
         float lowest = std::numeric_limits<float>::infinity();

@@ -6,6 +6,7 @@
 
 #include "frame/block.h"
 #include "frame/grid.h"
+#include "frame/keptMemory.h"
 
 namespace velmar::shade {
 
@@ -27,6 +28,9 @@ struct ShadePolygonList {
     std::span<const Point> pointsOf(const ShadePolygon& polygon) const {
         return {points.data() + polygon.firstPoint, polygon.pointCount};
     }
+
+    /// Of memory.
+    std::size_t bytes() const { return frame::bytesOf(polygons) + frame::bytesOf(points); }
 };
 
 /// Empties the list. Memory is kept for the next call.

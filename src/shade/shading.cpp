@@ -89,8 +89,11 @@ int ShadeLevels::countUpTo(float value) const {
 }
 
 ResultBlock shade(const ShadeRequest& request, const GridPlace& place) {
+    frame::KeptMemory memory(state());
     if (!tracePolygons(request, place, HolePlace::degrees)) return nullptr;
-    return buildShadeResult(state().polygons, request.grid, place);
+    ResultBlock block = buildShadeResult(state().polygons, request.grid, place);
+    memory.succeed();
+    return block;
 }
 
 ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const float* ySteps) {
@@ -98,6 +101,7 @@ ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const 
     // Holes keep grid coordinates that count from 1, all other polygons get such that count from 0; the
     // tables are applied to both alike.
     constexpr GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
+    frame::KeptMemory memory(state());
     if (!tracePolygons(request, gridColumns, HolePlace::gridColumns)) return nullptr;
     ShadePolygonList& polygons = state().polygons;
     if (polygons.polygons.empty()) return nullptr;
@@ -105,7 +109,9 @@ ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const 
     const LineTable rows(ySteps, request.grid.ny);
     for (Point& point : polygons.points)
         point = {columns.mapTableCoordinate(point.x), rows.mapTableCoordinate(point.y)};
-    return buildShadeResult(polygons, request.grid, gridColumns);
+    ResultBlock block = buildShadeResult(polygons, request.grid, gridColumns);
+    memory.succeed();
+    return block;
 }
 
 }  // namespace velmar::shade

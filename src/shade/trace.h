@@ -39,6 +39,13 @@ struct TraceBuffers {
     StripSides sides;
     std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
     HoleStack holeStack;
+
+    /// Of memory.
+    std::size_t bytes() const {
+        constexpr std::size_t planes = 8;  // those of the sides are all as large as that of the points
+        return index.bytes() + planes * above.bytes() + frame::bytesOf(xyBuffer) +
+               frame::bytesOf(holeStack.records) + frame::bytesOf(holeStack.points);
+    }
 };
 
 /// A level of a strip, and what its polygons look like.

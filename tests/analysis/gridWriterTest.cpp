@@ -25,7 +25,7 @@ using GridWriter = velmar::test::InOwnFolder;
 
 std::string written(const AnalysisArea& area, const std::vector<float>& values,
                     DrawingHints hints = {5, 0, 5}) {
-    writeDiagnosticGrid(name, area, values.data(), hints);
+    writeDiagnosticGrid(name, nullptr, area, values.data(), hints);
     return velmar::test::textOf(name);
 }
 

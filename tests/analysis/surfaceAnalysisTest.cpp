@@ -118,9 +118,15 @@ TEST_F(SurfaceFiles, GiveNoGridForUnknownMethodsAndEmptyAreas) {
     for (const int method : {-1, 2}) EXPECT_EQ(analyse(text, method, 1), nullptr);
     for (const int method : {0, 1})
         EXPECT_EQ(OAReadVelmar1(file.path().c_str(), method, 1, 0, 100, 90, 30, 35, 1, 1, 0), nullptr);
-    EXPECT_FALSE(std::filesystem::exists(diagnosticFile));
-    std::filesystem::create_directory(diagnosticFile);
-    EXPECT_NE(analyse(text, 0, 1), nullptr) << "a file that cannot be written";
+    EXPECT_TRUE(std::filesystem::is_empty("."));
+}
+
+TEST_F(SurfaceFiles, AreNotOverwrittenByWhatIsMadeOfThem) {
+    const std::string text = surfaceText(reportsOf(20, {"5", "6", "7"}));
+    for (const char* name : {"OAtestC.000", "OAtestttq.000"}) std::ofstream(name) << text;
+    EXPECT_NE(Block(OAReadVelmar1("./OAtestC.000", 0, 1, 0, 100, 110, 30, 35, 1, 1, 0)), nullptr);
+    EXPECT_NE(Block(ReadVelmar1Tqq("./OAtestttq.000", 0, 1, 0, 100, 110, 30, 35, 1, 1, 0)), nullptr);
+    for (const char* name : {"OAtestC.000", "OAtestttq.000"}) EXPECT_EQ(textOf(name), text);
 }
 
 TEST_F(SurfaceFiles, ReportWhatIsWrong) {

@@ -94,11 +94,17 @@ TEST_F(ValueFiles, FitBoundsRoundAllStations) {
 }
 
 TEST_F(ValueFiles, ThatAreCutOffCountStationsWithoutValue) {
-    const std::vector<float> elements = all(read(valueText(four + "5 104 31 x", "1 2147483647"), -1));
-    ASSERT_EQ(elements.size(), 33U);
-    EXPECT_EQ(elements[1], 4);
-    EXPECT_THAT(std::vector<float>(elements.begin() + 23, elements.end()),
-                ElementsAre(4, 80, 103, 31, 3.5F, 0, 0, 0, 0, 0));
+    const auto behind = [](const std::string& rest, std::size_t stations) {
+        const Block block = read(valueText("1 100 30 50 1.5\n" + rest, "1 2147483647"), -1);
+        EXPECT_EQ(block[1], static_cast<float>(stations));
+        return last(block, 5 * (stations - 1));
+    };
+    EXPECT_THAT(behind("2 101 31 60 9999\n3 102 32 70 9999", 3),
+                ElementsAre(3, 70, 102, 32, 9999, 0, 0, 0, 0, 0))
+        << "the last one without a value";
+    EXPECT_THAT(behind("2 101 31 60 9999\n5 104 x", 2), ElementsAre(5, 60, 104, 31, 9999))
+        << "and what there is of one that is cut off";
+    EXPECT_THAT(behind("2 101 31 60 2.5\n5 104 x", 2), ElementsAre(2, 60, 101, 31, 2.5F));
 }
 
 TEST_F(ValueFiles, ReportWhatIsWrong) {
