@@ -29,8 +29,8 @@ const std::string four = "1 100 30 50 1.5\n2 101 31 60 9999\n3 102 32.5 70 2.5\n
 
 Block read(const std::string& text, int method, bool fitted = false, float endLat = 33,
            float maskRadius = 0) {
-    return Block(OAReadVelmar3(TemporaryFile(text).path().c_str(), method, fitted ? 1 : 0, 100.25F, 128.25F,
-                               31, endLat, 1, 4, maskRadius));
+    return Block(OAReadVelmar3(TemporaryFile(text).path().c_str(), method, fitted ? 1 : 0, 100.25F, 127.25F,
+                               31, endLat, 1, 3.75F, maskRadius));
 }
 
 std::vector<float> last(const Block& block, std::size_t n) {
@@ -42,11 +42,11 @@ using ValueFiles = test::StationFiles;
 
 TEST_F(ValueFiles, GiveLevelsStationsAndGrid) {
     EXPECT_THAT(all(read(valueText(four), -1)),
-                ElementsAre(28, 3, 0, 0, 100.25F, 128.25F, 31, 33, 4, 1, 2, 10, 20.5F,  //
+                ElementsAre(28, 3, 0, 0, 100.25F, 127.25F, 31, 33, 3.75F, 1, 2, 10, 20.5F,  //
                             1, 50, 100, 30, 1.5F, 3, 70, 102, 32.5F, 2.5F, 4, 80, 103, 31, 3.5F));
     for (const char* none : {"0 ", "-3 "})
         EXPECT_THAT(all(read(valueText("7 1 2 3 4", "1 1", none, "1 0 -2"), -5)),
-                    ElementsAre(16, 1, 0, 0, 100.25F, 128.25F, 31, 33, 4, 1, 0, 7, 3, 1, 2, 4));
+                    ElementsAre(16, 1, 0, 0, 100.25F, 127.25F, 31, 33, 3.75F, 1, 0, 7, 3, 1, 2, 4));
     const Block unknown = read(valueText(four), 2);
     EXPECT_EQ(unknown[0], 28 + 8 * 3);
     EXPECT_EQ(unknown[2], 8);
@@ -107,7 +107,8 @@ TEST_F(ValueFiles, ThatAreCutOffCountStationsWithoutValue) {
         << "the last one without a value";
     EXPECT_THAT(behind("2 101 31 60 9999\n5 104 x", 2), ElementsAre(5, 60, 104, 31, 9999))
         << "and what there is of one that is cut off";
-    EXPECT_THAT(behind("2 101 31 60 2.5\n5 104 x", 2), ElementsAre(2, 60, 101, 31, 2.5F));
+    EXPECT_THAT(behind("2 101 31 60 9999\n3 102 32 70 2.5\n5 104 x", 3),
+                ElementsAre(3, 70, 102, 32, 2.5F, 5, 0, 104, 0, 0));
 }
 
 TEST_F(ValueFiles, ReportWhatIsWrong) {
