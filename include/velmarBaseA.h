@@ -398,8 +398,8 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  *                       whole degrees; any other: nothing is analysed
  *   element             0: field 13 of a report, 9999 and above counting as -1
  *                       1: field 20; 2, 3 and 4: field 8; any other: no station
- *   autoBounds          0: the bounds given; else those of all stations, a degree wider on each side, within
- *                       0 to 360 and -90 to 90
+ *   autoBounds          0: the bounds given; else those of the stations with a value, the last one of them too,
+ *                       a degree wider on each side, within 0 to 360 and -90 to 90
  *   startLon, endLon    longitudes of the grid, degrees
  *   startLat, endLat    latitudes of the grid, degrees
  *   latStep, lonStep    distance of rows, then of columns, degrees
@@ -414,8 +414,8 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  * value. The k-th value found is analysed at the place of the k-th report of the file: behind a report
  * without a value the two are out of step.
  *
- * The grid is also written to a grid file OAtestC.000 in the current directory; its contour values are the
- * smallest and the largest value, its interval 5. The numbers of stations and the limits of their values are
+ * The grid is also written to a grid file OAtestC.000 in the current directory, but not through a link, nor over
+ * the file itself; its contour values are the smallest and the largest value, its interval 5. The numbers of stations and the limits of their values are
  * printed, and with values below -1000 a line per station.
  *
  * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null, and no file, for
@@ -436,8 +436,9 @@ VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, in
  *   others      as in OAReadVelmar1
  *
  * A station whose value is 9999 or 999999, fractions left aside, has none and is left out. Reading ends at
- * the first station that is incomplete. Stations left out before it keep their places then: as many
- * stations of zeros (number, position and value) follow the others and are analysed like them.
+ * the first station that is incomplete. Stations left out before it keep their places then: as many follow the
+ * others and are analysed like them. The first of them is the incomplete station, with the items of a station
+ * without a value right before it in place of those that it lacks, or 0; the others are zeros.
  *
  * Result, with S stations, L contour levels and n = nx * ny (nx and ny as in OAReadVelmar1, 0 and 0 without a
  * grid; n is 0 when one is not positive):
@@ -478,7 +479,7 @@ VELMAR_EXPORT float* OAReadVelmar3(const char* path, int method, int autoBounds,
  *   5, 6      lonStep, latStep
  *   7, 8      nx, ny
  *   next n    the field, row after row
- * The field is also written to a grid file OAtestttq.000 in the current directory.
+ * The field is also written to a grid file OAtestttq.000 in the current directory, as OAtestC.000 is.
  *
  * Errors and release as in OAReadVelmar1. */
 VELMAR_EXPORT float* ReadVelmar1Tqq(const char* path, int unused, int element, int autoBounds, float startLon,

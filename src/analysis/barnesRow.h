@@ -31,7 +31,7 @@ struct WeightedSum {
 ///
 /// A Gaussian is soon so low that a station cannot be told from none beside a nearer one. So the distance of
 /// the nearest station is found first, for all points of the row, and sums are taken over stations not much
-/// farther than that, wild ones a little farther. They may be off in the last
+/// farther than that; one with a wild contribution vanishes a little farther away. They may be off in the last
 /// digits of a double; `uncertainty` says how much, and `exactly` gives those of all stations in the order of
 /// the list, for points where that decides the rounding.
 class BarnesRow {
@@ -43,7 +43,7 @@ public:
 
     std::size_t size() const { return longitudes_.size(); }
     WeightedSum at(std::size_t i) const { return {all_.sums[i], all_.weights[i]}; }
-    /// By how much a sum, with the weight as it is, may differ from what gives the quotient of `exactly`.
+    /// How far a sum may be from the one that, over the same weight, gives the quotient of `exactly`.
     double uncertainty(std::size_t i, const BarnesSweep& sweep) const;
     /// Whether all weights at a point are so small that doubles have few digits left for them, or none. Then
     /// only `exactly` knows.
@@ -71,7 +71,7 @@ private:
     std::vector<Reaching> reaching_;
     std::vector<float> nearestSquares_;
     RowSums all_;
-    RowSums wild_;  ///< of the wild contributions alone, and of their magnitudes
+    RowSums wild_;  ///< the same of the magnitudes of finite wild contributions only
 };
 
 }  // namespace velmar::analysis

@@ -58,17 +58,17 @@ inline std::vector<Report> reportsOf(int field, const std::vector<std::string>& 
     return reports;
 }
 
-/// What the analyses themselves make of stations, on a grid of 8 columns from 100.25 to 110.75 E and 3 rows
-/// from 31 to 33 N.
+/// What the analyses themselves make of stations, on a grid of 8 columns from 100.25 to 127.25 E, where no station
+/// reaches all, and 3 rows from 31 to 33 N.
 inline std::vector<float> analysedGrid(int method, const std::vector<float>& lon,
                                        const std::vector<float>& lat, const std::vector<float>& value,
-                                       float barnesRadius = 20) {
+                                       float maskRadius = 0, float barnesRadius = 20) {
     const std::vector<float> radii{25, 10, 5, 2, 1};
     const auto n = static_cast<int>(value.size());
-    const Block grid(method == 0 ? cressman(5, radii.data(), 8, 3, 100.25F, 110.75F, 31, 33, n, lon.data(),
-                                            lat.data(), value.data(), 0)
-                                 : barnes(0.25F, barnesRadius, 0.3F, 8, 3, 100, 110, 31, 33, n, lon.data(),
-                                          lat.data(), value.data(), 0));
+    const Block grid(method == 0 ? cressman(5, radii.data(), 8, 3, 100.25F, 127.25F, 31, 33, n, lon.data(),
+                                            lat.data(), value.data(), maskRadius)
+                                 : barnes(0.25F, barnesRadius, 0.3F, 8, 3, 100, 127, 31, 33, n, lon.data(),
+                                          lat.data(), value.data(), maskRadius));
     return {grid.get(), grid.get() + 24};
 }
 

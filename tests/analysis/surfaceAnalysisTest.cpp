@@ -19,9 +19,9 @@ using testing::HasSubstr;
 
 constexpr const char* diagnosticFile = "OAtestC.000";
 
-Block analyse(const std::string& text, int method, int element) {
-    return Block(OAReadVelmar1(TemporaryFile(text).path().c_str(), method, element, 0, 100.25F, 110.75F, 31,
-                               33, 1, 1.5F, 0));
+Block analyse(const std::string& text, int method, int element, float maskRadius = 0) {
+    return Block(OAReadVelmar1(TemporaryFile(text).path().c_str(), method, element, 0, 100.25F, 127.25F, 31,
+                               33, 1, 3.75F, maskRadius));
 }
 
 std::vector<float> grid(const Block& block) {
@@ -34,24 +34,25 @@ using SurfaceFiles = test::StationFiles;
 TEST_F(SurfaceFiles, LeaveOutTheLastReportAndTheLastStation) {
     const TemporaryFile file(surfaceText(reportsOf(20, {"5", "-7.5", "6", "8", "99"}), "9"));
     const auto call = [&] {
-        const Block block(OAReadVelmar1(file.path().c_str(), 0, 1, 0, 100.25F, 110.75F, 31, 33, 1, 1.5F, 0));
+        const Block block(OAReadVelmar1(file.path().c_str(), 0, 1, 0, 100.25F, 127.25F, 31, 33, 1, 3.75F, 0));
         EXPECT_EQ(grid(block),
                   analysedGrid(0, {100.5F, 102, 103.5F}, {31.25F, 32.25F, 33.25F}, {5, -7.5F, 6}));
     };
     EXPECT_EQ(said(call),
               "Open and read file: " + file.path() +
                   "\nThere are 9 stations\nThere are 5 stations have value\n3 8.000000 -7.500000\n"
-                  "\xCD\xF8\xB8\xF1\xBB\xAF..100.250000 110.750000. 9\n");
+                  "\xCD\xF8\xB8\xF1\xBB\xAF..100.250000 127.250000. 9\n");
     EXPECT_THAT(textOf(diagnosticFile),
-                HasSubstr("\n1.500000 1.000000 100.250000 110.750000 31.000000 33.000000\n"
+                HasSubstr("\n3.750000 1.000000 100.250000 127.250000 31.000000 33.000000\n"
                           "8 3 5.000000 -7.5 8.0 0 0.0\n"));
 }
 
 TEST_F(SurfaceFiles, LetValuesAndPositionsFallOutOfStep) {
     const std::string text = surfaceText(reportsOf(20, {"5", "9999.9", "6", "999999", "8", "7", "1"}));
     const std::vector<float> lon{100.5F, 102, 103.5F}, lat{31.25F, 32.25F, 33.25F}, value{5, 6, 8};
-    EXPECT_EQ(grid(analyse(text, 0, 1)), analysedGrid(0, lon, lat, value));
-    EXPECT_EQ(grid(analyse(text, 1, 1)), analysedGrid(1, lon, lat, value)) << "between whole degrees";
+    for (const int method : {0, 1})  // Barnes's analysis lies between whole degrees.
+        for (const float mask : {0.0F, 2.0F})
+            EXPECT_EQ(grid(analyse(text, method, 1, mask)), analysedGrid(method, lon, lat, value, mask));
 }
 
 TEST_F(SurfaceFiles, AreSearchedForOneElement) {
@@ -95,7 +96,7 @@ TEST_F(SurfaceFiles, FitBoundsRoundTheStations) {
 TEST_F(SurfaceFiles, WithoutStationsGiveAnEmptyField) {
     std::string expected =
         "diamond 4 \xBF\xCD\xB9\xDB\xB7\xD6\xCE\xF6\xB3\xA1\n2006 6 2 8 0 1000\n"
-        "1.500000 1.000000 100.250000 110.750000 31.000000 33.000000\n"
+        "3.750000 1.000000 100.250000 127.250000 31.000000 33.000000\n"
         "8 3 5.000000 10000000272564224.0 -10000000272564224.0 0 0.0\n";
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 8; ++column) expected += "-9999.00\n";

@@ -27,9 +27,10 @@ std::string valueText(const std::string& stations, const std::string& counts = "
 
 const std::string four = "1 100 30 50 1.5\n2 101 31 60 9999\n3 102 32.5 70 2.5\n4 103 31 80 3.5\n";
 
-Block read(const std::string& text, int method, bool fitted = false, float endLat = 33) {
-    return Block(OAReadVelmar3(TemporaryFile(text).path().c_str(), method, fitted ? 1 : 0, 100.25F, 110.75F,
-                               31, endLat, 1, 1.5F, 0));
+Block read(const std::string& text, int method, bool fitted = false, float endLat = 33,
+           float maskRadius = 0) {
+    return Block(OAReadVelmar3(TemporaryFile(text).path().c_str(), method, fitted ? 1 : 0, 100.25F, 127.25F,
+                               31, endLat, 1, 3.75F, maskRadius));
 }
 
 std::vector<float> last(const Block& block, std::size_t n) {
@@ -41,11 +42,11 @@ using ValueFiles = test::StationFiles;
 
 TEST_F(ValueFiles, GiveLevelsStationsAndGrid) {
     EXPECT_THAT(all(read(valueText(four), -1)),
-                ElementsAre(28, 3, 0, 0, 100.25F, 110.75F, 31, 33, 1.5F, 1, 2, 10, 20.5F,  //
+                ElementsAre(28, 3, 0, 0, 100.25F, 127.25F, 31, 33, 3.75F, 1, 2, 10, 20.5F,  //
                             1, 50, 100, 30, 1.5F, 3, 70, 102, 32.5F, 2.5F, 4, 80, 103, 31, 3.5F));
     for (const char* none : {"0 ", "-3 "})
         EXPECT_THAT(all(read(valueText("7 1 2 3 4", "1 1", none, "1 0 -2"), -5)),
-                    ElementsAre(16, 1, 0, 0, 100.25F, 110.75F, 31, 33, 1.5F, 1, 0, 7, 3, 1, 2, 4));
+                    ElementsAre(16, 1, 0, 0, 100.25F, 127.25F, 31, 33, 3.75F, 1, 0, 7, 3, 1, 2, 4));
     const Block unknown = read(valueText(four), 2);
     EXPECT_EQ(unknown[0], 28 + 8 * 3);
     EXPECT_EQ(unknown[2], 8);
@@ -56,8 +57,10 @@ TEST_F(ValueFiles, GiveLevelsStationsAndGrid) {
 
 TEST_F(ValueFiles, AreAnalysed) {
     const std::vector<float> lon{100, 102, 103}, lat{30, 32.5F, 31}, value{1.5F, 2.5F, 3.5F};
-    EXPECT_EQ(last(read(valueText(four), 0), 24), test::analysedGrid(0, lon, lat, value));
-    EXPECT_EQ(last(read(valueText(four), 1), 24), test::analysedGrid(1, lon, lat, value, 10));
+    for (const int method : {0, 1})
+        for (const float mask : {0.0F, 2.0F})
+            EXPECT_EQ(last(read(valueText(four), method, false, 33, mask), 24),
+                      test::analysedGrid(method, lon, lat, value, mask, 10));
 
     const TemporaryFile file(valueText(four));
     const auto call = [&](int method) {
@@ -104,7 +107,8 @@ TEST_F(ValueFiles, ThatAreCutOffCountStationsWithoutValue) {
         << "the last one without a value";
     EXPECT_THAT(behind("2 101 31 60 9999\n5 104 x", 2), ElementsAre(5, 60, 104, 31, 9999))
         << "and what there is of one that is cut off";
-    EXPECT_THAT(behind("2 101 31 60 2.5\n5 104 x", 2), ElementsAre(2, 60, 101, 31, 2.5F));
+    EXPECT_THAT(behind("2 101 31 60 9999\n3 102 32 70 2.5\n5 104 x", 3),
+                ElementsAre(3, 70, 102, 32, 2.5F, 5, 0, 104, 0, 0));
 }
 
 TEST_F(ValueFiles, ReportWhatIsWrong) {

@@ -123,7 +123,7 @@ TEST(StationContours, HaveTheLevelsOfTheirMode) {
     EXPECT_EQ(chosen({1e9F, 2e9F}, 0, 0, 1e-28F), Levels{});
     EXPECT_EQ(chosen({-3, 12.5F}, 1, 10, 1), (Levels{10, 11, 12}));
     EXPECT_EQ(chosen({-3, 12}, 1, 12.5F, -1), Levels{});
-    EXPECT_EQ(chosen({-3, 12}, 1, -20.5F, 1).size(), 15U);
+    EXPECT_EQ(chosen({-3, 99}, 1, -20.5F, 1).size(), 32U) << "of 50, those above -3";
     EXPECT_EQ(chosen({-3, 12}, 2, 0, 0, {7, 2, 7}), (Levels{7, 2, 7}));
     EXPECT_EQ(chosen({-3, 12}, 2, 0, 0, Levels(50, 2)), Levels{});
     EXPECT_EQ(chosen({-3, 12}, 3, 0, 1), Levels{});
@@ -138,6 +138,9 @@ TEST(StationContours, MoveValuesOffTheLevels) {
     near(2, 10.086F);
     near(3, -0.04F);
     near(4, 10.03F);
+    s = strip({10, 30});
+    contour(s, 0, 0, 5);
+    near(0, 10.05F);  // The smallest value is a level.
     // Without levels nothing is touched.
     s = strip({10.02F, 10.02F});
     contour(s, 7, 0, 0, {10});
@@ -161,7 +164,8 @@ TEST(StationContours, AreToldAsTheyAreMade) {
 TEST(StationContours, NeedThreeStationsThatAreNoLine) {
     const std::vector<float> z{0, 10, 20};
     Stations flat{{100, 101, 102}, {20, 20, 21.9F}, z};
-    EXPECT_EQ(contour(flat, 2, 0, 0, {5}), nullptr);
+    EXPECT_EQ(contour(flat, 2, 0, 0, {10}), nullptr);
+    EXPECT_EQ(flat.values[1], 10.05F) << "values are moved before there are triangles";
     Stations high{{100, 101, 102}, {20, 20, 22.1F}, z};
     EXPECT_NE(contour(high, 2, 0, 0, {5}), nullptr);
     Stations two{{100, 101}, {20, 20}, {0, 10}};

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 #include "faults.h"
 #include "formats/state.h"
@@ -125,9 +126,22 @@ const char* nameOf(const Input& in) {
                                  : formats::state().regions->nameOf(formats::state().regions->regions[1]);
 }
 
+Seen boundaryByOrder(const Input& in) {
+    int count = -1;
+    const int order = in.numbers == nullptr ? -1 : 2;
+    const float* const points = ofRegions([&] { return getSingleRegionBoundaryByOrder(order, &count); });
+    return boundary(points, count);
+}
+
+Seen boundaryByName(const Input& in) {
+    int count = -1;
+    const float* const points = ofRegions([&] { return getSingleRegionBoundaryByName(nameOf(in), &count); });
+    return boundary(points, count);
+}
+
 template <auto combine>
-Seen differences(const Input& in) {
-    return block([&] { return combine(in.numbers, in.numbers, nx, ny, 9999, 0, 0, 1, 1); });
+float* differences(const Input& in) {
+    return combine(in.numbers, in.numbers, nx, ny, 9999, 0, 0, 1, 1);
 }
 
 template <auto combine>
@@ -139,6 +153,21 @@ Seen untouched(const Input& in) {
 }
 
 const Seen untouchedGrid = Seen("0").append(n * sizeof(float), '\0');
+
+/// A call that gives a block of floats.
+using Maker = float* (*)(const Input&);
+
+/// One that works on numbers and has null for a failure.
+Call ofNumbers(const char* name, Maker make) {
+    return {
+        name, nullptr, "null", {"null"}, [make](const Input& in) { return block([&] { return make(in); }); }};
+}
+
+/// One that reads a file and has codes for failures.
+Call ofFile(const char* name, const char* file, std::vector<Seen> noMemory, Maker make) {
+    return {name, file, "-1", std::move(noMemory),
+            [make](const Input& in) { return block([&] { return make(in); }); }};
+}
 
 constexpr const char* reports = "stations/sfc_extra_95031902.000";
 constexpr const char* values = "rain6h/95031808.000";
@@ -161,67 +190,33 @@ const std::vector<Call>& calls() {
         {"TestArrayOfInts", nullptr, "0 5", {}, sumOfArray},
         {"TestRefArrayOfInts", nullptr, "0 0 1", {"0 3 1"}, replaceArray},
         {"readVelmar4", grid, "-1", {"-7"}, blockOfFile<readVelmar4>},
-        {"contour2D",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return contour2D(in.numbers, 9999, nx, ny, 2, 0, 0, 0, levels.data(), 3, 0, 0, 1, 1);
-             });
-         }},
-        {"contour2DRaw",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block(
-                 [&] { return contour2DRaw(in.numbers, 9999, nx, ny, 1, 0, 0, 0, nullptr, 5, 0, 0, 1, 1); });
-         }},
-        {"readCntrData",
-         grid,
-         "-1",
-         {"-7"},
-         [](const Input& in) { return block([&] { return readCntrData(in.path, 1, 6, nullptr); }); }},
-        {"findCenters",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] { return findCenters(in.numbers, 9999, nx, ny, 0, 0, 0, 1, 1); });
-         }},
-        {"velmarCntrShad",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return velmarCntrShad(in.numbers, nx, ny, levels.data(), colours.data(), 3, 9999, 0, 0, 1, 1,
-                                       0);
-             });
-         }},
-        {"velmarCntrShadJ",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] { return velmarCntrShadJ(in.numbers, nx, ny, 9, 9999, 0, 0, 1, 1, 3); });
-         }},
-        {"velmarCntrShadD",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return velmarCntrShadD(in.numbers, nx, ny, levels.data(), colours.data(), 3, 9999, 1,
-                                        numbers.data(), numbers.data());
-             });
-         }},
-        {"readCntrShadData",
-         grid,
-         "-1",
-         {"-6", "null"},
-         [](const Input& in) { return block([&] { return readCntrShadData(in.path, 0, 1); }); }},
+        ofNumbers("contour2D",
+                  [](const Input& in) {
+                      return contour2D(in.numbers, 9999, nx, ny, 2, 0, 0, 0, levels.data(), 3, 0, 0, 1, 1);
+                  }),
+        ofNumbers("contour2DRaw",
+                  [](const Input& in) {
+                      return contour2DRaw(in.numbers, 9999, nx, ny, 1, 0, 0, 0, nullptr, 5, 0, 0, 1, 1);
+                  }),
+        ofFile("readCntrData", grid, {"-7"},
+               [](const Input& in) { return readCntrData(in.path, 1, 6, nullptr); }),
+        ofNumbers("findCenters",
+                  [](const Input& in) { return findCenters(in.numbers, 9999, nx, ny, 0, 0, 0, 1, 1); }),
+        ofNumbers("velmarCntrShad",
+                  [](const Input& in) {
+                      return velmarCntrShad(in.numbers, nx, ny, levels.data(), colours.data(), 3, 9999, 0, 0,
+                                            1, 1, 0);
+                  }),
+        ofNumbers(
+            "velmarCntrShadJ",
+            [](const Input& in) { return velmarCntrShadJ(in.numbers, nx, ny, 9, 9999, 0, 0, 1, 1, 3); }),
+        ofNumbers("velmarCntrShadD",
+                  [](const Input& in) {
+                      return velmarCntrShadD(in.numbers, nx, ny, levels.data(), colours.data(), 3, 9999, 1,
+                                             numbers.data(), numbers.data());
+                  }),
+        ofFile("readCntrShadData", grid, {"-6", "null"},
+               [](const Input& in) { return readCntrShadData(in.path, 0, 1); }),
         {"readByteShadData",
          "images/cloud_total_global.img",
          "null",
@@ -238,79 +233,37 @@ const std::vector<Call>& calls() {
              freecPointer(SHClip(in.numbers == nullptr ? nullptr : star.data(), 0, 0, 1, 0, 12, nullptr));
              return std::to_string(called([] { return SHClipPntNum(); }));
          }},
-        {"barnes",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return barnes(2, 8, 0.3F, nx, ny, 0, nx - 1, 0, ny - 1, stationCount, lon.data(), lat.data(),
-                               in.numbers, 4);
-             });
-         }},
-        {"cressman",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return cressman(3, radii.data(), nx, ny, 0, nx - 1, 0, ny - 1, stationCount, lon.data(),
-                                 lat.data(), in.numbers, 4);
-             });
-         }},
-        {"OAReadVelmar1",
-         reports,
-         "-1",
-         {"-4", "null"},
-         [](const Input& in) {
-             return block([&] { return OAReadVelmar1(in.path, 0, 1, 0, -100, -90, 30, 40, 1, 1, 0); });
-         }},
-        {"OAReadVelmar3",
-         values,
-         "-1",
-         {"-9"},
-         [](const Input& in) {
-             return block([&] { return OAReadVelmar3(in.path, 1, 0, -100, -90, 30, 40, 2, 2, 0); });
-         }},
-        {"ReadVelmar1Tqq",
-         reports,
-         "-1",
-         {"-4"},
-         [](const Input& in) {
-             return block([&] { return ReadVelmar1Tqq(in.path, 0, 0, 0, -100, -90, 30, 40, 1, 1, 2); });
-         }},
-        {"TqqOA",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return TqqOA(lon.data(), lat.data(), in.numbers, stationCount, 1, 0, 0, 0, 0, 1, 1, 3);
-             });
-         }},
-        {"gagexps",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) { return block([&] { return gagexps(in.numbers, nx, ny, 3, 2, 9999); }); }},
+        ofNumbers("barnes",
+                  [](const Input& in) {
+                      return barnes(2, 8, 0.3F, nx, ny, 0, nx - 1, 0, ny - 1, stationCount, lon.data(),
+                                    lat.data(), in.numbers, 4);
+                  }),
+        ofNumbers("cressman",
+                  [](const Input& in) {
+                      return cressman(3, radii.data(), nx, ny, 0, nx - 1, 0, ny - 1, stationCount, lon.data(),
+                                      lat.data(), in.numbers, 4);
+                  }),
+        ofFile("OAReadVelmar1", reports, {"-4", "null"},
+               [](const Input& in) { return OAReadVelmar1(in.path, 0, 1, 0, -100, -90, 30, 40, 1, 1, 0); }),
+        ofFile("OAReadVelmar3", values, {"-9"},
+               [](const Input& in) { return OAReadVelmar3(in.path, 1, 0, -100, -90, 30, 40, 2, 2, 0); }),
+        ofFile("ReadVelmar1Tqq", reports, {"-4"},
+               [](const Input& in) { return ReadVelmar1Tqq(in.path, 0, 0, 0, -100, -90, 30, 40, 1, 1, 2); }),
+        ofNumbers("TqqOA",
+                  [](const Input& in) {
+                      return TqqOA(lon.data(), lat.data(), in.numbers, stationCount, 1, 0, 0, 0, 0, 1, 1, 3);
+                  }),
+        ofNumbers("gagexps", [](const Input& in) { return gagexps(in.numbers, nx, ny, 3, 2, 9999); }),
         {"readVelmarData11", wind, "-1", {"-8"}, blockOfFile<readVelmarData11>},
-        {"streamAnalyse",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             return block([&] {
-                 return streamAnalyse(in.numbers, in.numbers, in.numbers, nx, ny, 9999, 9999, 9999, 1,
-                                      levels.data(), colours.data(), 3, 1);
-             });
-         }},
-        {"readWindData",
-         wind,
-         "-1",
-         {"-8", "null"},
-         [](const Input& in) { return block([&] { return readWindData(in.path, 1); }); }},
-        {"hdiv", nullptr, "null", {"null"}, differences<hdiv>},
-        {"hvor", nullptr, "null", {"null"}, differences<hvor>},
+        ofNumbers("streamAnalyse",
+                  [](const Input& in) {
+                      return streamAnalyse(in.numbers, in.numbers, in.numbers, nx, ny, 9999, 9999, 9999, 1,
+                                           levels.data(), colours.data(), 3, 1);
+                  }),
+        ofFile("readWindData", wind, {"-8", "null"},
+               [](const Input& in) { return readWindData(in.path, 1); }),
+        ofNumbers("hdiv", differences<hdiv>),
+        ofNumbers("hvor", differences<hvor>),
         {"ffhdiv", nullptr, untouchedGrid, {}, untouched<ffhdiv>},
         {"ffhvor", nullptr, untouchedGrid, {}, untouched<ffhvor>},
         {"readWindDivVor", wind, "-1", {"-8"}, windPlace},
@@ -340,27 +293,8 @@ const std::vector<Call>& calls() {
              const float latitude = in.numbers == nullptr ? 80 : 5;
              return ofRegions([&] { return countyNameFromRegion(20, latitude); });
          }},
-        {"getSingleRegionBoundaryByOrder",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             int count = -1;
-             const int order = in.numbers == nullptr ? -1 : 2;
-             const float* const points =
-                 ofRegions([&] { return getSingleRegionBoundaryByOrder(order, &count); });
-             return boundary(points, count);
-         }},
-        {"getSingleRegionBoundaryByName",
-         nullptr,
-         "null",
-         {"null"},
-         [](const Input& in) {
-             int count = -1;
-             const float* const points =
-                 ofRegions([&] { return getSingleRegionBoundaryByName(nameOf(in), &count); });
-             return boundary(points, count);
-         }},
+        {"getSingleRegionBoundaryByOrder", nullptr, "null", {"null"}, boundaryByOrder},
+        {"getSingleRegionBoundaryByName", nullptr, "null", {"null"}, boundaryByName},
         {"getAllRegionBoundaryByName",
          nullptr,
          "null 0",

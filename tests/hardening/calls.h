@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ struct Call {
     const char* sample;          ///< that it reads; null when it reads no file
     Seen refused;                ///< the outcome of a file that cannot be opened, or of null arrays
     std::vector<Seen> noMemory;  ///< outcomes of a lack of memory
-    Seen (*run)(const Input& input);
+    std::function<Seen(const Input& input)> run;
 };
 
 /// A call of each export.
