@@ -109,8 +109,8 @@ void BarnesRow::sum(float latitude, const StationView& stations, const BarnesSwe
 }
 
 /// Each of two sums of n terms, here and in exactly(), may be off by n roundings of 1.1e-16 of their magnitudes,
-/// by the last digits of the exponentials, and by n stations that are left out, of which none brings more than
-/// 1e-16 of what the nearest station would with an ordinary contribution.
+/// and by n stations that are left out, of which none brings more than 1e-16 of what the nearest station would
+/// with an ordinary contribution.
 double BarnesRow::uncertainty(std::size_t i, const BarnesSweep& sweep) const {
     constexpr double perStation = 1.0e-15;
     // A sum that is infinite or no number is so in any order: stations that make it so are never left out.

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <cstdint>
 #include <optional>
 
 #if defined(_WIN32)
