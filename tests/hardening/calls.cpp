@@ -157,17 +157,12 @@ const Seen untouchedGrid = Seen("0").append(n * sizeof(float), '\0');
 /// A call that gives a block of floats.
 using Maker = float* (*)(const Input&);
 
-/// One that works on numbers and has null for a failure.
-Call ofNumbers(const char* name, Maker make) {
-    return {
-        name, nullptr, "null", {"null"}, [make](const Input& in) { return block([&] { return make(in); }); }};
-}
-
-/// One that reads a file and has codes for failures.
-Call ofFile(const char* name, const char* file, std::vector<Seen> noMemory, Maker make) {
-    return {name, file, "-1", std::move(noMemory),
+Call ofFile(const char* name, const char* file, Seen refused, std::vector<Seen> noMemory, Maker make) {
+    return {name, file, std::move(refused), std::move(noMemory),
             [make](const Input& in) { return block([&] { return make(in); }); }};
 }
+
+Call ofNumbers(const char* name, Maker make) { return ofFile(name, nullptr, "null", {"null"}, make); }
 
 constexpr const char* reports = "stations/sfc_extra_95031902.000";
 constexpr const char* values = "rain6h/95031808.000";
@@ -198,7 +193,7 @@ const std::vector<Call>& calls() {
                   [](const Input& in) {
                       return contour2DRaw(in.numbers, 9999, nx, ny, 1, 0, 0, 0, nullptr, 5, 0, 0, 1, 1);
                   }),
-        ofFile("readCntrData", grid, {"-7"},
+        ofFile("readCntrData", grid, "-1", {"-7"},
                [](const Input& in) { return readCntrData(in.path, 1, 6, nullptr); }),
         ofNumbers("findCenters",
                   [](const Input& in) { return findCenters(in.numbers, 9999, nx, ny, 0, 0, 0, 1, 1); }),
@@ -215,13 +210,10 @@ const std::vector<Call>& calls() {
                       return velmarCntrShadD(in.numbers, nx, ny, levels.data(), colours.data(), 3, 9999, 1,
                                              numbers.data(), numbers.data());
                   }),
-        ofFile("readCntrShadData", grid, {"-6", "null"},
+        ofFile("readCntrShadData", grid, "-1", {"-6", "null"},
                [](const Input& in) { return readCntrShadData(in.path, 0, 1); }),
-        {"readByteShadData",
-         "images/cloud_total_global.img",
-         "null",
-         {"null"},
-         [](const Input& in) { return block([&] { return readByteShadData(in.path, 0, 1, 60); }); }},
+        ofFile("readByteShadData", "images/cloud_total_global.img", "null", {"null"},
+               [](const Input& in) { return readByteShadData(in.path, 0, 1, 60); }),
         {"polygonfill", nullptr, "points 0", {"points 0"}, fill},
         {"Clip", nullptr, "0", {"0"}, clip},
         {"SHClip", nullptr, "null 0", {"null 0"}, clipEdge},
@@ -243,11 +235,11 @@ const std::vector<Call>& calls() {
                       return cressman(3, radii.data(), nx, ny, 0, nx - 1, 0, ny - 1, stationCount, lon.data(),
                                       lat.data(), in.numbers, 4);
                   }),
-        ofFile("OAReadVelmar1", reports, {"-4", "null"},
+        ofFile("OAReadVelmar1", reports, "-1", {"-4", "null"},
                [](const Input& in) { return OAReadVelmar1(in.path, 0, 1, 0, -100, -90, 30, 40, 1, 1, 0); }),
-        ofFile("OAReadVelmar3", values, {"-9"},
+        ofFile("OAReadVelmar3", values, "-1", {"-9"},
                [](const Input& in) { return OAReadVelmar3(in.path, 1, 0, -100, -90, 30, 40, 2, 2, 0); }),
-        ofFile("ReadVelmar1Tqq", reports, {"-4"},
+        ofFile("ReadVelmar1Tqq", reports, "-1", {"-4"},
                [](const Input& in) { return ReadVelmar1Tqq(in.path, 0, 0, 0, -100, -90, 30, 40, 1, 1, 2); }),
         ofNumbers("TqqOA",
                   [](const Input& in) {
@@ -260,7 +252,7 @@ const std::vector<Call>& calls() {
                       return streamAnalyse(in.numbers, in.numbers, in.numbers, nx, ny, 9999, 9999, 9999, 1,
                                            levels.data(), colours.data(), 3, 1);
                   }),
-        ofFile("readWindData", wind, {"-8", "null"},
+        ofFile("readWindData", wind, "-1", {"-8", "null"},
                [](const Input& in) { return readWindData(in.path, 1); }),
         ofNumbers("hdiv", differences<hdiv>),
         ofNumbers("hvor", differences<hvor>),
