@@ -6,9 +6,9 @@
 
 #include "../tests/analysis/plainAnalyses.h"
 #include "analysis/barnes.h"
+#include "analysis/capAndMask.h"
 #include "analysis/cressman.h"
-#include "analysis/nearby.h"
-#include "analysis/nearest.h"
+#include "analysis/nearestStation.h"
 #include "counters.h"
 
 namespace {
@@ -39,7 +39,7 @@ StationList stationsOf(int count) {
 
 StationView viewOf(const StationList& list) { return {list.lon, list.lat, list.value}; }
 
-std::vector<float> valuesOf(const frame::ResultBlock& block, const Nodes& nodes) {
+std::vector<float> valuesOf(const base::ResultBlock& block, const Nodes& nodes) {
     return {block.get(), block.get() + nodes.count()};
 }
 

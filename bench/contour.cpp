@@ -2,9 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include "contour/levels.h"
-#include "contour/refine.h"
 #include "counters.h"
 #include "fields.h"
+#include "grid/refine.h"
 #include "velmarBaseA.h"
 
 namespace {
@@ -33,9 +33,9 @@ void chooseLevels(benchmark::State& state) {
 
 void refineGrid(benchmark::State& state) {
     const Field field = bench::smoothField(side(state));
-    const auto factors = contour::chooseFactors(field.side, field.side);
+    const auto factors = grid::chooseFactors(field.side, field.side);
     std::size_t refined = 0;
-    for (auto _ : state) refined = contour::refine(field.view(), missing, factors).values.size();
+    for (auto _ : state) refined = grid::refine(field.view(), missing, factors).values.size();
     // Per value of the refined grid: the factors differ from size to size.
     bench::reportTimePerValue(state, static_cast<double>(refined));
 }

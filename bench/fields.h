@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::bench {
 
@@ -14,7 +14,7 @@ struct Field {
     int side;
     std::vector<float> values;
 
-    frame::GridView view() const { return {values.data(), side, side}; }
+    grid::GridView view() const { return {values.data(), side, side}; }
 };
 
 /// A sum of sines between about -90 and 90, the same picture at every size.

@@ -9,16 +9,16 @@
 #include <string>
 
 #include "../tests/formats/plainRegions.h"
+#include "capi/formatsState.h"
 #include "counters.h"
-#include "formats/dateKey.h"
-#include "formats/rainfall.h"
-#include "formats/state.h"
+#include "rain/dateKey.h"
+#include "rain/rainTable.h"
 #include "velmarBaseA.h"
 
 namespace {
 
 using namespace velmar;
-using formats::RainTable;
+using rain::RainTable;
 using test::PlainRegion;
 
 /// Regions side by side, as counties are: wavy circles, a little larger than their places.
@@ -51,17 +51,17 @@ std::string textOf(const std::vector<PlainRegion>& regions) {
 
 /// The same regions as the library and the plain walk read them.
 struct Loaded {
-    formats::RegionTable table;
+    regions::RegionTable table;
     std::vector<PlainRegion> regions;
 };
 
 Loaded load(int count, int points) {
     const std::string text = textOf(counties(count, points));
     Loaded loaded;
-    frame::TextScanner in(text);
-    formats::readRegionHead(in);
-    formats::readRegions(in, loaded.table);
-    for (const formats::Region& region : loaded.table.regions) {
+    base::TextScanner in(text);
+    regions::readRegionHead(in);
+    regions::readRegions(in, loaded.table);
+    for (const regions::Region& region : loaded.table.regions) {
         const float* const first = loaded.table.pointsOf(region);
         loaded.regions.emplace_back(loaded.table.nameOf(region),
                                     std::vector<float>(first, first + 2 * region.points));
@@ -77,11 +77,11 @@ struct Places {
 
 void regionLookup(benchmark::State& state) {
     Loaded loaded = load(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-    formats::state().regions = std::move(loaded.table);
+    capi::state().regions = std::move(loaded.table);
     Places places;
     for (auto _ : state)
         benchmark::DoNotOptimize(countyNameFromRegion(places.x(places.random), places.y(places.random)));
-    formats::state().regions.reset();
+    capi::state().regions.reset();
 }
 
 /// The plain walk of the tests without the texts.
@@ -158,9 +158,9 @@ public:
         std::string name = (std::filesystem::temp_directory_path() / "velmarBenchXXXXXX").string();
         if (!mkdtemp(name.data())) std::abort();
         folder_ = name;
-        formats::DateKey key = start;
+        rain::DateKey key = start;
         for (int k = 0; k < files; ++k) {
-            key = formats::stepDateKey(1, key);
+            key = rain::stepDateKey(1, key);
             write(folder_ / (std::to_string(key).substr(2) + ".000"), rainOf(stations, k));
         }
         end = key;
@@ -171,8 +171,8 @@ public:
 
     std::string path() const { return folder_.string(); }
 
-    static constexpr formats::DateKey start = formats::dateKey(2016, 7, 1, 0);
-    formats::DateKey end = start;
+    static constexpr rain::DateKey start = rain::dateKey(2016, 7, 1, 0);
+    rain::DateKey end = start;
 
 private:
     static void write(const std::filesystem::path& path, const std::vector<RainTable::Station>& stations) {
@@ -189,7 +189,7 @@ private:
 void rainFiles(benchmark::State& state) {
     const RainFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     for (auto _ : state) {
-        if (!formats::accumulateRain(folder.path().c_str(), {RainFolder::start, folder.end, 1}))
+        if (!rain::accumulateRain(folder.path().c_str(), {RainFolder::start, folder.end, 1}))
             return state.SkipWithError("the files were not read");
     }
     bench::reportTimePerValue(state, static_cast<double>(state.range(0) * state.range(1)));

@@ -8,8 +8,8 @@
 
 #include "../tests/geometry/plainTriangles.h"
 #include "counters.h"
-#include "geometry/network.h"
-#include "geometry/stationContours.h"
+#include "triangles/stationContours.h"
+#include "triangles/triangulation.h"
 #include "velmarBaseA.h"
 
 namespace {
@@ -50,13 +50,13 @@ Stations fileStations(const char* path) {
     return s;
 }
 
-frame::ResultBlock contour(Stations& s, float interval, geometry::LevelTable& levels) {
-    return geometry::contourStations(s.x, s.y, s.values,
-                                     {geometry::LevelChoice::byInterval, 0, interval, nullptr, 0}, levels);
+base::ResultBlock contour(Stations& s, float interval, triangles::LevelTable& levels) {
+    return triangles::contourStations(s.x, s.y, s.values,
+                                      {triangles::LevelChoice::byInterval, 0, interval, nullptr, 0}, levels);
 }
 
 void run(benchmark::State& state, const Stations& stations, float interval) {
-    geometry::LevelTable levels;
+    triangles::LevelTable levels;
     for (auto _ : state) {
         Stations copy = stations;
         benchmark::DoNotOptimize(contour(copy, interval, levels));
@@ -75,8 +75,8 @@ void realStationContours(benchmark::State& state) {
 
 void stationContoursPlainly(benchmark::State& state) {
     Stations s = randomStations(static_cast<int>(state.range(0)));
-    geometry::LevelTable levels;
-    const frame::ResultBlock fast = contour(s, 1, levels);
+    triangles::LevelTable levels;
+    const base::ResultBlock fast = contour(s, 1, levels);
     std::vector<float> plain{0};
     for (auto _ : state) {
         test::PlainTriangles triangles(s.x, s.y, s.values);
@@ -95,7 +95,7 @@ void stationContoursPlainly(benchmark::State& state) {
 /// Without levels: the triangles alone.
 void network(benchmark::State& state) {
     const Stations s = randomStations(static_cast<int>(state.range(0)));
-    for (auto _ : state) benchmark::DoNotOptimize(geometry::growNetwork({s.x, s.y, s.values}));
+    for (auto _ : state) benchmark::DoNotOptimize(triangles::growNetwork({s.x, s.y, s.values}));
     bench::reportTimePerValue(state, static_cast<double>(s.x.size()));
 }
 

@@ -1,10 +1,10 @@
 #include <benchmark/benchmark.h>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 
 int main(int argc, char** argv) {
     // Standard output is for the figures.
-    velmar::frame::setProgressEnabled(false);
+    velmar::base::setProgressEnabled(false);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RunSpecifiedBenchmarks();

@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <numeric>
 
+#include "base/progress.h"
 #include "counters.h"
 #include "fields.h"
-#include "frame/progress.h"
 #include "velmarBaseA.h"
 
 namespace {
@@ -50,7 +50,7 @@ void shade(benchmark::State& state, Field (*makeField)(int), Texts texts, int st
     std::array<int, std::tuple_size_v<Levels>> colours{};
     std::iota(colours.begin(), colours.end(), 0);
     const SilentOutput silent;
-    frame::setProgressEnabled(texts == Texts::on);
+    base::setProgressEnabled(texts == Texts::on);
     for (auto _ : state) {
         float* block =
             velmarCntrShad(field.values.data(), field.side, field.side, levels.data(), colours.data(),
@@ -62,7 +62,7 @@ void shade(benchmark::State& state, Field (*makeField)(int), Texts texts, int st
         state.counters["polygons"] = block[1];
         cntrShadFreeLineVar(block);
     }
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
     bench::reportTimePerValue(state, static_cast<double>(field.values.size()));
 }
 

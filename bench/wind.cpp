@@ -6,10 +6,10 @@
 #include <string>
 
 #include "../tests/wind/plainStreamlines.h"
+#include "capi/windState.h"
 #include "counters.h"
-#include "frame/grid.h"
+#include "grid/grid.h"
 #include "velmarBaseA.h"
-#include "wind/state.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ void calm(benchmark::State& state) {
 
 void streamlinesPlainly(benchmark::State& state) {
     const test::PlainWind wind = windOf(360, 181, static_cast<int>(state.range(0)));
-    wind::state() = {{0, 359, 1, -90, 90, 1}, 0};
+    capi::state() = {{0, 359, 1, -90, 90, 1}, 0};
     const test::PlainPlace place{0, 359, -90, 90, 1, 1};
     std::vector<float> plain;
     for (auto _ : state) {

@@ -1,10 +1,10 @@
+#include "capi/contourState.h"
+#include "capi/windState.h"
 #include "contour/plain.h"
-#include "contour/state.h"
 #include "contour/trace.h"
 #include "shade/curveModel.h"
 #include "twins.h"
 #include "wind/plainStreamlines.h"
-#include "wind/state.h"
 
 namespace velmar::fuzz {
 
@@ -14,7 +14,7 @@ std::vector<test::PlainLine> plainLines(const contour::LineList& list) {
     std::vector<test::PlainLine> lines;
     for (const contour::ContourLine& line : list.lines) {
         lines.push_back({line.level, {}});
-        for (const frame::Point& point : list.pointsOf(line))
+        for (const grid::Point& point : list.pointsOf(line))
             lines.back().xy.insert(lines.back().xy.end(), {point.x, point.y});
     }
     return lines;
@@ -26,8 +26,8 @@ void compareTraces(Input& in) {
     const Size size = in.solidSize(2, 30);
     const std::vector<float> levels = in.levels(4);
     const std::vector<float> field = in.values(size.values());
-    const frame::GridView grid{field.data(), size.nx, size.ny};
-    contour::TraceBuffers& buffers = contour::state().buffers;
+    const grid::GridView grid{field.data(), size.nx, size.ny};
+    contour::TraceBuffers& buffers = capi::state().buffers;
     for (const float level : levels) {
         contour::LineList list;
         contour::traceLevels(grid, missing, std::vector{level}, buffers, list);
@@ -44,8 +44,8 @@ void compareRefinements(Input& in) {
     const Size factors{1 + in.below(5), 1 + in.below(5)};
     const float undefined = in.oneIn(4) ? in.oddNumber() : missing;
     const std::vector<float> field = in.values(size.values());
-    const frame::GridView grid{field.data(), size.nx, size.ny};
-    const frame::Grid fine = contour::refine(grid, undefined, {factors.nx, factors.ny});
+    const grid::GridView grid{field.data(), size.nx, size.ny};
+    const grid::Grid fine = grid::refine(grid, undefined, {factors.nx, factors.ny});
     requireSame(fine.values, test::plainRefine(grid, undefined, factors.nx, factors.ny).values,
                 "a refined grid is not the plain way's");
 }
@@ -101,7 +101,7 @@ void compareStreamlines(Input& in) {
     wind.v = in.values(size.values());
     wind.c = in.values(size.values());
     const test::PlainPlace place{100.1F, 130, -12.3F, 40, -0.7F, 0.3F};
-    wind::state() = {
+    capi::state() = {
         {place.startLon, place.endLon, place.lonStep, place.startLat, place.endLat, place.latStep}, 7};
     int colour = 7;
     const std::vector<float> expected = test::PlainStreamlines(wind, place, colour).block();

@@ -1,4 +1,4 @@
-#include "analysis/nearest.h"
+#include "analysis/nearestStation.h"
 #include "analysis/plainAnalyses.h"
 #include "geometry/plainTriangles.h"
 #include "twins.h"

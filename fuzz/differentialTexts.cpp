@@ -3,11 +3,11 @@
 #include <sstream>
 #include <string>
 
+#include "base/progress.h"
+#include "base/realText.h"
+#include "base/scanner.h"
+#include "capi/formatsState.h"
 #include "formats/plainRegions.h"
-#include "formats/state.h"
-#include "frame/progress.h"
-#include "frame/realText.h"
-#include "frame/scanner.h"
 #include "twins.h"
 
 namespace velmar::fuzz {
@@ -61,7 +61,7 @@ void load(const std::vector<test::PlainRegion>& regions) {
     }
     const char* const path = "regions.dat";
     std::ofstream(path, std::ios::binary) << text.str();
-    formats::state().regions.reset();
+    capi::state().regions.reset();
     require(readRegionData(path) == (regions.empty() ? -1 : 1), "regions are not read");
 }
 
@@ -70,7 +70,7 @@ void load(const std::vector<test::PlainRegion>& regions) {
 void compareRegions(Input& in) {
     const std::vector<test::PlainRegion> regions = someRegions(in);
     load(regions);
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
     for (int k = 0; k < 12; ++k) {
         float x = in.number(-5, 400);
         float y = in.number(-90, 90);
@@ -104,7 +104,7 @@ int scanWithLibrary(const std::string& text, std::size_t& rest, const char* form
 template <class Field, class... LibrarysField>
 void readAsLibrary(const std::string& text, const char* format, Field& field, LibrarysField*... librarys) {
     std::size_t rest = 0;
-    frame::TextScanner in(text);
+    base::TextScanner in(text);
     const int converted = scan(in, field);
     require(converted == scanWithLibrary(text, rest, format, librarys...),
             "a field converts other than in the library");
@@ -137,7 +137,7 @@ void compareScanners(Input& in) {
     require(word == buffer.data(), "a word is another than the library's");
 
     buffer = {};
-    frame::LowerCaseWord letters;
+    base::LowerCaseWord letters;
     readAsLibrary(text, " %[a-z]", letters, buffer.data());
     require(letters.text == buffer.data(), "a word of letters is another than the library's");
 }
@@ -146,9 +146,9 @@ namespace {
 
 template <int decimals>
 void writeAsPrintf(double value) {
-    std::array<char, frame::longestRealText> text{};
+    std::array<char, base::longestRealText> text{};
     std::array<char, 400> expected{};
-    const char* const end = frame::writeReal<decimals>(text.data(), text.data() + text.size(), value);
+    const char* const end = base::writeReal<decimals>(text.data(), text.data() + text.size(), value);
     const int length = std::snprintf(expected.data(), expected.size(), "%.*f", decimals, value);
     require(std::string_view(text.data(), end) ==
                 std::string_view(expected.data(), static_cast<std::size_t>(length)),

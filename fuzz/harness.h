@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "input.h"
 
 /// What the harnesses share: the way from an input to a call.
@@ -22,7 +22,7 @@ inline bool hasTexts = false;
 
 inline void chooseTexts(Input& in) {
     hasTexts = in.oneIn(8);
-    frame::setProgressEnabled(hasTexts);
+    base::setProgressEnabled(hasTexts);
 }
 
 using Target = void (*)(Input& in);

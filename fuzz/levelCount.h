@@ -7,11 +7,11 @@ namespace velmar::fuzz {
 
 /// Whether levels are chosen that are very many, up to the million that the library draws: such calls are only slow
 /// and their results large.
-inline bool hasVeryManyLevels(const frame::GridView& grid, float undefined,
+inline bool hasVeryManyLevels(const grid::GridView& grid, float undefined,
                               const contour::LevelRequest& request) {
-    frame::setProgressEnabled(false);  // a text a level, before they are too many
+    base::setProgressEnabled(false);  // a text a level, before they are too many
     const std::size_t count = contour::chooseLevels(grid, undefined, request).values.size();
-    frame::setProgressEnabled(hasTexts);
+    base::setProgressEnabled(hasTexts);
     return count > 500;
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "areas.h"
-#include "frame/gridFile.h"
+#include "files/gridFile.h"
 #include "layouts.h"
 #include "levelCount.h"
 #include "support/freshLibrary.h"
@@ -32,10 +32,10 @@ void readGrid(const File& file, Input&) { walkGridFile(Block(readVelmar4(file.pa
 
 /// Whether a grid file has very many levels, by its hints or by its values.
 bool promisesVeryManyLevels(const File& file, velmar::contour::LevelMode mode, int count) {
-    velmar::frame::TextScanner in(file.text);
-    auto header = velmar::frame::readGridHeader(in);
+    velmar::base::TextScanner in(file.text);
+    auto header = velmar::files::readGridHeader(in);
     if (!header) return false;
-    auto grid = velmar::frame::readGridValues(in, header->field, {-6, -7});
+    auto grid = velmar::files::readGridValues(in, header->field, {-6, -7});
     return grid &&
            hasVeryManyLevels(grid->view(), missing,
                              {mode, header->startValue, header->endValue, header->interval, {}, count});
@@ -215,7 +215,7 @@ void walkNamed(const char* name) {
 
 void findRegions(const File& file, Input& in) {
     readRegionData(file.path);
-    require(readRegionData(file.path) == -1 || velmar::formats::state().regions, "regions are loaded once");
+    require(readRegionData(file.path) == -1 || velmar::capi::state().regions, "regions are loaded once");
     for (int index = -1; index < 6; ++index) {
         int count = -1;
         const float* const points = getSingleRegionBoundaryByOrder(index, &count);

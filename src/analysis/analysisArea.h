@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "analysis/area.h"
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::analysis {
 
@@ -33,9 +33,13 @@ struct AnalysisArea {
     float latitudeStep;
     GridSize size;
 
-    std::size_t pointCount() const { return frame::valueCount(size.nx, size.ny); }
-    frame::GridPlace place() const {
+    std::size_t pointCount() const { return grid::valueCount(size.nx, size.ny); }
+    grid::GridPlace place() const {
         return {bounds.startLongitude, bounds.startLatitude, longitudeStep, latitudeStep};
+    }
+    grid::Lattice lattice() const {
+        return {bounds.startLongitude, bounds.endLongitude, longitudeStep,
+                bounds.startLatitude,  bounds.endLatitude,  latitudeStep};
     }
 };
 

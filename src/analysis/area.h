@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "frame/grid.h"
-#include "frame/numbers.h"
+#include "base/numbers.h"
+#include "grid/grid.h"
 
 namespace velmar::analysis {
 
@@ -34,7 +34,7 @@ inline float extent(int start, int end) { return static_cast<float>(std::int64_t
 
 /// Where columns and rows lie that divide bounds evenly.
 template <class AnyBounds>
-frame::GridPlace placeOf(const GridSize& size, const AnyBounds& bounds) {
+grid::GridPlace placeOf(const GridSize& size, const AnyBounds& bounds) {
     const auto step = [](auto start, auto end, int lines) {
         return extent(start, end) / static_cast<float>(lines - 1);
     };
@@ -46,7 +46,7 @@ frame::GridPlace placeOf(const GridSize& size, const AnyBounds& bounds) {
 /// How many columns or rows of this step there are from the start up to the end. Single precision, so that 70
 /// to 140 by 0.1 gives 701.
 inline int countBySteps(float start, float end, float step) {
-    return frame::truncateToInt((end - start) / step + 1.0F);
+    return base::truncateToInt((end - start) / step + 1.0F);
 }
 
 }  // namespace velmar::analysis

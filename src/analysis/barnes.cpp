@@ -7,16 +7,16 @@
 #include <utility>
 
 #include "analysis/barnesRow.h"
-#include "analysis/nearby.h"
-#include "frame/messages.h"
-#include "frame/progress.h"
+#include "analysis/capAndMask.h"
+#include "base/messages.h"
+#include "base/progress.h"
 
 namespace velmar::analysis {
 
 namespace {
 
-using frame::GridPlace;
-using frame::ResultBlock;
+using base::Floats;
+using grid::GridPlace;
 
 constexpr int passes = 5;
 
@@ -29,12 +29,12 @@ public:
           bounds_(bounds),
           place_(placeOf(size, bounds)),
           stations_(stations),
-          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))),
+          grid_(base::allocateFloats(grid::valueCount(size.nx, size.ny))),
           estimates_(stations.values.begin(), stations.values.end()),
           residuals_(stations.count()),
           row_(place_, size.nx) {}
 
-    ResultBlock analyse(float maskRadius);
+    Floats analyse(float maskRadius);
 
 private:
     void barnesFirstGuess();
@@ -55,13 +55,13 @@ private:
     const WholeBounds bounds_;
     const GridPlace place_;
     const StationView stations_;
-    ResultBlock grid_;  ///< asked for before what else grows with its size
+    Floats grid_;  ///< asked for before what else grows with its size
     std::vector<float> estimates_;
     std::vector<float> residuals_;
     BarnesRow row_;
 };
 
-ResultBlock Barnes::analyse(float maskRadius) {
+Floats Barnes::analyse(float maskRadius) {
     barnesFirstGuess();
     for (int t = 0; t < passes; ++t) {
         interpolateGridToStations();
@@ -108,8 +108,8 @@ void Barnes::interpolateGridToStations() {
 float Barnes::interpolatedAt(float longitude, float latitude) const {
     const float x = (longitude - place_.x0) / place_.dx;
     const float y = (latitude - place_.y0) / place_.dy;
-    const int column = frame::truncateToInt(x);
-    const int row = frame::truncateToInt(y);
+    const int column = base::truncateToInt(x);
+    const int row = base::truncateToInt(y);
     const float fx = x - static_cast<float>(column);
     const float fy = y - static_cast<float>(row);
     const auto at = [&](int i, int j) {
@@ -140,7 +140,7 @@ void Barnes::stationResidualStats(int pass) {
     double squares = 0.0;
     for (const float residual : residuals_) squares += (residual - mean) * (residual - mean);
     // The sum of the squares has always been printed as it is, not divided by the count.
-    frame::progress(frame::messages::barnesPass, {pass, largest, meanOf(absoluteSum), std::sqrt(squares)});
+    base::progress(base::messages::barnesPass, {pass, largest, meanOf(absoluteSum), std::sqrt(squares)});
 }
 
 /// Gives each point what `combine` makes of its value and its sums; at a station's place that station's value.
@@ -171,9 +171,9 @@ float Barnes::combined(std::size_t i, float point, const BarnesSweep& sweep, Com
 
 }  // namespace
 
-ResultBlock analyseBarnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
-                          const StationView& stations, float maskRadius) {
-    if (frame::valueCount(size.nx, size.ny) == 0) return nullptr;
+Floats analyseBarnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
+                     const StationView& stations, float maskRadius) {
+    if (grid::valueCount(size.nx, size.ny) == 0) return nullptr;
     return Barnes(parameters, size, bounds, stations).analyse(maskRadius);
 }
 

@@ -2,7 +2,7 @@
 
 #include "analysis/area.h"
 #include "analysis/stations.h"
-#include "frame/block.h"
+#include "base/floats.h"
 
 namespace velmar::analysis {
 
@@ -15,7 +15,7 @@ struct BarnesParameters {
 /// Spreads station values onto a grid with Gaussian weights: a weighted first guess and five passes of
 /// corrections, each narrower than the one before (after Barnes 1964). Prints a line a pass. Null when the
 /// grid has no points. With a mask radius above 0 (degrees) the field is capped and masked at the end.
-frame::ResultBlock analyseBarnes(const BarnesParameters& parameters, const GridSize& size,
-                                 const WholeBounds& bounds, const StationView& stations, float maskRadius);
+base::Floats analyseBarnes(const BarnesParameters& parameters, const GridSize& size,
+                           const WholeBounds& bounds, const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

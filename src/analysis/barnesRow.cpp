@@ -4,8 +4,8 @@
 #include <limits>
 #include <numbers>
 
-#include "frame/elementary.h"
-#include "frame/wideVectors.h"
+#include "base/elementary.h"
+#include "base/wideVectors.h"
 
 namespace velmar::analysis {
 
@@ -31,7 +31,7 @@ void addGaussian(const Columns& columns, const StationFromRow& station, float ra
     const StationFromRow from = station;
     for (std::size_t i = 0; i < count; ++i) {
         const float d = from.distanceOf(longitudes[i]);
-        const double weight = frame::exponential(-squareOf(d) / width);
+        const double weight = base::exponential(-squareOf(d) / width);
         sums[i] += d < radius ? weight * contribution : 0.0;
         weights[i] += d < radius ? weight : 0.0;
     }
@@ -82,7 +82,7 @@ BarnesSweep::BarnesSweep(float sweepRadius, double gaussianWidth, std::span<cons
       firstStation(first),
       ordinary(ordinaryMagnitude(brought)) {}
 
-BarnesRow::BarnesRow(const frame::GridPlace& place, int nx)
+BarnesRow::BarnesRow(const grid::GridPlace& place, int nx)
     : place_(place),
       longitudes_(columnLongitudes(place, nx)),
       nearestSquares_(longitudes_.size()),
@@ -155,7 +155,7 @@ WeightedSum BarnesRow::exactly(std::size_t i, const BarnesSweep& sweep) const {
     for (const auto& [fromRow, station] : reaching_) {
         const float d = fromRow.distanceOf(longitudes_[i]);
         if (!(d < sweep.radius)) continue;
-        const double weight = frame::exponential(-squareOf(d) / sweep.width);
+        const double weight = base::exponential(-squareOf(d) / sweep.width);
         result.sum += weight * static_cast<double>(sweep.contributions[station]);
         result.weight += weight;
     }

@@ -36,7 +36,7 @@ struct WeightedSum {
 /// the list, for points where that decides the rounding.
 class BarnesRow {
 public:
-    BarnesRow(const frame::GridPlace& place, int nx);
+    BarnesRow(const grid::GridPlace& place, int nx);
 
     /// Sums for the row at a latitude.
     void sum(float latitude, const StationView& stations, const BarnesSweep& sweep);
@@ -66,7 +66,7 @@ private:
     double farthestNearest(const BarnesSweep& sweep) const;
     void add(const StationFromRow& station, float radius, double width, float contribution, RowSums& sums);
 
-    const frame::GridPlace place_;
+    const grid::GridPlace place_;
     const std::vector<float> longitudes_;
     std::vector<Reaching> reaching_;
     std::vector<float> nearestSquares_;

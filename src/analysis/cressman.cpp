@@ -5,19 +5,19 @@
 #include <exception>
 #include <utility>
 
+#include "analysis/capAndMask.h"
 #include "analysis/distance.h"
-#include "analysis/nearby.h"
 #include "analysis/rowSums.h"
-#include "frame/messages.h"
-#include "frame/progress.h"
-#include "frame/wideVectors.h"
+#include "base/messages.h"
+#include "base/progress.h"
+#include "base/wideVectors.h"
 
 namespace velmar::analysis {
 
 namespace {
 
-using frame::GridPlace;
-using frame::ResultBlock;
+using base::Floats;
+using grid::GridPlace;
 
 constexpr float missing = -9999.0F;
 /// Of all scans only the third one, counted from 0, tells which points are without data.
@@ -55,8 +55,8 @@ public:
     Cressman(const GridSize& size, const GridPlace& place)
         : size_(size),
           place_(place),
-          grid_(frame::allocateBlock(frame::valueCount(size.nx, size.ny))),
-          unreached_(frame::valueCount(size.nx, size.ny)),
+          grid_(base::allocateFloats(grid::valueCount(size.nx, size.ny))),
+          unreached_(grid::valueCount(size.nx, size.ny)),
           row_(size.nx) {}
 
     /// Puts the stations on the grid. Those outside and those without a value are left out.
@@ -66,7 +66,7 @@ public:
     void fill(float value) { std::fill_n(grid_.get(), unreached_.size(), value); }
     void scan(float radius, bool marks);
     void blankUnreached();
-    ResultBlock release() { return std::move(grid_); }
+    Floats release() { return std::move(grid_); }
 
 private:
     float estimateAt(const GriddedStation& station) const;
@@ -75,7 +75,7 @@ private:
 
     const GridSize size_;
     const GridPlace place_;
-    ResultBlock grid_;  ///< asked for before what else grows with its size
+    Floats grid_;  ///< asked for before what else grows with its size
     std::vector<std::uint8_t> unreached_;
     RowSums row_;
     std::vector<GriddedStation> stations_;
@@ -92,8 +92,8 @@ void Cressman::placeStations(const StationView& stations, const Bounds& bounds) 
             longitude -= 360.0F;
         const float x = (longitude - place_.x0) / place_.dx;
         const float y = (stations.latitudes[k] - place_.y0) / place_.dy;
-        const int column = frame::truncateToInt(x);
-        const int row = frame::truncateToInt(y);
+        const int column = base::truncateToInt(x);
+        const int row = base::truncateToInt(y);
         // Truncation takes stations up to one grid length west or south of the grid for inside.
         const bool inside = column >= 0 && column < size_.nx && row >= 0 && row < size_.ny;
         if (inside && stations.values[k] != missing)
@@ -159,27 +159,27 @@ void Cressman::blankUnreached() {
 
 }  // namespace
 
-ResultBlock analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
-                            const StationView& stations, float maskRadius) try {
-    if (frame::valueCount(size.nx, size.ny) == 0) return nullptr;
+Floats analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
+                       const StationView& stations, float maskRadius) try {
+    if (grid::valueCount(size.nx, size.ny) == 0) return nullptr;
     const GridPlace place = placeOf(size, bounds);
     Cressman cressman(size, place);
     cressman.placeStations(stations, bounds);
     // The first guess is the sum of the values, not their mean: the scans correct it.
     const float sum = cressman.sum();
     if (sum == missing) {
-        frame::progress(frame::messages::cressmanSumIsMissing);
+        base::progress(base::messages::cressmanSumIsMissing);
         return nullptr;
     }
     cressman.fill(sum);
     for (std::size_t s = 0; s < radii.size(); ++s) cressman.scan(radii[s], s == markingScan);
     cressman.blankUnreached();
-    ResultBlock grid = cressman.release();
+    Floats grid = cressman.release();
     if (maskRadius > 0.0F) capByNearbyStations(grid.get(), place, size, stations, maskRadius);
     return grid;
 } catch (const std::exception&) {
     // std::bad_alloc, or std::length_error for more than an allocator can be asked for.
-    frame::progress(frame::messages::noMemoryForCressman);
+    base::progress(base::messages::noMemoryForCressman);
     return nullptr;
 }
 

@@ -4,7 +4,7 @@
 
 #include "analysis/area.h"
 #include "analysis/stations.h"
-#include "frame/block.h"
+#include "base/floats.h"
 
 namespace velmar::analysis {
 
@@ -13,7 +13,7 @@ namespace velmar::analysis {
 /// above 0 (degrees) the field is capped and masked at the end.
 ///
 ///   radii  influence radius of each scan, in grid lengths
-frame::ResultBlock analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
-                                   const StationView& stations, float maskRadius);
+base::Floats analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
+                             const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

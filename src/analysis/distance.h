@@ -5,8 +5,8 @@
 
 #include "analysis/area.h"
 #include "analysis/reach.h"
-#include "frame/elementary.h"
-#include "frame/grid.h"
+#include "base/elementary.h"
+#include "grid/grid.h"
 
 /// Distances in degrees, in single precision throughout.
 namespace velmar::analysis {
@@ -15,14 +15,14 @@ namespace velmar::analysis {
 inline float length(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }
 
 /// The longitudes of a grid's columns.
-inline std::vector<float> columnLongitudes(const frame::GridPlace& place, int nx) {
+inline std::vector<float> columnLongitudes(const grid::GridPlace& place, int nx) {
     std::vector<float> longitudes;
     longitudes.reserve(static_cast<std::size_t>(nx));
     for (int i = 0; i < nx; ++i) longitudes.push_back(place.x0 + static_cast<float>(i) * place.dx);
     return longitudes;
 }
 
-inline float rowLatitude(const frame::GridPlace& place, int j) {
+inline float rowLatitude(const grid::GridPlace& place, int j) {
     return place.y0 + static_cast<float>(j) * place.dy;
 }
 
@@ -46,7 +46,7 @@ struct StationFromRow {
     }
 
     /// The columns of the row that may lie within a distance.
-    LineRange columnsWithin(float distance, const frame::GridPlace& place, std::size_t nx) const {
+    LineRange columnsWithin(float distance, const grid::GridPlace& place, std::size_t nx) const {
         return linesWithin(place.x0, place.dx, nx, longitude, distance / std::fabs(cosine));
     }
 
@@ -54,7 +54,7 @@ private:
     static float cosineOf(float latitude, float otherLatitude) {
         constexpr float degreesPerRadianTwice = 114.59156F;
         return static_cast<float>(
-            frame::cosine(static_cast<double>((latitude + otherLatitude) / degreesPerRadianTwice)));
+            base::cosine(static_cast<double>((latitude + otherLatitude) / degreesPerRadianTwice)));
     }
 };
 

@@ -5,7 +5,7 @@
 #include "analysis/analysisArea.h"
 #include "analysis/barnes.h"
 #include "analysis/stations.h"
-#include "frame/block.h"
+#include "base/floats.h"
 
 namespace velmar::analysis {
 
@@ -19,10 +19,9 @@ inline constexpr std::array cressmanRadii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};
 inline constexpr BarnesParameters barnesParameters{.kappa = 0.25F, .radius = 20.0F, .gamma = 0.3F};
 
 /// The analyses with the parameters that station files get. Null without a grid.
-frame::ResultBlock runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius);
+base::Floats runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius);
 
 /// The bounds are cut to whole degrees.
-frame::ResultBlock runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
-                             float maskRadius);
+base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

@@ -3,7 +3,15 @@
 #include <span>
 #include <vector>
 
+#include "base/numbers.h"
+
 namespace velmar::analysis {
+
+/// Whether a value of a station file stands for none: 9999 or 999999, fractions left aside.
+inline bool isMissing(float value) {
+    const int whole = base::truncateToInt(value);
+    return whole == 9999 || whole == 999999;
+}
 
 /// Stations somebody else owns: parallel lists of the same length.
 struct StationView {

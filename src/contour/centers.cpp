@@ -4,14 +4,14 @@
 #include <cstddef>
 #include <limits>
 
-#include "frame/extremes.h"
-#include "frame/numbers.h"
+#include "base/numbers.h"
+#include "grid/extremes.h"
 
 namespace velmar::contour {
 
 namespace {
 
-using frame::GridView;
+using grid::GridView;
 
 enum class Kind : unsigned char { none, low, high };
 
@@ -95,7 +95,7 @@ void assignClasses(std::vector<Center>& centers) {
     float largest = -std::numeric_limits<float>::infinity();
     for (const Center& center : centers) largest = center.strength > largest ? center.strength : largest;
     const float step = std::max(largest / 10.0F, 5.0F);
-    for (Center& center : centers) center.strengthClass = frame::truncateToInt(center.strength / step);
+    for (Center& center : centers) center.strengthClass = base::truncateToInt(center.strength / step);
 }
 
 }  // namespace
@@ -103,7 +103,7 @@ void assignClasses(std::vector<Center>& centers) {
 std::vector<Center> findGridCenters(const GridView& grid, float missing) {
     std::vector<Center> centers;
     if (grid.nx < 3 || grid.ny < 3) return centers;
-    const auto [largest, smallest] = frame::extremesOf({grid.values, grid.size()}, missing);
+    const auto [largest, smallest] = grid::extremesOf({grid.values, grid.size()}, missing);
     std::vector<Kind> kinds(static_cast<std::size_t>(grid.nx), Kind::none);
     for (int row = 1; row + 1 < grid.ny; ++row) {
         if (!classifyRow(grid, row, kinds)) continue;

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::contour {
 
@@ -20,6 +20,6 @@ struct Center {
 
 /// Finds the centres of a grid: inner points below or above their neighbours, ordered by column, then by row.
 /// `missing` is left out of the range of the data; such points are compared like others.
-std::vector<Center> findGridCenters(const frame::GridView& grid, float missing);
+std::vector<Center> findGridCenters(const grid::GridView& grid, float missing);
 
 }  // namespace velmar::contour

@@ -2,12 +2,12 @@
 
 namespace velmar::contour {
 
-using frame::LevelIndex;
-using frame::nextColumn;
+using grid::LevelIndex;
+using grid::nextColumn;
 using Word = std::uint64_t;
 
 void Crossings::mark(const LevelIndex& index, float level) {
-    const frame::GridView& grid = index.grid();
+    const grid::GridView& grid = index.grid();
     const std::size_t words = index.wordsPerRow();
     alongRow.resize(grid.nx, grid.ny);
     alongColumn.resize(grid.nx, grid.ny - 1);

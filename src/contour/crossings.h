@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "frame/bitPlane.h"
-#include "frame/levelIndex.h"
+#include "grid/bitPlane.h"
+#include "grid/levelIndex.h"
 
 namespace velmar::contour {
 
@@ -12,11 +12,11 @@ namespace velmar::contour {
 /// below, both with data.
 struct Crossings {
     /// Bit (i, j): the edge from point (i, j) to (i + 1, j).
-    frame::BitPlane alongRow;
+    grid::BitPlane alongRow;
     /// Bit (i, j): the edge from point (i, j) to (i, j + 1). It has a row less than the grid.
-    frame::BitPlane alongColumn;
+    grid::BitPlane alongColumn;
 
-    void mark(const frame::LevelIndex& index, float level);
+    void mark(const grid::LevelIndex& index, float level);
 
 private:
     std::vector<std::uint64_t> above_;

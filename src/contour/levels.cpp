@@ -7,19 +7,19 @@
 #include <limits>
 #include <string>
 
-#include "frame/extremes.h"
-#include "frame/messages.h"
-#include "frame/numbers.h"
-#include "frame/progress.h"
+#include "base/messages.h"
+#include "base/numbers.h"
+#include "base/progress.h"
+#include "grid/extremes.h"
 
 namespace velmar::contour {
 
 namespace {
 
-using frame::Extremes;
-using frame::progress;
-using frame::truncateToInt;
-namespace messages = frame::messages;
+using base::progress;
+using base::truncateToInt;
+using grid::Extremes;
+namespace messages = base::messages;
 
 /// An interval and the power of ten that it was rounded with.
 struct RoundedInterval {
@@ -150,14 +150,14 @@ std::vector<float> intervalLevels(const LevelRequest& request) {
 
 }  // namespace
 
-Levels chooseLevels(const frame::GridView& grid, float missing, const LevelRequest& request) {
+Levels chooseLevels(const grid::GridView& grid, float missing, const LevelRequest& request) {
     Levels levels{{}, request.start};
     switch (request.mode) {
         case LevelMode::interval:
             levels.values = intervalLevels(request);
             break;
         case LevelMode::automatic:
-            levels = automaticLevels(frame::extremesOf({grid.values, grid.size()}, missing), request);
+            levels = automaticLevels(grid::extremesOf({grid.values, grid.size()}, missing), request);
             break;
         case LevelMode::list:
             if (request.list.size() <= mostLevels)

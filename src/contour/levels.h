@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::contour {
 
@@ -52,6 +52,6 @@ struct Levels {
 /// zero, else from a rounded start upward, so far that they reach past the data. The interval is the data's
 /// range divided by the wanted count, rounded to one significant digit (above 10, below 1) or to its integer
 /// part.
-Levels chooseLevels(const frame::GridView& grid, float missing, const LevelRequest& request);
+Levels chooseLevels(const grid::GridView& grid, float missing, const LevelRequest& request);
 
 }  // namespace velmar::contour

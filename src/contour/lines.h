@@ -4,13 +4,13 @@
 #include <span>
 #include <vector>
 
-#include "frame/grid.h"
-#include "frame/keptMemory.h"
+#include "base/keptMemory.h"
+#include "grid/grid.h"
 
 namespace velmar::contour {
 
 /// Positions on the traced grid, counted from 1 at the first column and row.
-using frame::Point;
+using grid::Point;
 
 /// One traced line: `pointCount` points from `firstPoint` on. A ring repeats its first point at its end.
 struct ContourLine {
@@ -35,7 +35,7 @@ struct LineList {
     }
 
     /// Of memory.
-    std::size_t bytes() const { return frame::bytesOf(lines) + frame::bytesOf(points); }
+    std::size_t bytes() const { return base::bytesOf(lines) + base::bytesOf(points); }
 };
 
 }  // namespace velmar::contour

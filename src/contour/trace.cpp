@@ -4,20 +4,20 @@
 #include <bit>
 #include <cstdint>
 
-#include "frame/levelCurve.h"
+#include "grid/levelCurve.h"
 
 namespace velmar::contour {
 
 namespace {
 
-using frame::bit;
-using frame::BitPlane;
-using frame::Cell;
-using frame::Edge;
-using frame::GridView;
-using frame::LevelCurve;
-using frame::Pairing;
-using frame::Side;
+using grid::bit;
+using grid::BitPlane;
+using grid::Cell;
+using grid::Edge;
+using grid::GridView;
+using grid::LevelCurve;
+using grid::Pairing;
+using grid::Side;
 
 /// How many points a line may have on either side of its start.
 struct WalkRoom {

@@ -14,7 +14,7 @@ namespace velmar::contour {
 /// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
 /// is cut where it would have met the end. Only the buffer's size lives on.
 struct TraceBuffers {
-    frame::LevelIndex index;
+    grid::LevelIndex index;
     Crossings crossings;
     std::vector<Point> forward;
     std::vector<Point> backward;
@@ -23,7 +23,7 @@ struct TraceBuffers {
     /// Of memory.
     std::size_t bytes() const {
         return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
-               frame::bytesOf(forward) + frame::bytesOf(backward);
+               base::bytesOf(forward) + base::bytesOf(backward);
     }
 };
 
@@ -38,7 +38,7 @@ struct TraceBuffers {
 /// row comes first. Edges on the last row and on the last column start no line. From its start a line is
 /// followed upward or to the right, then downward or to the left; its points are stored from the end of the
 /// second walk through the start to the end of the first.
-void traceLevels(const frame::GridView& grid, float missing, std::span<const float> levels,
+void traceLevels(const grid::GridView& grid, float missing, std::span<const float> levels,
                  TraceBuffers& buffers, LineList& lines);
 
 }  // namespace velmar::contour

@@ -4,13 +4,12 @@
 #include <span>
 #include <vector>
 
-#include "frame/block.h"
-#include "frame/grid.h"
-#include "frame/keptMemory.h"
+#include "base/keptMemory.h"
+#include "grid/grid.h"
 
 namespace velmar::shade {
 
-using frame::Point;
+using grid::Point;
 
 /// A finished polygon: `pointCount` points from `firstPoint` on, the last one equal to the first.
 struct ShadePolygon {
@@ -30,7 +29,7 @@ struct ShadePolygonList {
     }
 
     /// Of memory.
-    std::size_t bytes() const { return frame::bytesOf(polygons) + frame::bytesOf(points); }
+    std::size_t bytes() const { return base::bytesOf(polygons) + base::bytesOf(points); }
 };
 
 /// Empties the list. Memory is kept for the next call.
@@ -39,10 +38,5 @@ void freeShadePolygons(ShadePolygonList& list);
 /// Adds a polygon in the host's coordinates; one of fewer than three points is ignored. The colour is brought
 /// into 0 to 99.
 void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, float level, int colour);
-
-/// Packs the polygons and their grid into the result of the shading exports and empties the list. Null when
-/// it is empty already.
-frame::ResultBlock buildShadeResult(ShadePolygonList& list, const frame::GridView& grid,
-                                    const frame::GridPlace& place);
 
 }  // namespace velmar::shade

@@ -5,19 +5,17 @@
 #include <limits>
 #include <vector>
 
-#include "frame/messages.h"
-#include "frame/numbers.h"
-#include "frame/progress.h"
-#include "shade/state.h"
+#include "base/messages.h"
+#include "base/numbers.h"
+#include "base/progress.h"
 #include "shade/strips.h"
 
 namespace velmar::shade {
 
-using frame::GridPlace;
-using frame::GridView;
-using frame::progress;
-using frame::ResultBlock;
-namespace messages = frame::messages;
+using base::progress;
+using grid::GridPlace;
+using grid::GridView;
+namespace messages = base::messages;
 
 namespace {
 
@@ -44,9 +42,8 @@ bool prepare(const ShadeRequest& request, TraceBuffers& buffers) {
                messages::noFlagsBuffer);
 }
 
-/// Leaves the polygons of a grid in the list. False on failure.
-bool tracePolygons(const ShadeRequest& request, const GridPlace& place, HolePlace holePlace) {
-    auto& [polygons, buffers] = state();
+bool tracePolygons(const ShadeRequest& request, const GridPlace& place, HolePlace holePlace,
+                   TraceBuffers& buffers, ShadePolygonList& polygons) {
     freeShadePolygons(polygons);
     const GridView& grid = request.grid;
     const bool hasCells = grid.values != nullptr && grid.nx > 1 && grid.ny > 1;
@@ -69,7 +66,7 @@ public:
     /// A whole coordinate is the position of a line; the fraction lies within the next spacing.
     float mapTableCoordinate(float coordinate) const {
         const int last = static_cast<int>(steps_.size()) - 1;
-        const int line = std::clamp(frame::truncateToInt(coordinate), 0, last);
+        const int line = std::clamp(base::truncateToInt(coordinate), 0, last);
         const float fraction = coordinate - static_cast<float>(line);
         const float position = positions_[static_cast<std::size_t>(line)];
         const bool between = fraction > 0.0F && line < last;
@@ -85,33 +82,25 @@ private:
 
 int ShadeLevels::countUpTo(float value) const {
     if (levels_ != nullptr) return count_;
-    return value < 0.0F ? 0 : std::min(count_ - 1, frame::truncateToInt(value)) + 1;
+    return value < 0.0F ? 0 : std::min(count_ - 1, base::truncateToInt(value)) + 1;
 }
 
-ResultBlock shade(const ShadeRequest& request, const GridPlace& place) {
-    frame::KeptMemory memory(state());
-    if (!tracePolygons(request, place, HolePlace::degrees)) return nullptr;
-    ResultBlock block = buildShadeResult(state().polygons, request.grid, place);
-    memory.succeed();
-    return block;
+bool shadeGrid(const ShadeRequest& request, const GridPlace& place, TraceBuffers& buffers,
+               ShadePolygonList& polygons) {
+    return tracePolygons(request, place, HolePlace::degrees, buffers, polygons);
 }
 
-ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const float* ySteps) {
-    if (xSteps == nullptr || ySteps == nullptr) return nullptr;
+bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, TraceBuffers& buffers,
+                     ShadePolygonList& polygons) {
     // Holes keep grid coordinates that count from 1, all other polygons get such that count from 0; the
     // tables are applied to both alike.
-    constexpr GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
-    frame::KeptMemory memory(state());
-    if (!tracePolygons(request, gridColumns, HolePlace::gridColumns)) return nullptr;
-    ShadePolygonList& polygons = state().polygons;
-    if (polygons.polygons.empty()) return nullptr;
-    const LineTable columns(xSteps, request.grid.nx);
-    const LineTable rows(ySteps, request.grid.ny);
+    if (!tracePolygons(request, gridColumns, HolePlace::gridColumns, buffers, polygons)) return false;
+    if (polygons.polygons.empty()) return true;
+    const LineTable columns(steps.x, request.grid.nx);
+    const LineTable rows(steps.y, request.grid.ny);
     for (Point& point : polygons.points)
         point = {columns.mapTableCoordinate(point.x), rows.mapTableCoordinate(point.y)};
-    ResultBlock block = buildShadeResult(polygons, request.grid, gridColumns);
-    memory.succeed();
-    return block;
+    return true;
 }
 
 }  // namespace velmar::shade

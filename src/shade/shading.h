@@ -4,8 +4,9 @@
 #include <span>
 
 #include "contour/levels.h"
-#include "frame/block.h"
-#include "frame/grid.h"
+#include "grid/grid.h"
+#include "shade/polygons.h"
+#include "shade/trace.h"
 
 namespace velmar::shade {
 
@@ -44,17 +45,27 @@ private:
 /// What is shaded: a grid, the value of its points without data, and the number of rows that are traced at a
 /// time (below 1: all).
 struct ShadeRequest {
-    frame::GridView grid;
+    grid::GridView grid;
     float undefValue;
     ShadeLevels levels;
     int stripRows;
 };
 
-/// Shades an evenly spaced grid. Null when there is no polygon or the tracing fails.
-frame::ResultBlock shade(const ShadeRequest& request, const frame::GridPlace& place);
+/// Where the columns and rows of an unevenly spaced grid lie: the position of the first, then the spacing of each
+/// following one, nx + 1 and ny + 1 entries.
+struct GridLineSteps {
+    const float* x;
+    const float* y;
+};
 
-/// Shades a grid whose columns and rows lie where the tables say: the position of the first line, then the
-/// spacing of each following one, nx + 1 and ny + 1 entries.
-frame::ResultBlock shadeUneven(const ShadeRequest& request, const float* xSteps, const float* ySteps);
+/// The place of a grid whose positions are numbers of columns and rows.
+inline constexpr grid::GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
+
+/// Leave the polygons of a grid in the list, which is emptied first. False, told on standard output, when the tracing
+/// fails; the list may hold something then.
+bool shadeGrid(const ShadeRequest& request, const grid::GridPlace& place, TraceBuffers& buffers,
+               ShadePolygonList& polygons);
+bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, TraceBuffers& buffers,
+                     ShadePolygonList& polygons);
 
 }  // namespace velmar::shade

@@ -4,10 +4,10 @@
 
 namespace velmar::shade {
 
-using frame::BitPlane;
-using frame::LevelIndex;
-using frame::nextColumn;
-using frame::previousColumn;
+using grid::BitPlane;
+using grid::LevelIndex;
+using grid::nextColumn;
+using grid::previousColumn;
 using Word = std::uint64_t;
 
 namespace {

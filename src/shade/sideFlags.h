@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frame/bitPlane.h"
-#include "frame/levelCurve.h"
-#include "frame/levelIndex.h"
+#include "grid/bitPlane.h"
+#include "grid/levelCurve.h"
+#include "grid/levelIndex.h"
 
 namespace velmar::shade {
 
@@ -28,9 +28,9 @@ constexpr bool isBoundary(SideFlag flag) {
 /// The flags of the sides along rows, or of those along columns, one bit plane a property. The planes are as
 /// large as the grid; the rows of the strip are in use.
 struct SideFlags {
-    frame::BitPlane usable;    ///< sides of defined cells
-    frame::BitPlane boundary;  ///< sides with a defined cell and an undefined one
-    frame::BitPlane walked;    ///< sides that a trace of this level has crossed or walked
+    grid::BitPlane usable;    ///< sides of defined cells
+    grid::BitPlane boundary;  ///< sides with a defined cell and an undefined one
+    grid::BitPlane walked;    ///< sides that a trace of this level has crossed or walked
 
     SideFlag at(int i, int j) const {
         const bool done = walked.test(i, j);
@@ -42,23 +42,23 @@ struct SideFlags {
 
 /// The cells and sides of a strip.
 struct StripSides {
-    frame::BitPlane definedCells;  ///< cells with data at all four corners, named by the lower-numbered one
-    SideFlags sideFlagsH;          ///< side (i, j): from point (i, j) to (i + 1, j)
-    SideFlags sideFlagsV;          ///< side (i, j): from point (i, j) to (i, j + 1)
+    grid::BitPlane definedCells;  ///< cells with data at all four corners, named by the lower-numbered one
+    SideFlags sideFlagsH;         ///< side (i, j): from point (i, j) to (i + 1, j)
+    SideFlags sideFlagsV;         ///< side (i, j): from point (i, j) to (i, j + 1)
 
     void resize(int nx, int ny);
 
     /// Finds the undefined boundaries of a strip.
-    void markUndefinedSides(const frame::LevelIndex& index, const Strip& strip);
+    void markUndefinedSides(const grid::LevelIndex& index, const Strip& strip);
 
     /// Forgets what has been walked.
     void clearWalked(const Strip& strip);
 
-    SideFlags& of(const frame::Edge& side) { return side.alongRow ? sideFlagsH : sideFlagsV; }
-    SideFlag flag(const frame::Edge& side) const {
+    SideFlags& of(const grid::Edge& side) { return side.alongRow ? sideFlagsH : sideFlagsV; }
+    SideFlag flag(const grid::Edge& side) const {
         return (side.alongRow ? sideFlagsH : sideFlagsV).at(side.i, side.j);
     }
-    void setWalked(const frame::Edge& side) { of(side).walked.set(side.i, side.j); }
+    void setWalked(const grid::Edge& side) { of(side).walked.set(side.i, side.j); }
 };
 
 }  // namespace velmar::shade

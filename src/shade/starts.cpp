@@ -4,8 +4,8 @@
 
 namespace velmar::shade {
 
-using frame::BitPlane;
-using frame::nextColumn;
+using grid::BitPlane;
+using grid::nextColumn;
 using Word = std::uint64_t;
 
 namespace {

@@ -6,8 +6,8 @@
 
 namespace velmar::shade {
 
-using frame::GridPlace;
-using frame::GridView;
+using grid::GridPlace;
+using grid::GridView;
 
 namespace {
 
@@ -25,7 +25,7 @@ void popHoles(HoleStack& stack, const ShadeLevels& levels, const GridPlace& plac
     stack.clear();
 }
 
-void markAbove(const frame::LevelIndex& index, const Strip& strip, float level, frame::BitPlane& above) {
+void markAbove(const grid::LevelIndex& index, const Strip& strip, float level, grid::BitPlane& above) {
     for (int j = strip.jmin; j <= strip.jmax; ++j)
         index.classifyRow(j, level, {above.row(j), above.wordsPerRow()});
 }
@@ -40,7 +40,7 @@ bool traceLevel(const Strip& strip, const ShadeLevel& level, const GridPlace& pl
 
 bool traceStrip(const Strip& strip, const ShadeLevels& levels, const GridPlace& place, TraceBuffers& buffers,
                 ShadePolygonList& polygons) {
-    const frame::LevelIndex::Range range = buffers.index.rangeOfRows(strip.jmin, strip.jmax);
+    const grid::LevelIndex::Range range = buffers.index.rangeOfRows(strip.jmin, strip.jmax);
     const float lowest = std::min(range.lowest, 9.99e33F);
     const float highest = std::max(range.highest, -9.99e33F);
     buffers.sides.markUndefinedSides(buffers.index, strip);

@@ -14,7 +14,7 @@ enum class HolePlace {
 /// Traces the levels of a grid strip by strip and appends the polygons to the list: for each strip, level by
 /// level, what lies above, and then the holes, the newest first. Holes have the colour of the band below the
 /// level that they belong to, but the level that stands last in the list. False on failure.
-[[nodiscard]] bool traceStrips(const ShadeRequest& request, const frame::GridPlace& place,
-                               HolePlace holePlace, TraceBuffers& buffers, ShadePolygonList& polygons);
+[[nodiscard]] bool traceStrips(const ShadeRequest& request, const grid::GridPlace& place, HolePlace holePlace,
+                               TraceBuffers& buffers, ShadePolygonList& polygons);
 
 }  // namespace velmar::shade

@@ -2,18 +2,18 @@
 
 #include <bit>
 
-#include "frame/messages.h"
-#include "frame/progress.h"
+#include "base/messages.h"
+#include "base/progress.h"
 
 namespace velmar::shade {
 
-using frame::bit;
-using frame::Cell;
-using frame::Edge;
-using frame::Pairing;
-using frame::progress;
-using frame::Side;
-namespace messages = frame::messages;
+using base::progress;
+using grid::bit;
+using grid::Cell;
+using grid::Edge;
+using grid::Pairing;
+using grid::Side;
+namespace messages = base::messages;
 
 namespace {
 
@@ -39,7 +39,7 @@ constexpr unsigned crossedSides(unsigned cornersAbove) {
 
 }  // namespace
 
-RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const frame::GridPlace& place,
+RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
                            TraceBuffers& buffers, ShadePolygonList& polygons)
     : grid_(buffers.index.grid()),
       strip_(strip),

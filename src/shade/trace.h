@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
-#include "frame/bitPlane.h"
-#include "frame/levelCurve.h"
-#include "frame/levelIndex.h"
+#include "grid/bitPlane.h"
+#include "grid/levelCurve.h"
+#include "grid/levelIndex.h"
 #include "shade/polygons.h"
 #include "shade/sideFlags.h"
 
@@ -34,8 +34,8 @@ struct HoleStack {
 
 /// Buffers of the tracing, reused from call to call.
 struct TraceBuffers {
-    frame::LevelIndex index;
-    frame::BitPlane above;  ///< points with data that lie above the level
+    grid::LevelIndex index;
+    grid::BitPlane above;  ///< points with data that lie above the level
     StripSides sides;
     std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
     HoleStack holeStack;
@@ -43,8 +43,8 @@ struct TraceBuffers {
     /// Of memory.
     std::size_t bytes() const {
         constexpr std::size_t planes = 8;  // those of the sides are all as large as that of the points
-        return index.bytes() + planes * above.bytes() + frame::bytesOf(xyBuffer) +
-               frame::bytesOf(holeStack.records) + frame::bytesOf(holeStack.points);
+        return index.bytes() + planes * above.bytes() + base::bytesOf(xyBuffer) +
+               base::bytesOf(holeStack.records) + base::bytesOf(holeStack.points);
     }
 };
 
@@ -96,7 +96,7 @@ enum class DiagonalCase { risingUndefined = 1, fallingUndefined = 2, contradicti
 /// ground stays on the same hand all along.
 class RegionTracer {
 public:
-    RegionTracer(const Strip& strip, const ShadeLevel& level, const frame::GridPlace& place,
+    RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
                  TraceBuffers& buffers, ShadePolygonList& polygons);
 
     /// Traces one polygon. High ground is added to the polygons, low ground to the stack of holes. False on
@@ -124,8 +124,8 @@ private:
 
     // Cell walk
     bool leaveCell();
-    frame::Pairing chooseSaddleExit() const;
-    Next walkToHighEnd(const frame::Edge& side);
+    grid::Pairing chooseSaddleExit() const;
+    Next walkToHighEnd(const grid::Edge& side);
 
     // Boundary walks
     Next stepAlong(Direction direction);
@@ -140,17 +140,17 @@ private:
 
     [[nodiscard]] bool addShadePoint(const Point& point);
     bool isAbove(int i, int j) const { return buffers_.above.test(i, j); }
-    bool isInStrip(const frame::Cell& cell) const;
-    bool isDefined(const frame::Cell& cell) const {
+    bool isInStrip(const grid::Cell& cell) const;
+    bool isDefined(const grid::Cell& cell) const {
         return isInStrip(cell) && buffers_.sides.definedCells.test(cell.i, cell.j);
     }
     SideFlag flagAhead(Direction direction) const;
 
-    const frame::GridView grid_;
+    const grid::GridView grid_;
     const Strip strip_;
     const ShadeLevel level_;
-    const frame::LevelCurve curve_;
-    const frame::GridPlace place_;
+    const grid::LevelCurve curve_;
+    const grid::GridPlace place_;
     TraceBuffers& buffers_;
     ShadePolygonList& polygons_;
 
@@ -158,8 +158,8 @@ private:
     StartKind startKind_{};
     std::optional<Walker> start_;  ///< where it began on a boundary
     bool touchedBoundary_ = false;
-    frame::Cell cell_{};        ///< a cell walk enters this cell ...
-    frame::Side entry_{};       ///< ... through this side ...
+    grid::Cell cell_{};         ///< a cell walk enters this cell ...
+    grid::Side entry_{};        ///< ... through this side ...
     bool offBoundary_ = false;  ///< ... which is part of the undefined boundary that it has followed so far
     Walker walker_{};           ///< a boundary walk is here
 };

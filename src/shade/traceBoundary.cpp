@@ -1,17 +1,17 @@
 // The walks of a trace along the strip's edge and along undefined boundaries, from grid point to grid point.
 #include <array>
 
-#include "frame/messages.h"
-#include "frame/progress.h"
+#include "base/messages.h"
+#include "base/progress.h"
 #include "shade/trace.h"
 
 namespace velmar::shade {
 
-using frame::Cell;
-using frame::Edge;
-using frame::progress;
-using frame::Side;
-namespace messages = frame::messages;
+using base::progress;
+using grid::Cell;
+using grid::Edge;
+using grid::Side;
+namespace messages = base::messages;
 
 namespace {
 

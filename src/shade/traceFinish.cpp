@@ -4,16 +4,16 @@
 #include <limits>
 #include <new>
 
-#include "frame/messages.h"
-#include "frame/numbers.h"
-#include "frame/progress.h"
+#include "base/messages.h"
+#include "base/numbers.h"
+#include "base/progress.h"
 #include "shade/trace.h"
 
 namespace velmar::shade {
 
-using frame::progress;
-using frame::truncateToInt;
-namespace messages = frame::messages;
+using base::progress;
+using base::truncateToInt;
+namespace messages = base::messages;
 
 bool RegionTracer::finish() {
     removeDuplicatePoints();

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "frame/block.h"
-#include "frame/grid.h"
+#include "base/floats.h"
 
 namespace velmar::wind {
 
@@ -18,25 +17,28 @@ struct Position {
 /// Whether the pen is up or down on its way to a point, as results say it.
 enum class Pen { up = 0, down = 1 };
 
-/// Streamlines and arrows on their way to a result block. Points go into the block at once, as there can be
+/// Streamlines and arrows on their way to a result. Points go into the array of that result at once, as there can be
 /// gigabytes of them.
-class Drawing {
-public:
-    Drawing();
+struct Drawing {
+    base::GrowingFloats
+        points;  ///< behind some elements for whoever wants the array: pen, longitude, latitude, colour
+    std::vector<float> arrows;  ///< 2, tail, head, colour
+    int currentColour;          ///< of the last piece of line that was coloured
 
-    void addPoint(Pen pen, Position position, int colour) {
-        points_.append(std::array{static_cast<float>(pen), position.longitude, position.latitude,
-                                  static_cast<float>(colour)});
+    /// Leaves the first elements of the points to the caller.
+    Drawing(std::size_t headElements, int firstColour) : currentColour(firstColour) {
+        points.claim(headElements);
     }
-    void addArrow(Position tail, Position head, int colour);
 
-    /// The result of streamAnalyse. Nothing can be added afterwards.
-    frame::ResultBlock finish(const frame::GridView& u, const frame::GridView& v,
-                              const frame::Lattice& lattice);
-
-private:
-    frame::GrowingBlock points_;
-    std::vector<float> arrows_;
+    void addPoint(Pen pen, Position position) {
+        points.append(std::array{static_cast<float>(pen), position.longitude, position.latitude,
+                                 static_cast<float>(currentColour)});
+    }
+    void addArrow(Position tail, Position head) {
+        constexpr float tag = 2.0F;
+        arrows.insert(arrows.end(), {tag, tail.longitude, tail.latitude, head.longitude, head.latitude,
+                                     static_cast<float>(currentColour)});
+    }
 };
 
 }  // namespace velmar::wind

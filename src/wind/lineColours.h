@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::wind {
 
@@ -25,7 +25,7 @@ private:
 
 /// What streamlines are coloured by.
 struct LineColours {
-    frame::GridView grid;  ///< without values: all lines have colour 1
+    grid::GridView grid;  ///< without values: all lines have colour 1
     float missing;
     ColourTable table;
 };

@@ -5,8 +5,8 @@
 #include <new>
 #include <optional>
 
-#include "frame/messages.h"
-#include "frame/progress.h"
+#include "base/messages.h"
+#include "base/progress.h"
 
 namespace velmar::wind {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 constexpr int usualDensity = 5;
 
 /// How many cells there are to a grid length: about 200 to the longer side at the usual density.
-int cellsPerLength(const frame::GridView& grid, int density) {
+int cellsPerLength(const grid::GridView& grid, int density) {
     constexpr int cellsPerSide = 200;
     const long long wanted =
         cellsPerSide / std::max(grid.nx, grid.ny) + (static_cast<long long>(density) - usualDensity);
@@ -27,10 +27,10 @@ int freeCells(int density) {
     return density < usualDensity ? 3 : 1;
 }
 
-std::optional<FlagGrid> allocateFlags(const frame::GridView& grid, int scale) try {
+std::optional<FlagGrid> allocateFlags(const grid::GridView& grid, int scale) try {
     return FlagGrid(std::int64_t{grid.nx} * scale, std::int64_t{grid.ny} * scale);
 } catch (const std::bad_alloc&) {
-    frame::progress(frame::messages::noMemoryForStreamlines);
+    base::progress(base::messages::noMemoryForStreamlines);
     return std::nullopt;
 }
 
@@ -54,21 +54,16 @@ void seedRow(std::int64_t row, int reach, int scale, const FlagGrid& flags, Trac
 
 }  // namespace
 
-frame::ResultBlock drawStreamlines(const Wind& wind, const LineColours& colours, int density,
-                                   WindState& state) {
-    if (wind.u.size() == 0) return nullptr;
+std::optional<Drawing> drawStreamlines(const Wind& wind, const LineColours& colours,
+                                       const grid::Lattice& lattice, int density, Drawing drawing) {
+    if (wind.u.size() == 0) return std::nullopt;
     const int scale = cellsPerLength(wind.u, density);
     std::optional<FlagGrid> flags = allocateFlags(wind.u, scale);
-    if (!flags) return nullptr;
-    Drawing drawing;
-    int colour = state.currentColour;
-    Tracer tracer(wind, colours, state.lattice, scale, *flags, drawing, colour);
+    if (!flags) return std::nullopt;
+    Tracer tracer(wind, colours, lattice, scale, *flags, drawing);
     for (std::int64_t row = 0; row < flags->rows(); ++row)
         seedRow(row, freeCells(density), scale, *flags, tracer);
-    frame::ResultBlock block = drawing.finish(wind.u, wind.v, state.lattice);
-    // Not before: a call that lacks memory leaves nothing behind.
-    state.currentColour = colour;
-    return block;
+    return drawing;
 }
 
 }  // namespace velmar::wind

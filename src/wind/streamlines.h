@@ -1,17 +1,21 @@
 #pragma once
 
+#include <optional>
+
+#include "grid/grid.h"
+#include "wind/drawing.h"
 #include "wind/lineColours.h"
-#include "wind/state.h"
 #include "wind/tracer.h"
 
 namespace velmar::wind {
 
 /// Draws evenly spaced streamlines: every cell of a fine grid, row after row, starts a line when no line has
-/// passed near it. Returns the block that streamAnalyse describes; null for an empty field, or, told on standard
-/// output, when there is no memory for the cells.
+/// passed near it. Nullopt for an empty field, or, told on standard output, when there is no memory for the cells.
 ///
+///   lattice  where the wind lies
 ///   density  5 is usual; larger values give more lines
-frame::ResultBlock drawStreamlines(const Wind& wind, const LineColours& colours, int density,
-                                   WindState& state);
+///   drawing  what is drawn is added to it
+std::optional<Drawing> drawStreamlines(const Wind& wind, const LineColours& colours,
+                                       const grid::Lattice& lattice, int density, Drawing drawing);
 
 }  // namespace velmar::wind

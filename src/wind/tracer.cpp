@@ -6,8 +6,8 @@
 namespace velmar::wind {
 namespace {
 
-using frame::GridView;
-using frame::Point;
+using grid::GridView;
+using grid::Point;
 
 constexpr std::int64_t noCell = -999;
 constexpr int mostStepsInCell = 10;
@@ -27,21 +27,20 @@ bool isPart(Point part) { return part.x >= 0 && part.x < 1 && part.y >= 0 && par
 
 }  // namespace
 
-Tracer::Tracer(const Wind& wind, const LineColours& colours, const frame::Lattice& lattice,
-               int cellsPerLength, FlagGrid& flags, Drawing& drawing, int& currentColour)
+Tracer::Tracer(const Wind& wind, const LineColours& colours, const grid::Lattice& lattice, int cellsPerLength,
+               FlagGrid& flags, Drawing& drawing)
     : wind_(wind),
       colours_(colours),
       lattice_(lattice),
       cellsPerLength_(static_cast<float>(cellsPerLength)),
       stepLength_(0.5F / cellsPerLength_),
       flags_(flags),
-      drawing_(drawing),
-      currentColour_(currentColour) {}
+      drawing_(drawing) {}
 
 bool Tracer::trace(Point start) {
     bool hasFlagged = false;
     for (const Direction direction : {Direction::withFlow, Direction::againstFlow}) {
-        drawing_.addPoint(Pen::up, degrees(start), currentColour_);
+        drawing_.addPoint(Pen::up, degrees(start));
         hasFlagged |= trace(start, direction);
     }
     return hasFlagged;
@@ -62,7 +61,7 @@ bool Tracer::isInside(Point place) const {
            static_cast<double>(place.y) < wind_.u.ny - 1;
 }
 
-/// The way by 1 and back again is not for nothing: it rounds.
+/// Adding and subtracting 1 is deliberate: it rounds to single precision.
 Position Tracer::degrees(Point place) const {
     return {lattice_.startLongitude + ((place.x + 1.0F) - 1.0F) * lattice_.longitudeStep,
             lattice_.startLatitude + ((place.y + 1.0F) - 1.0F) * lattice_.latitudeStep};
@@ -101,7 +100,7 @@ void Tracer::chooseColour(Point part) {
     if (colours_.grid.values != nullptr) {
         colour_ = gridCell_.hasColour ? colours_.table(gridCell_.colour.between(part)) : colourOfMissing;
     }
-    if (colour_ != previousColour_ && colour_ > -1) currentColour_ = std::min(colour_, largestColour);
+    if (colour_ != previousColour_ && colour_ > -1) drawing_.currentColour = std::min(colour_, largestColour);
     previousColour_ = colour_;
 }
 
@@ -148,15 +147,14 @@ void Tracer::draw(Walk& walk, Direction direction) {
     const bool drawn = colour_ > -1;
     const Position here = degrees(walk.place);
     if (drawn) {
-        if (walk.penIsUp) drawing_.addPoint(Pen::up, previous_, currentColour_);
-        drawing_.addPoint(Pen::down, here, currentColour_);
+        if (walk.penIsUp) drawing_.addPoint(Pen::up, previous_);
+        drawing_.addPoint(Pen::down, here);
     }
     walk.penIsUp = !drawn;
     previous_ = here;
     if (++walk.stepsSinceArrow > stepsBetweenArrows) {
         const bool withFlow = direction == Direction::withFlow;
-        if (drawn)
-            drawing_.addArrow(withFlow ? walk.last : here, withFlow ? here : walk.last, currentColour_);
+        if (drawn) drawing_.addArrow(withFlow ? walk.last : here, withFlow ? here : walk.last);
         walk.stepsSinceArrow = 0;
     }
     walk.last = here;

@@ -10,8 +10,8 @@ namespace velmar::wind {
 
 /// A wind field to be traced, m/s, rows from south to north.
 struct Wind {
-    frame::GridView u;
-    frame::GridView v;
+    grid::GridView u;
+    grid::GridView v;
     float uMissing;
     float vMissing;
 };
@@ -23,12 +23,12 @@ struct Wind {
 class Tracer {
 public:
     /// There are `cellsPerLength` cells to a grid length in both directions.
-    Tracer(const Wind& wind, const LineColours& colours, const frame::Lattice& lattice, int cellsPerLength,
-           FlagGrid& flags, Drawing& drawing, int& currentColour);
+    Tracer(const Wind& wind, const LineColours& colours, const grid::Lattice& lattice, int cellsPerLength,
+           FlagGrid& flags, Drawing& drawing);
 
     /// Draws the line through a place, first with the flow and then against it, until it comes to a flagged cell,
     /// a calm, the edge or a place without data. Returns whether it has flagged a cell.
-    bool trace(frame::Point start);
+    bool trace(grid::Point start);
 
 private:
     enum class Direction { withFlow, againstFlow };
@@ -40,7 +40,7 @@ private:
         float upper;
         float upperDifference;
 
-        float between(frame::Point part) const {
+        float between(grid::Point part) const {
             const float below = lower + lowerDifference * part.x;
             const float above = upper + upperDifference * part.x;
             return below + (above - below) * part.y;
@@ -49,7 +49,7 @@ private:
 
     /// The grid cell that a line is in: many steps are made inside one.
     struct GridCell {
-        frame::Point corner{-1, -1};  ///< the lower left one; no cell at first
+        grid::Point corner{-1, -1};  ///< the lower left one; no cell at first
         bool hasWind = false;
         bool hasColour = false;
         Corners u;
@@ -59,7 +59,7 @@ private:
 
     /// A line on its way.
     struct Walk {
-        frame::Point place;
+        grid::Point place;
         std::int64_t cell;
         int stepsInCell;
         int stepsSinceArrow;
@@ -68,25 +68,24 @@ private:
         Position last;
     };
 
-    bool trace(frame::Point start, Direction direction);
-    bool isInside(frame::Point place) const;
-    Position degrees(frame::Point place) const;
-    std::int64_t cellOf(frame::Point place) const;
+    bool trace(grid::Point start, Direction direction);
+    bool isInside(grid::Point place) const;
+    Position degrees(grid::Point place) const;
+    std::int64_t cellOf(grid::Point place) const;
     void enterGridCell(int i, int j);
-    frame::Point partOf(frame::Point place) const;
-    void chooseColour(frame::Point part);
+    grid::Point partOf(grid::Point place) const;
+    void chooseColour(grid::Point part);
     bool step(Walk& walk, Direction direction);
     bool enterCell(Walk& walk);
     void draw(Walk& walk, Direction direction);
 
     Wind wind_;
     LineColours colours_;
-    frame::Lattice lattice_;
+    grid::Lattice lattice_;
     float cellsPerLength_;
     float stepLength_;  ///< of the longer component of a step, in grid lengths: half a cell
     FlagGrid& flags_;
     Drawing& drawing_;
-    int& currentColour_;
 
     GridCell gridCell_{};
     int colour_ = 1;           ///< the last one looked up; below 0 nothing is drawn

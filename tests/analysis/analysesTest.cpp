@@ -7,9 +7,9 @@
 #include <limits>
 #include <random>
 
-#include "analysis/nearest.h"
+#include "analysis/nearestStation.h"
 #include "analysis/plainAnalyses.h"
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "support/files.h"
 #include "support/said.h"
 
@@ -28,8 +28,8 @@ const std::vector<float> radii{25, 10, 5, 2, 1};
 
 class Analyses : public testing::Test {
 protected:
-    void SetUp() override { frame::setProgressEnabled(false); }
-    void TearDown() override { frame::setProgressEnabled(true); }
+    void SetUp() override { base::setProgressEnabled(false); }
+    void TearDown() override { base::setProgressEnabled(true); }
 
     float between(float low, float high) { return std::uniform_real_distribution<float>(low, high)(random_); }
 
@@ -168,10 +168,10 @@ TEST_F(Analyses, ByBarnesLeaveTheFirstStationOutOfTheFirstGuess) {
 TEST_F(Analyses, ByBarnesTellTheStateBeforeEachPass) {
     const Nodes nodes = test::nodesBetween(2, 2, 0, 1, 0, 1);
     const auto told = [&](const StationList& list) {
-        frame::setProgressEnabled(true);
+        base::setProgressEnabled(true);
         test::CapturedOutput output;
         barnesOf(list, nodes, 0, 1, 0, 1, 0);
-        frame::setProgressEnabled(false);
+        base::setProgressEnabled(false);
         return output.text();
     };
     const std::string word = "\xBC\xC6\xCB\xE3\xD0\xDE\xD5\xFD";
@@ -198,7 +198,7 @@ TEST_F(Analyses, ByCressmanStartFromTheSumAndBlankWhatTheThirdScanMisses) {
     EXPECT_THAT(all(cressmanOf({{359.5F}, {5}, {6}}, nodes, 0, 10, 0, 10, 0), 121), testing::Contains(6));
     EXPECT_THAT(all(cressmanOf({{358.5F}, {5}, {6}}, nodes, 0, 10, 0, 10, 0), 121), Each(-9999));
 
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
     test::CapturedOutput output;
     EXPECT_EQ(cressmanOf({{1, 2}, {1, 2}, {-9000, -999}}, nodes, 0, 10, 0, 10, 0), nullptr);
     EXPECT_EQ(output.text(), "retrn");

@@ -1,4 +1,4 @@
-#include "analysis/gridWriter.h"
+#include "files/gridWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +14,19 @@
 
 namespace {
 
-using namespace velmar::analysis;
+using namespace velmar::files;
+using velmar::grid::Lattice;
 
 constexpr const char* name = "grid.000";
 constexpr float infinity = std::numeric_limits<float>::infinity();
 constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-const AnalysisArea small{{70, 75, 15.25F, 12.75F}, 2.5F, -2.5F, {3, 2}};
+const Lattice small{70, 75, 2.5F, 15.25F, 12.75F, -2.5F};
 
 using GridWriter = velmar::test::InOwnFolder;
 
-std::string written(const AnalysisArea& area, const std::vector<float>& values,
+std::string written(const Lattice& lattice, int nx, int ny, const std::vector<float>& values,
                     DrawingHints hints = {5, 0, 5}) {
-    writeDiagnosticGrid(name, nullptr, area, values.data(), hints);
+    writeDiagnosticGrid(name, nullptr, {{values.data(), nx, ny}, lattice}, hints);
     return velmar::test::textOf(name);
 }
 
@@ -36,10 +37,10 @@ TEST_F(GridWriter, WritesGridFiles) {
         "2.500000 -2.500000 70.000000 75.000000 15.250000 12.750000\n"
         "3 2 5.000000 -0.2 10000000272564224.0 0 0.0\n"
         "-9999.00\n123456.79\n    0.12\n\n   -0.00\n     inf\n    -nan\n\n";
-    EXPECT_EQ(written(small, values, {5, -0.25F, 1e16F}), expected);
+    EXPECT_EQ(written(small, 3, 2, values, {5, -0.25F, 1e16F}), expected);
     constexpr int most = std::numeric_limits<int>::max();
-    EXPECT_TRUE(written({{}, 1, 1, {3, 0}}, {}).ends_with("\n3 0 5.000000 0.0 5.0 0 0.0\n"));
-    EXPECT_TRUE(written({{}, 1, 1, {-2, most}}, {}).ends_with("\n-2 2147483647 5.000000 0.0 5.0 0 0.0\n"));
+    EXPECT_TRUE(written({}, 3, 0, {}).ends_with("\n3 0 5.000000 0.0 5.0 0 0.0\n"));
+    EXPECT_TRUE(written({}, -2, most, {}).ends_with("\n-2 2147483647 5.000000 0.0 5.0 0 0.0\n"));
 }
 
 /// Values of all sizes, and many that lie half way between two hundredths.
@@ -57,7 +58,7 @@ TEST_F(GridWriter, FormatsValuesAsPrintfDoes) {
         std::snprintf(line.data(), line.size(), "%8.2f\n", static_cast<double>(values.back()));
         expected += line.data();
     }
-    EXPECT_TRUE(written({{}, 1, 1, {100000, 1}}, values).ends_with(expected + "\n"));
+    EXPECT_TRUE(written({}, 100000, 1, values).ends_with(expected + "\n"));
 }
 
 }  // namespace

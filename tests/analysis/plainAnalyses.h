@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "frame/elementary.h"
+#include "base/elementary.h"
 
 /// The analyses as they would be written without a thought for speed: every point looks at every station.
 namespace velmar::test {
@@ -39,7 +39,7 @@ inline Nodes nodesBetween(int nx, int ny, float west, float east, float south, f
 
 inline float plainDistance(float gx, float gy, float sx, float sy) {
     const float dx =
-        (gx - sx) * static_cast<float>(frame::cosine(static_cast<double>((gy + sy) / 114.59156F)));
+        (gx - sx) * static_cast<float>(base::cosine(static_cast<double>((gy + sy) / 114.59156F)));
     const float dy = gy - sy;
     return std::sqrt(dx * dx + dy * dy);
 }
@@ -94,7 +94,7 @@ struct BarnesSums {
                 return false;
             }
             if (!(d < radius)) continue;
-            const double w = frame::exponential(-(static_cast<double>(d) * static_cast<double>(d)) / width);
+            const double w = base::exponential(-(static_cast<double>(d) * static_cast<double>(d)) / width);
             sum += w * static_cast<double>(contribution[k]);
             weight += w;
         }

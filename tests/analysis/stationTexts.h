@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 #include "support/plainLocale.h"
@@ -17,10 +17,10 @@ class StationFiles : public InOwnFolder {
 protected:
     void SetUp() override {
         InOwnFolder::SetUp();
-        frame::setProgressEnabled(false);
+        base::setProgressEnabled(false);
     }
     void TearDown() override {
-        frame::setProgressEnabled(true);
+        base::setProgressEnabled(true);
         InOwnFolder::TearDown();
     }
 };

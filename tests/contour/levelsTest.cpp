@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "support/files.h"
 #include "support/said.h"
 
@@ -25,10 +25,10 @@ std::vector<float> byInterval(float start, float end, float interval) {
 
 /// Automatic levels of data that hold the given values.
 Levels automatic(const std::vector<float>& data, int count) {
-    velmar::frame::setProgressEnabled(false);
+    velmar::base::setProgressEnabled(false);
     Levels levels = chooseLevels({data.data(), static_cast<int>(data.size()), 1}, 9999,
                                  {LevelMode::automatic, -77, 0, 0, {}, count});
-    velmar::frame::setProgressEnabled(true);
+    velmar::base::setProgressEnabled(true);
     return levels;
 }
 

@@ -3,9 +3,8 @@
 
 #include <limits>
 
-#include "contour/state.h"
-#include "frame/progress.h"
-#include "frame/state.h"
+#include "base/progress.h"
+#include "capi/state.h"
 #include "support/files.h"
 #include "support/samples.h"
 
@@ -41,10 +40,10 @@ std::vector<float> hintsOf(const Block& block) {
 class Contours : public testing::Test {
 protected:
     void SetUp() override {
-        contour::state() = {};
-        frame::setProgressEnabled(false);
+        capi::state() = {};
+        base::setProgressEnabled(false);
     }
-    void TearDown() override { frame::setProgressEnabled(true); }
+    void TearDown() override { base::setProgressEnabled(true); }
 };
 
 TEST_F(Contours, AreLaidOutWithTheirGrid) {
@@ -55,7 +54,7 @@ TEST_F(Contours, AreLaidOutWithTheirGrid) {
                                         -1, 2, 3, 100, 20, 102, 16, 2, -2,            //
                                         0, 4, 0, 4, 0, 4,                             //
                                         testing::_, 11, 12, 13));
-    EXPECT_TRUE(contour::state().lines.lines.empty());
+    EXPECT_TRUE(capi::state().contours.lines.lines.empty());
 }
 
 TEST_F(Contours, WithoutLinesAreTheGridAlone) {
@@ -107,7 +106,7 @@ TEST_F(Contours, OfAFileTakeItsLevelsModesAndBoldValue) {
     EXPECT_EQ(readCntrData("no/such/file", -1, 0, nullptr), nullptr) << "nothing is read in an unknown mode";
     EXPECT_EQ(fileContours(gridText(0, 4, "2.5", ""))[0], 15);
     EXPECT_EQ(fileContours(gridText(3, 2, "2.5", "0 4", "4 2 6 0 12"))[0], -7);
-    EXPECT_EQ(frame::state().lastBoldValue, 12) << "values that cannot be read do not matter";
+    EXPECT_EQ(capi::state().lastBoldValue, 12) << "values that cannot be read do not matter";
     const auto lines = [](const std::string& hints) {
         return fileContours(gridText(2, 2, "2.5", "0 2e4 0 2e4", hints))[1];
     };
@@ -142,10 +141,10 @@ TEST_F(Contours, OfAGlobeCirclingFileAreClosedAtTheSeam) {
 
 TEST_F(Contours, OfAFileWithAutomaticLevelsKeepItsCenters) {
     fileContours(gridText(3, 3, "2.5", "0 0 0 0 7 0 0 0 0"), 1, 5);
-    ASSERT_NE(contour::state().lastCenters, nullptr);
-    EXPECT_EQ(contour::state().lastCenters[4], 7);
+    ASSERT_NE(capi::state().lastCenters, nullptr);
+    EXPECT_EQ(capi::state().lastCenters[4], 7);
     fileContours(gridText(3, 3, "2.5", "0 0 0 0 -7 0 0 0 0"), 0);
-    EXPECT_EQ(contour::state().lastCenters[4], 7) << "other modes do not touch them";
+    EXPECT_EQ(capi::state().lastCenters[4], 7) << "other modes do not touch them";
 }
 
 TEST_F(Contours, OfTheSamplesStayAsTheyAre) {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "contour/lines.h"
-#include "contour/refine.h"
-#include "frame/grid.h"
+#include "grid/grid.h"
+#include "grid/refine.h"
 
 /// The methods of the contour subsystem as they would be written without a thought for speed.
 namespace velmar::test {
@@ -21,7 +21,7 @@ struct PlainLine {
 /// Positions count from 1, as in the result. One work buffer takes both walks of a line.
 class PlainTracer {
 public:
-    PlainTracer(const frame::GridView& grid, float missing, float level, std::size_t workBufferFloats)
+    PlainTracer(const grid::GridView& grid, float missing, float level, std::size_t workBufferFloats)
         : grid_(grid), level_(level), work_(workBufferFloats) {
         const std::size_t positions = static_cast<std::size_t>((grid.nx + 2) * (grid.ny + 2));
         marked_[0].assign(positions, 0);
@@ -134,7 +134,7 @@ private:
                            work_.begin() + static_cast<std::ptrdiff_t>(last + 2)}});
     }
 
-    frame::GridView grid_;
+    grid::GridView grid_;
     float level_;
     std::vector<std::uint16_t> marked_[2];
     std::vector<float> work_;
@@ -162,11 +162,11 @@ inline void plainRefineLine(float* line, int count, int factor, std::size_t stri
     }
 }
 
-inline frame::Grid plainRefine(const frame::GridView& grid, float missing, int fx, int fy) {
-    frame::Grid fine;
+inline grid::Grid plainRefine(const grid::GridView& grid, float missing, int fx, int fy) {
+    grid::Grid fine;
     fine.nx = (grid.nx - 1) * fx + 1;
     fine.ny = (grid.ny - 1) * fy + 1;
-    fine.values.resize(frame::valueCount(fine.nx, fine.ny));
+    fine.values.resize(grid::valueCount(fine.nx, fine.ny));
     const auto width = static_cast<std::size_t>(fine.nx);
     for (int j = 0; j < grid.ny; ++j) {
         float* row = fine.values.data() + static_cast<std::size_t>(j * fy) * width;
@@ -179,7 +179,7 @@ inline frame::Grid plainRefine(const frame::GridView& grid, float missing, int f
 }
 
 /// The values of a findCenters result, its class included.
-inline std::vector<float> plainCenters(const frame::GridView& g, float missing, float x0, float y0, float dx,
+inline std::vector<float> plainCenters(const grid::GridView& g, float missing, float x0, float y0, float dx,
                                        float dy) {
     float largest = -1e36F;
     float smallest = 1e36F;

@@ -1,4 +1,4 @@
-#include "contour/refine.h"
+#include "grid/refine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,21 +12,21 @@
 namespace {
 
 using namespace velmar;
-using contour::chooseFactors;
-using contour::refine;
+using grid::chooseFactors;
+using grid::refine;
 
 TEST(Refine, EqualsThePlainWay) {
     std::mt19937 random(3);
     for (int round = 0; round < 600; ++round) {
         const int nx = 1 + static_cast<int>(random() % 12);
         const int ny = 1 + static_cast<int>(random() % 12);
-        const contour::RefinementFactors factors{1 + static_cast<int>(random() % 5),
-                                                 1 + static_cast<int>(random() % 5)};
+        const grid::RefinementFactors factors{1 + static_cast<int>(random() % 5),
+                                              1 + static_cast<int>(random() % 5)};
         auto field = test::smoothField(random, nx, ny);
         for (float& value : field) value = random() % 6 == 0 ? 9999.0F : value;
         const float missing = round % 7 == 0 ? std::numeric_limits<float>::quiet_NaN() : 9999.0F;
-        const frame::GridView grid{field.data(), nx, ny};
-        const frame::Grid fine = refine(grid, missing, factors);
+        const grid::GridView grid{field.data(), nx, ny};
+        const grid::Grid fine = refine(grid, missing, factors);
         ASSERT_EQ(fine.values, test::plainRefine(grid, missing, factors.x, factors.y).values);
         for (int j = 0; j < ny; ++j) {
             for (int i = 0; i < nx; ++i)

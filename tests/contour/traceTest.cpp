@@ -30,7 +30,7 @@ std::vector<test::PlainLine> plainLines(const LineList& list) {
     return lines;
 }
 
-std::vector<test::PlainLine> traced(const frame::GridView& grid, float level, TraceBuffers& buffers) {
+std::vector<test::PlainLine> traced(const grid::GridView& grid, float level, TraceBuffers& buffers) {
     LineList list;
     traceLevels(grid, 9999, std::vector{level}, buffers, list);
     return plainLines(list);
@@ -45,7 +45,7 @@ std::vector<std::vector<float>> tracedPoints(const std::vector<float>& grid, int
 }
 
 void expectAsPlain(const std::vector<float>& field, int nx, int ny, float level, TraceBuffers& buffers) {
-    const frame::GridView grid{field.data(), nx, ny};
+    const grid::GridView grid{field.data(), nx, ny};
     const auto lines = traced(grid, level, buffers);
     const auto expected = test::PlainTracer(grid, 9999, level, buffers.workBufferFloats).trace();
     ASSERT_EQ(lines, expected) << nx << " x " << ny << " at " << level;
@@ -89,7 +89,7 @@ TEST(Trace, PassesEachCrossedEdgeOnceAtItsLevel) {
         const int nx = 40;
         const int ny = 30;
         const auto field = test::smoothField(random, nx, ny);
-        const frame::GridView grid{field.data(), nx, ny};
+        const grid::GridView grid{field.data(), nx, ny};
         TraceBuffers buffers;
         std::vector<std::pair<float, float>> points;
         for (const test::PlainLine& line : traced(grid, 0.25F, buffers)) {
@@ -151,7 +151,7 @@ std::vector<float> meander(int nx, int ny) {
 
 TEST(Trace, CutsLinesThatOutgrowTheWorkBuffer) {
     const auto field = meander(41, 31);
-    const frame::GridView grid{field.data(), 41, 31};
+    const grid::GridView grid{field.data(), 41, 31};
     TraceBuffers buffers;
     const auto cut = traced(grid, 1, buffers);
     ASSERT_GT(cut.size(), 1U);

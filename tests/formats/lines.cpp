@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "formats/state.h"
+#include "capi/state.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 #include "support/said.h"
@@ -41,7 +41,7 @@ class Maps : public InOwnFolder {
 protected:
     void SetUp() override {
         InOwnFolder::SetUp();
-        velmar::formats::state().maps = {};
+        velmar::capi::state().maps = {};
     }
 
     static constexpr const char* log = "C:\\readmap9.txt";
@@ -87,7 +87,7 @@ TEST_F(Maps, MustBeWhole) {
           std::string("diamond 9 1 2 3 4 5 6 7 8 9"), diamond + "x", diamond + "1 LAND 1 2 3 4 5",
           diamond + "2147483647 land 1 2 3 4 5", march + "2 1 1 0 0 0 a b 1 2 3"})
         EXPECT_EQ(readWith(ReadMap9, text), nullptr) << text;
-    velmar::formats::state().maps = {};
+    velmar::capi::state().maps = {};
     EXPECT_EQ(elements(readWith(ReadMap9, march + "-5 1 1 0 0 0 a b"), 5),
               (std::vector<float>{4, 1, 0, 1, 1}));
     testing::internal::CaptureStderr();
@@ -103,9 +103,9 @@ TEST_F(Maps, OfTheWorldAreWhole) {
     deleteMap9Ptr(block);
 }
 
-const velmar::formats::SoundingFile& soundings(const std::string& text) {
+const velmar::files::SoundingFile& soundings(const std::string& text) {
     EXPECT_EQ(readVelmarData5(TemporaryFile(text).path().c_str()), 0);
-    return velmar::formats::state().soundings;
+    return velmar::capi::state().soundings;
 }
 
 TEST(Soundings, GiveFreezingLevelAndIndices) {
@@ -146,14 +146,14 @@ TEST(Soundings, AreReadAsFarAsTheyGo) {
         TemporaryFile file(lone + broken);
         EXPECT_EQ(said([&] { readVelmarData5(file.path().c_str()); }),
                   "read file " + file.path() + "\nCalculate parameters....44\n");
-        EXPECT_EQ(velmar::formats::state().soundings.soundings.size(), 1U);
+        EXPECT_EQ(velmar::capi::state().soundings.soundings.size(), 1U);
     }
-    EXPECT_EQ(velmar::formats::state().soundings.year, 100);
+    EXPECT_EQ(velmar::capi::state().soundings.year, 100);
     testing::internal::CaptureStderr();
     EXPECT_EQ(readVelmarData5(nullptr), 0);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Cannot open map data file.\n");
     EXPECT_EQ(readVelmarData5(sample("soundings/sounding_11101100.000").c_str()), 0);
-    EXPECT_EQ(velmar::formats::state().soundings.soundings.size(), 12U);
+    EXPECT_EQ(velmar::capi::state().soundings.soundings.size(), 12U);
 }
 
 }  // namespace

@@ -4,17 +4,17 @@
 #include <map>
 #include <random>
 
-#include "formats/dateKey.h"
-#include "formats/rainfall.h"
+#include "rain/dateKey.h"
+#include "rain/rainTable.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 
 namespace {
 
 using namespace velmar::test;
-using velmar::formats::dateKey;
-using velmar::formats::RainTable;
-using velmar::formats::stepDateKey;
+using velmar::rain::dateKey;
+using velmar::rain::RainTable;
+using velmar::rain::stepDateKey;
 
 TEST(DateKeys, StepThroughMonthsWithALongFebruary) {
     EXPECT_EQ(stepDateKey(6, 2008071508), 2008071514);

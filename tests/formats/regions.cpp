@@ -4,8 +4,8 @@
 #include <random>
 #include <sstream>
 
+#include "capi/state.h"
 #include "formats/plainRegions.h"
-#include "formats/state.h"
 #include "support/files.h"
 #include "support/said.h"
 
@@ -16,8 +16,8 @@ using namespace velmar::test;
 /// The region table of a process is made once: tests take it away again.
 class Regions : public testing::Test {
 protected:
-    void SetUp() override { velmar::formats::state().regions.reset(); }
-    void TearDown() override { velmar::formats::state().regions.reset(); }
+    void SetUp() override { velmar::capi::state().regions.reset(); }
+    void TearDown() override { velmar::capi::state().regions.reset(); }
 };
 
 int load(const std::string& text) { return readRegionData(TemporaryFile(text).path().c_str()); }
@@ -59,7 +59,7 @@ TEST_F(Regions, AreFoundAsByThePlainWalk) {
     std::mt19937 random(74);
     for (int round = 0; round < 60; ++round) {
         const std::vector<PlainRegion> regions = someRegions(random);
-        velmar::formats::state().regions.reset();
+        velmar::capi::state().regions.reset();
         ASSERT_EQ(load(textOf(regions)), 1);
         for (int k = 0; k < 100; ++k) {
             const auto& near = regions[random() % regions.size()].points;
@@ -79,7 +79,7 @@ TEST_F(Regions, OfRealFilesHoldTheirPlaces) {
     EXPECT_STREQ(countyNameFromRegion(360 - 157.86F, 21.31F), "Hawaii");
     EXPECT_STREQ(countyNameFromRegion(360 - 40, 40), " ");
 
-    velmar::formats::state().regions.reset();
+    velmar::capi::state().regions.reset();
     ASSERT_EQ(readRegionData(sample("regions/africa_gbk.dat").c_str()), 1);
     int count = 0;
     const float* const first = getSingleRegionBoundaryByOrder(0, &count);
@@ -100,7 +100,7 @@ TEST_F(Regions, AreLoadedOnce) {
     EXPECT_STREQ(countyNameFromRegion(1, 1), "A");
 
     // A file without regions is kept just so.
-    velmar::formats::state().regions.reset();
+    velmar::capi::state().regions.reset();
     EXPECT_EQ(load("any 3 words 0 0"), -1);
     EXPECT_EQ(load("any 3 words " + square), -1);
     EXPECT_STREQ(countyNameFromRegion(1, 1), " ");

@@ -1,4 +1,4 @@
-#include "frame/elementary.h"
+#include "base/elementary.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "formats/state.h"
+#include "capi/state.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 
@@ -26,16 +26,16 @@ TEST(ElementaryFunctions, AreOffByLessThanAUnitInTheLastPlace) {
         double from, to;
     };
     const double huge = 1e30;
-    for (const auto& [tested, reference, from, to] : {Function{frame::exponential, expl, -745, 709},
-                                                      {frame::exponential, expl, -1, 1},
-                                                      {frame::logarithm, logl, 0, 2},
-                                                      {frame::logarithm, logl, 0, huge},
-                                                      {frame::sine, sinl, -4, 4},
-                                                      {frame::cosine, cosl, -4, 4},
-                                                      {frame::sine, sinl, -4000, 4000},
-                                                      {frame::cosine, cosl, -huge, huge},
-                                                      {frame::arcTangent, atanl, -8, 8},
-                                                      {frame::arcTangent, atanl, -huge, huge}}) {
+    for (const auto& [tested, reference, from, to] : {Function{base::exponential, expl, -745, 709},
+                                                      {base::exponential, expl, -1, 1},
+                                                      {base::logarithm, logl, 0, 2},
+                                                      {base::logarithm, logl, 0, huge},
+                                                      {base::sine, sinl, -4, 4},
+                                                      {base::cosine, cosl, -4, 4},
+                                                      {base::sine, sinl, -4000, 4000},
+                                                      {base::cosine, cosl, -huge, huge},
+                                                      {base::arcTangent, atanl, -8, 8},
+                                                      {base::arcTangent, atanl, -huge, huge}}) {
         for (int round = 0; round < 20000; ++round) {
             const double x = std::uniform_real_distribution<double>(from, to)(random);
             const long double expected = reference(x);
@@ -49,21 +49,21 @@ TEST(ElementaryFunctions, AreOffByLessThanAUnitInTheLastPlace) {
 
 TEST(ElementaryFunctions, HaveTheirLimits) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(frame::exponential(0), 1);
-    EXPECT_EQ(frame::exponential(-746), 0);
-    EXPECT_EQ(frame::exponential(710), infinity);
-    EXPECT_EQ(frame::logarithm(1), 0);
-    EXPECT_EQ(frame::logarithm(0), -infinity);
-    EXPECT_EQ(frame::logarithm(infinity), infinity);
-    EXPECT_EQ(frame::logarithm(0x1p-1074), -1074 * std::log(2.0));
-    EXPECT_TRUE(std::signbit(frame::sine(-0.0)));
-    EXPECT_EQ(frame::cosine(0), 1);
-    EXPECT_EQ(frame::sine(std::acos(0.0)), 1);
-    EXPECT_EQ(frame::arcTangent(infinity), std::acos(0.0));
-    EXPECT_EQ(frame::arcTangent(-infinity), -std::acos(0.0));
+    EXPECT_EQ(base::exponential(0), 1);
+    EXPECT_EQ(base::exponential(-746), 0);
+    EXPECT_EQ(base::exponential(710), infinity);
+    EXPECT_EQ(base::logarithm(1), 0);
+    EXPECT_EQ(base::logarithm(0), -infinity);
+    EXPECT_EQ(base::logarithm(infinity), infinity);
+    EXPECT_EQ(base::logarithm(0x1p-1074), -1074 * std::log(2.0));
+    EXPECT_TRUE(std::signbit(base::sine(-0.0)));
+    EXPECT_EQ(base::cosine(0), 1);
+    EXPECT_EQ(base::sine(std::acos(0.0)), 1);
+    EXPECT_EQ(base::arcTangent(infinity), std::acos(0.0));
+    EXPECT_EQ(base::arcTangent(-infinity), -std::acos(0.0));
     for (const double value :
-         {frame::exponential(std::nan("")), frame::logarithm(-1), frame::logarithm(std::nan("")),
-          frame::sine(infinity), frame::cosine(-infinity), frame::arcTangent(std::nan(""))})
+         {base::exponential(std::nan("")), base::logarithm(-1), base::logarithm(std::nan("")),
+          base::sine(infinity), base::cosine(-infinity), base::arcTangent(std::nan(""))})
         EXPECT_TRUE(std::isnan(value));
 }
 
@@ -125,7 +125,7 @@ TEST_F(SameBitsEverywhere, WhateverComesOfElementaryFunctions) {
         for (const float each : way) digest.add(each);
     }
     readVelmarData5(sample("soundings/sounding_11101100.000").c_str());
-    const auto& soundings = formats::state().soundings.soundings;
+    const auto& soundings = capi::state().soundings.soundings;
     ASSERT_FALSE(soundings.empty());
     for (const auto& sounding : soundings) digest.add(sounding.freezingPressure);
     EXPECT_EQ(digest.value(), 0x91E31AF60268265D);

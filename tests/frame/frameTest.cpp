@@ -10,10 +10,10 @@
 #include <random>
 #include <vector>
 
-#include "frame/barrier.h"
-#include "frame/diagnosticFile.h"
-#include "frame/extremes.h"
-#include "frame/numbers.h"
+#include "base/numbers.h"
+#include "capi/barrier.h"
+#include "files/diagnosticFile.h"
+#include "grid/extremes.h"
 #include "support/ownFolder.h"
 #include "support/said.h"
 #include "velmarBaseA.h"
@@ -29,7 +29,12 @@ constexpr auto freeMarshalledArray = std::free;
 
 namespace {
 
-using namespace velmar::frame;
+using namespace velmar;
+using namespace velmar::base;
+using namespace velmar::capi;
+using files::openDiagnosticFile;
+using grid::Extremes;
+using grid::extremesOf;
 
 TEST(Probes, SumAndChangeIntegers) {
     int stored = 0;
@@ -70,7 +75,7 @@ TEST(Barrier, TurnsExceptionsIntoFailures) {
     EXPECT_EQ(guarded(7, [] { return 8; }), 8);
     const ResultBlock block(guardedReader(-7, []() -> Outcome<ResultBlock> { throw std::bad_alloc(); }));
     EXPECT_EQ(block[0], -7);
-    EXPECT_THROW(allocateBlock(std::numeric_limits<std::size_t>::max() / 2), std::bad_alloc);
+    EXPECT_THROW(allocateFloats(std::numeric_limits<std::size_t>::max() / 2), std::bad_alloc);
 }
 
 using DiagnosticFile = velmar::test::InOwnFolder;

@@ -1,4 +1,4 @@
-#include "frame/scanner.h"
+#include "base/scanner.h"
 
 #include <gtest/gtest.h>
 
@@ -15,9 +15,9 @@
 
 #include "support/plainLocale.h"
 
-using velmar::frame::LowerCaseWord;
-using velmar::frame::scan;
-using velmar::frame::TextScanner;
+using velmar::base::LowerCaseWord;
+using velmar::base::scan;
+using velmar::base::TextScanner;
 
 namespace {
 

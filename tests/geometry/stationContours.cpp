@@ -5,8 +5,8 @@
 #include <limits>
 #include <random>
 
+#include "capi/state.h"
 #include "geometry/plainTriangles.h"
-#include "geometry/state.h"
 #include "support/files.h"
 #include "support/said.h"
 
@@ -148,7 +148,7 @@ TEST(StationContours, MoveValuesOffTheLevels) {
 }
 
 TEST(StationContours, AreToldAsTheyAreMade) {
-    velmar::geometry::state() = {};
+    velmar::capi::state() = {};
     Stations s{{100, 105, 100}, {20, 20, 25}, {0, 10, 0}};
     Block block;
     const std::string head = "0.000000 5.000000 0\n0.000000 7.500000 1\n";

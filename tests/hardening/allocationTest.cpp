@@ -50,8 +50,8 @@ struct Trial {
 long heldBehind(const Call& call) {
     resetLibrary();
     runQuietly(call);
-    velmar::contour::state().release();
-    velmar::shade::state().release();
+    velmar::capi::state().contours.release();
+    velmar::capi::state().shading.release();
     return faults::alive().bytes;
 }
 

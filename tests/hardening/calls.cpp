@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "capi/state.h"
 #include "faults.h"
-#include "formats/state.h"
 #include "parts.h"
 #include "support/files.h"
 
@@ -106,7 +106,7 @@ Seen windPlace(const Input& in) {
 
 Seen soundings(const Input& in) {
     const int result = called([&] { return readVelmarData5(in.path); });
-    return std::to_string(result) + ' ' + std::to_string(formats::state().soundings.soundings.size());
+    return std::to_string(result) + ' ' + std::to_string(capi::state().soundings.soundings.size());
 }
 
 /// One file, in whatever folder it lies.
@@ -122,8 +122,7 @@ Seen boundary(const float* points, int count) {
 }
 
 const char* nameOf(const Input& in) {
-    return in.numbers == nullptr ? nullptr
-                                 : formats::state().regions->nameOf(formats::state().regions->regions[1]);
+    return in.numbers == nullptr ? nullptr : capi::state().regions->nameOf(capi::state().regions->regions[1]);
 }
 
 Seen boundaryByOrder(const Input& in) {
@@ -274,7 +273,7 @@ const std::vector<Call>& calls() {
          "-1",
          {"-1"},
          [](const Input& in) {
-             formats::state().regions.reset();
+             capi::state().regions.reset();
              return std::to_string(called([&] { return readRegionData(in.path); }));
          }},
         {"countyNameFromRegion",

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "shade/trace.h"
 #include "support/said.h"
 
@@ -35,7 +35,7 @@ protected:
         test::CapturedOutput output;
         RegionTracer tracer(strip_, {0.5F, 1, 0}, {0, 0, 1, 1}, buffers_, polygons_);
         EXPECT_FALSE(tracer.traceShadeRegion({kind, i, j}));
-        frame::flushProgress();
+        base::flushProgress();
         EXPECT_TRUE(polygons_.polygons.empty());
         return output.text();
     }

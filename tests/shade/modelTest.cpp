@@ -1,7 +1,7 @@
 #include <random>
 #include <sstream>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "shade/curveModel.h"
 #include "support/said.h"
 
@@ -126,7 +126,7 @@ void expectPrintedAsModelled(Random& random) {
 }
 
 TEST_F(CurveModel, AgreesOnWhatIsPrinted) {
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
     Random random(3);
     for (int round = 0; round < searched(2) && !HasFatalFailure(); ++round) expectPrintedAsModelled(random);
 }

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "support/samples.h"
 
 namespace velmar {
@@ -8,13 +8,13 @@ namespace {
 
 /// The number in the table is that of rows in a strip.
 TEST(ShadedSamples, StayAsTheyAre) {
-    frame::setProgressEnabled(false);
+    base::setProgressEnabled(false);
     test::expectResultsAsIn("shade/samples.txt", 20, [](const std::string& path, int stripRows) {
         const bool image = path.ends_with(".img");
         return image ? readByteShadData(path.c_str(), stripRows, 0, 0)
                      : readCntrShadData(path.c_str(), 0, stripRows);
     });
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 
 #include <numeric>
 
-#include "frame/file.h"
-#include "frame/state.h"
-#include "shade/byteImage.h"
+#include "capi/state.h"
+#include "files/byteImage.h"
+#include "files/file.h"
 #include "shade/shadingCall.h"
 #include "support/said.h"
 
@@ -51,12 +51,12 @@ using ShadedFiles = test::SilentTest;
 TEST_F(ShadedFiles, TakeTheLevelsOfTheirHeader) {
     const Field same{
         {0, 2, 3, 1, 5, 6, 9999, 1, 1}, 3, 3, {0.5F, 2, 3.5F}, {0, 1, 2}, 1, 9999, 0, 90, 2.5F, -2.5F};
-    frame::state().lastBoldValue = 7;
+    capi::state().lastBoldValue = 7;
     const auto text = [](const std::string& hints, int nx = 3) {
         return gridText(nx, 3, "2.5", "0 2 3 1 5 6 9999 1 1", hints);
     };
     EXPECT_EQ(all(shadeGrid(text("1.5 0.5 4 0 588"))), all(test::shade(same)));
-    EXPECT_EQ(frame::state().lastBoldValue, 7) << "contour lines keep the bold value of their own files";
+    EXPECT_EQ(capi::state().lastBoldValue, 7) << "contour lines keep the bold value of their own files";
     EXPECT_EQ(shadeGrid(text("1 5 3 0 0")), nullptr) << "no level";
     EXPECT_NE(shadeGrid(text("-1 9999 0 0 0")), nullptr) << "10,000 levels";
     EXPECT_EQ(shadeGrid(text("-1 10000 0 0 0")), nullptr) << "one too many";
@@ -138,11 +138,11 @@ TEST_F(ShadedFiles, OfBytesNeedKeywordAndPixels) {
     good[10] = '\0';
     EXPECT_EQ(shadeImage(good), nullptr) << "which ends with the first";
 
-    const auto file = frame::readWholeFile(test::sample("images/cloud_total_global.img").c_str());
-    const auto cloud = shade::readByteImage(file->raw());
-    const frame::Grid grid = shade::valuesOf(cloud.value());
+    const auto file = files::readWholeFile(test::sample("images/cloud_total_global.img").c_str());
+    const auto cloud = files::readByteImage(file->raw());
+    const grid::Grid grid = files::valuesOf(cloud.value());
     EXPECT_EQ(grid.values.size(), 144U * 73);
-    EXPECT_EQ(std::count(grid.values.begin(), grid.values.end(), shade::undefinedValueOf(*cloud)), 63);
+    EXPECT_EQ(std::count(grid.values.begin(), grid.values.end(), files::undefinedValueOf(*cloud)), 63);
 }
 
 TEST_F(ShadedFiles, AndGridsNeedValuesLevelsAndColours) {

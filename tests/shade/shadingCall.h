@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 #include "support/files.h"
 
 namespace velmar::test {
@@ -95,8 +95,8 @@ inline int searched(int rounds) {
 /// A test of many calls, without what they print.
 class SilentTest : public testing::Test {
 protected:
-    void SetUp() override { frame::setProgressEnabled(false); }
-    void TearDown() override { frame::setProgressEnabled(true); }
+    void SetUp() override { base::setProgressEnabled(false); }
+    void TearDown() override { base::setProgressEnabled(true); }
 };
 
 }  // namespace velmar::test

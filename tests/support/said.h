@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <string>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 
 namespace velmar::test {
 
@@ -43,10 +43,10 @@ private:
 /// What an export prints. Texts are silenced afterwards.
 template <class Call>
 std::string said(Call&& call) {
-    frame::setProgressEnabled(true);
+    base::setProgressEnabled(true);
     CapturedOutput output;
     call();
-    frame::setProgressEnabled(false);
+    base::setProgressEnabled(false);
     return output.text();
 }
 

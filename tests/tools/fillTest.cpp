@@ -5,24 +5,24 @@
 #include <random>
 
 #include "../support/fields.h"
+#include "base/progress.h"
 #include "chart/coverageLayer.h"
 #include "chart/fillLayer.h"
 #include "chart/palette.h"
-#include "frame/progress.h"
 #include "picture.h"
 #include "shading.h"
 
 namespace {
 
 using namespace velmar::tool;
-using velmar::frame::GridView;
-using velmar::frame::Lattice;
+using velmar::grid::GridView;
+using velmar::grid::Lattice;
 
-constexpr float missing = velmar::frame::missingInFiles;
+constexpr float missing = velmar::grid::missingInFiles;
 
 class FillTest : public testing::Test {
 protected:
-    FillTest() { velmar::frame::setProgressEnabled(false); }
+    FillTest() { velmar::base::setProgressEnabled(false); }
 
     /// A field on a lattice as it comes from the contouring.
     static ContourSet contours(const std::vector<float>& field, int nx, const Lattice& lattice,
@@ -31,7 +31,7 @@ protected:
         set.levels = std::move(levels);
         set.grid = {field.data(), nx, static_cast<int>(field.size()) / nx};
         set.lattice = lattice;
-        set.refinement = velmar::contour::chooseFactors(set.grid.nx, set.grid.ny);
+        set.refinement = velmar::grid::chooseFactors(set.grid.nx, set.grid.ny);
         return set;
     }
 

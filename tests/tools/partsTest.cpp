@@ -126,7 +126,7 @@ TEST(MapFrames, ShowGridsOnceAndInShape) {
 TEST(Prominence, IsTheDropToTheHighestPass) {
     // A summit of 9, one of 7 behind a pass of 4, one of 6 behind a gap, and a shoulder of 5.
     const std::array<float, 9> ridge{1, 9, 5, 4, 7, 2, 9999, 6, 3};
-    const velmar::frame::GridView grid{ridge.data(), 9, 1};
+    const velmar::grid::GridView grid{ridge.data(), 9, 1};
     EXPECT_THAT(prominences(grid, 1, false), ElementsAre(0, 8, 0, 0, 3, 0, 0, 0, 0));
     EXPECT_THAT(prominences(grid, -1, false)[3], 3);
     // Round the globe the last column is the first one: 6 leads to 3, and on to the ground beside 9.
@@ -152,7 +152,7 @@ TEST(Texts, DegreesAndTimesReadAsAForecasterWritesThem) {
     EXPECT_EQ(plainNumber(-0.0), "0");
     EXPECT_EQ(writtenNumber(0.1F), 0.1);
 
-    velmar::frame::FieldHeader field{};
+    velmar::files::FieldHeader field{};
     field.year = 2024;
     field.month = 2;
     field.day = 28;

@@ -9,7 +9,7 @@
 #include <random>
 #include <sstream>
 
-#include "frame/progress.h"
+#include "base/progress.h"
 
 namespace fs = std::filesystem;
 
@@ -40,7 +40,7 @@ std::string GridText::text() const {
 ProgramTest::ProgramTest()
     : folder_(fs::temp_directory_path() / fmt::format("velmar-test-{:08x}", std::random_device{}())) {
     fs::create_directories(folder_);
-    velmar::frame::setProgressEnabled(false);
+    velmar::base::setProgressEnabled(false);
 }
 
 ProgramTest::~ProgramTest() {

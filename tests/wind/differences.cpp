@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "frame/elementary.h"
+#include "base/elementary.h"
 #include "support/fields.h"
 #include "support/files.h"
 
@@ -49,10 +49,10 @@ std::vector<float> plain(bool sum, const std::vector<float>& p, const std::vecto
             if (west == missing || south == missing || east == missing || north == missing) continue;
             const auto dP = static_cast<float>((static_cast<double>(east) - static_cast<double>(west)) /
                                                (lambda(i + 1) - lambda(i - 1)));
-            const double dQ = (frame::cosine(phi(j + 1)) * north - frame::cosine(phi(j - 1)) * south) /
+            const double dQ = (base::cosine(phi(j + 1)) * north - base::cosine(phi(j - 1)) * south) /
                               (phi(j + 1) - phi(j - 1));
             const auto s = static_cast<float>(sum ? dP + dQ : dP - dQ);
-            const float d = static_cast<float>(frame::cosine(phi(j))) * 6370000.0F;
+            const float d = static_cast<float>(base::cosine(phi(j))) * 6370000.0F;
             if (d > 1e-10) out[k] = s / d;
         }
     }

@@ -5,17 +5,17 @@
 #include <limits>
 #include <string>
 
+#include "capi/state.h"
 #include "support/fields.h"
 #include "support/files.h"
 #include "support/said.h"
 #include "support/samples.h"
 #include "wind/plainStreamlines.h"
-#include "wind/state.h"
 
 namespace {
 
 using namespace velmar::test;
-using velmar::wind::state;
+using velmar::capi::state;
 
 constexpr float missing = 9999;
 constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
@@ -53,7 +53,10 @@ Drawn drawnOf(const Block& block) {
 
 class Streamlines : public testing::Test {
 protected:
-    void SetUp() override { state() = {{0, 0, 1, 0, 0, 1}, 0}; }
+    void SetUp() override {
+        state().windLattice = {0, 0, 1, 0, 0, 1};
+        state().streamlineColour = 0;
+    }
 };
 
 TEST_F(Streamlines, AreThoseOfThePlainWay) {
@@ -79,8 +82,8 @@ TEST_F(Streamlines, AreThoseOfThePlainWay) {
                             colours.begin() + static_cast<std::ptrdiff_t>(wind.levels.size()));
         wind.density = static_cast<int>(random() % 9) - 1;
         const PlainPlace place{100.1F, 130, -12.3F, 40, -0.7F, 0.3F};
-        state().lattice = {place.startLon, place.endLon, place.lonStep,
-                           place.startLat, place.endLat, place.latStep};
+        state().windLattice = {place.startLon, place.endLon, place.lonStep,
+                               place.startLat, place.endLat, place.latStep};
 
         const std::vector<float> expected = PlainStreamlines(wind, place, plainColour).block();
         const Block block = analyse(wind);
@@ -93,7 +96,7 @@ TEST_F(Streamlines, AreThoseOfThePlainWay) {
 
 TEST_F(Streamlines, OfRealWindsAreTheSameBitsEverywhere) {
     expectResultsAsIn("wind/streamlines.txt", 6, [](const std::string& path, int density) {
-        state().currentColour = 0;
+        state().streamlineColour = 0;
         return readWindData(path.c_str(), density);
     });
 }

@@ -4,15 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "capi/state.h"
 #include "support/files.h"
-#include "wind/state.h"
 
 namespace {
 
 using namespace velmar::test;
 using namespace std::string_literals;
-using velmar::frame::Lattice;
-using velmar::wind::state;
+using velmar::capi::state;
+using velmar::grid::Lattice;
 
 std::string windText(const std::string& latitudes, const std::string& sizes, const std::string& values) {
     return "diamond 11 wind\n2011 10 08 20 72 850\n2.5 " + latitudes + "\n" + sizes + "\n" + values;
@@ -90,9 +90,9 @@ TEST(WindFile, SaysWhenItCannotBeOpened) {
 }
 
 TEST(WindFile, LeavesItsLatticeToTheNextAnalysis) {
-    state().lattice = {};
+    state().windLattice = {};
     ASSERT_GT(readAndDraw(windText(southward, "3 2", sixOfEach))[0], 0);
-    EXPECT_TRUE(isLattice(state().lattice, {60, 65, 2.5F, 10, 15, 5}));
+    EXPECT_TRUE(isLattice(state().windLattice, {60, 65, 2.5F, 10, 15, 5}));
     const std::vector<float> still(4, 0.0F);
     const Block drawn(
         streamAnalyse(still.data(), still.data(), nullptr, 2, 2, 0, 0, 0, 0, nullptr, nullptr, 0, 5));
@@ -100,13 +100,13 @@ TEST(WindFile, LeavesItsLatticeToTheNextAnalysis) {
     EXPECT_EQ(elements(drawn, 10, end), (std::vector<float>{0, -1, 2, 2, 60, 10, 65, 15, 2.5F, 5}));
     // readVelmarData11 leaves nothing.
     read(windText("-1 1 2 3 4", "3 2", sixOfEach));
-    EXPECT_TRUE(isLattice(state().lattice, {60, 65, 2.5F, 10, 15, 5}));
+    EXPECT_TRUE(isLattice(state().windLattice, {60, 65, 2.5F, 10, 15, 5}));
     // A file whose grids break off has left its bounds, but not its steps.
     readAndDraw(windText("-1 1 2 3 4", "3 2", "1 2 3"));
-    EXPECT_TRUE(isLattice(state().lattice, {1, 2, 2.5F, 4, 3, 5}));
+    EXPECT_TRUE(isLattice(state().windLattice, {1, 2, 2.5F, 4, 3, 5}));
     // A header that breaks off has left the bounds that were there.
     readAndDraw("diamond 11 wind\n2011 10 08 20 72 850 9 9 70 80 x");
-    EXPECT_TRUE(isLattice(state().lattice, {70, 80, 2.5F, 4, 3, 5}));
+    EXPECT_TRUE(isLattice(state().windLattice, {70, 80, 2.5F, 4, 3, 5}));
 }
 
 TEST(WindFile, IsDescribedButNotDifferentiatedByReadWindDivVor) {
@@ -120,7 +120,7 @@ TEST(WindFile, IsDescribedButNotDifferentiatedByReadWindDivVor) {
     EXPECT_EQ(std::vector(lattice, lattice + 4), (std::vector<float>{60, 10, 2.5F, 5}));
     EXPECT_EQ(nx, 3);
     EXPECT_EQ(ny, 2);
-    EXPECT_TRUE(isLattice(state().lattice, {60, 65, 2.5F, 10, 15, 5}));
+    EXPECT_TRUE(isLattice(state().windLattice, {60, 65, 2.5F, 10, 15, 5}));
     const TemporaryFile broken(windText(southward, "9 2", sixOfEach));
     EXPECT_EQ(
         Block(readWindDivVor(broken.path().c_str(), 1, lattice, nullptr, nullptr, nullptr, &nx, nullptr))[0],

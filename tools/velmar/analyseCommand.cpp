@@ -64,7 +64,7 @@ std::string remarkOf(const AnalyseOptions& options, int element, std::size_t sta
 }
 
 /// Tells the levels to the header, or automatic ones where it cannot hold them: it has room for even steps only.
-void setHints(frame::GridHeader& header, std::vector<float> levels, const frame::GridView& values) {
+void setHints(files::GridHeader& header, std::vector<float> levels, const grid::GridView& values) {
     if (evenStep(levels) <= 0) levels = planLevels(LevelOptions{}, values).levels;
     std::ranges::sort(levels);
     header.interval = evenStep(levels);

@@ -6,8 +6,8 @@
 #include <numeric>
 
 #include "analysis/methods.h"
-#include "analysis/nearest.h"
-#include "frame/block.h"
+#include "analysis/nearestStation.h"
+#include "base/floats.h"
 #include "problem.h"
 
 namespace velmar::tool {
@@ -19,7 +19,7 @@ using analysis::StationView;
 /// What the analyses of the library put where there is no data.
 constexpr float withoutData = -9999.0F;
 
-frame::GridPlace placeOf(const GridPlan& plan) { return frame::placeOf(plan.lattice); }
+grid::GridPlace placeOf(const GridPlan& plan) { return files::placeOf(plan.lattice); }
 
 std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, float radius) {
     return nearestStations(placeOf(plan), {plan.nx, plan.ny}, stations, radius, analysis::Reach::distance);
@@ -36,7 +36,7 @@ Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float m
     for (std::size_t k = 0; k < stations.count(); ++k)
         listed.add(stations.longitudes[k], stations.latitudes[k], stations.values[k]);
     const auto whole = [](float degrees) { return static_cast<int>(std::lround(degrees)); };
-    const frame::Lattice& lattice = plan.lattice;
+    const grid::Lattice& lattice = plan.lattice;
     Block grid = ownedBlock(barnes(
         kappa, radius, gamma, plan.nx, plan.ny, whole(lattice.startLongitude), whole(lattice.endLongitude),
         whole(lattice.startLatitude), whole(lattice.endLatitude), static_cast<int>(listed.values.size()),
@@ -56,12 +56,12 @@ Block analyseByCressman(const GridPlan& plan, const StationView& stations, float
     const auto mean = static_cast<float>(sum / static_cast<double>(stations.count()));
     std::vector<float> deviations;
     for (const float value : stations.values) deviations.push_back(value - mean);
-    const frame::Lattice& lattice = plan.lattice;
+    const grid::Lattice& lattice = plan.lattice;
     Block grid = ownedBlock(cressman(
         static_cast<int>(radii.size()), radii.data(), plan.nx, plan.ny, lattice.startLongitude,
         lattice.endLongitude, lattice.startLatitude, lattice.endLatitude, static_cast<int>(stations.count()),
         stations.longitudes.data(), stations.latitudes.data(), deviations.data(), maskRadius));
-    for (float& value : std::span(grid.get(), frame::valueCount(plan.nx, plan.ny)))
+    for (float& value : std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)))
         if (value != withoutData) value += mean;
     return grid;
 }
@@ -69,14 +69,14 @@ Block analyseByCressman(const GridPlan& plan, const StationView& stations, float
 Block analyseByNearest(const GridPlan& plan, const StationView& stations, float maskRadius) {
     constexpr float anywhere = 1000;
     const std::vector<int> nearest = nearestTo(plan, stations, maskRadius > 0 ? maskRadius : anywhere);
-    Block grid(frame::allocateBlock(nearest.size()).release());
+    Block grid(base::allocateFloats(nearest.size()).release());
     std::ranges::transform(nearest, grid.get(), [&](int k) {
         return k < 0 ? withoutData : stations.values[static_cast<std::size_t>(k)];
     });
     return grid;
 }
 
-bool anyInside(const frame::Lattice& lattice, const StationView& stations) {
+bool anyInside(const grid::Lattice& lattice, const StationView& stations) {
     for (std::size_t k = 0; k < stations.count(); ++k)
         if (stations.longitudes[k] >= lattice.startLongitude &&
             stations.longitudes[k] <= lattice.endLongitude &&
@@ -94,8 +94,8 @@ Block analyseStations(AnalysisMethod method, const GridPlan& plan, const Station
         throw Problem("no station with a value lies within the bounds");
     constexpr std::array methods{analyseByBarnes, analyseByCressman, analyseByNearest};
     Block grid = methods[static_cast<std::size_t>(method)](plan, brought.view(), maskRadius);
-    std::ranges::replace(std::span(grid.get(), frame::valueCount(plan.nx, plan.ny)), withoutData,
-                         frame::missingInFiles);
+    std::ranges::replace(std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)), withoutData,
+                         grid::missingInFiles);
     return grid;
 }
 

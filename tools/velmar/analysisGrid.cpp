@@ -112,7 +112,7 @@ GridPlan planGrid(const GridRequest& request, const analysis::StationView& stati
     return plan;
 }
 
-analysis::Stations broughtTo(const frame::Lattice& lattice, const analysis::StationView& stations) {
+analysis::Stations broughtTo(const grid::Lattice& lattice, const analysis::StationView& stations) {
     const double middle = (static_cast<double>(lattice.startLongitude) + lattice.endLongitude) / 2;
     analysis::Stations brought;
     for (std::size_t k = 0; k < stations.count(); ++k) {

@@ -23,7 +23,7 @@ struct GridRequest {
 
 /// A grid to be filled.
 struct GridPlan {
-    frame::Lattice lattice;
+    grid::Lattice lattice;
     int nx;
     int ny;
     std::string notice;  ///< how it differs from what was asked for; empty when it does not
@@ -38,6 +38,6 @@ Bounds boundsRound(const analysis::StationView& stations);
 GridPlan planGrid(const GridRequest& request, const analysis::StationView& stations);
 
 /// The stations, moved by whole circles to be as near to the middle of the grid as can be.
-analysis::Stations broughtTo(const frame::Lattice& lattice, const analysis::StationView& stations);
+analysis::Stations broughtTo(const grid::Lattice& lattice, const analysis::StationView& stations);
 
 }  // namespace velmar::tool

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frame/scanner.h"
+#include "base/scanner.h"
+#include "files/byteImage.h"
 #include "problem.h"
-#include "shade/byteImage.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -15,17 +15,17 @@ namespace {
 
 /// The numbers behind the title are mostly year, month, day and hour.
 std::string timeOf(const FileHead& head) {
-    frame::TextScanner in(head.file.view());
+    base::TextScanner in(head.file.view());
     std::string_view word;
     int type = 0;
-    frame::FieldHeader header{};
+    files::FieldHeader header{};
     const int read = scan(in, word, type, word, header.year, header.month, header.day, header.hour);
     return read == 7 ? validTimeText(header).value_or("") : "";
 }
 
 /// The header's ends are often those of one column or row more.
-frame::Lattice latticeOf(const shade::ByteImage& image) {
-    frame::Lattice lattice = image.lattice;
+grid::Lattice latticeOf(const files::ByteImage& image) {
+    grid::Lattice lattice = image.lattice;
     lattice.endLongitude = lattice.startLongitude + static_cast<float>(image.nx - 1) * lattice.longitudeStep;
     lattice.endLatitude = lattice.startLatitude + static_cast<float>(image.ny - 1) * lattice.latitudeStep;
     if (!std::isfinite(lattice.endLongitude + lattice.endLatitude))
@@ -34,8 +34,8 @@ frame::Lattice latticeOf(const shade::ByteImage& image) {
 }
 
 /// Views into the head's file.
-shade::ByteImage readByteImage(const FileHead& head) {
-    const auto image = shade::readByteImage(head.file.raw());
+files::ByteImage readByteImage(const FileHead& head) {
+    const auto image = files::readByteImage(head.file.raw());
     if (!image) throw Problem("it is cut off: it holds fewer bytes than its header says");
     if (image->pixels.empty())
         throw Problem(fmt::format("its header gives it {} columns and {} rows", image->nx, image->ny));
@@ -50,13 +50,12 @@ bool ByteImageFile::circlesGlobe() const {
 }
 
 ByteImageFile readByteImageFile(const FileHead& head) {
-    const shade::ByteImage image = readByteImage(head);
+    const files::ByteImage image = readByteImage(head);
     ByteImageFile file{
         .title = head.title, .time = timeOf(head), .grid = valuesOf(image), .lattice = latticeOf(image)};
     const float undefined = undefinedValueOf(image);
     std::ranges::replace_if(
-        file.grid.values, [&](float value) { return value < 0 || value == undefined; },
-        frame::missingInFiles);
+        file.grid.values, [&](float value) { return value < 0 || value == undefined; }, grid::missingInFiles);
     return file;
 }
 

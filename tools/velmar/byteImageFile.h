@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fileHead.h"
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::tool {
 
@@ -13,10 +13,10 @@ inline bool isByteImage(const FileHead& head) { return head.kind.type == byteIma
 
 /// A byte image, read in full.
 struct ByteImageFile {
-    std::string title;       ///< UTF-8
-    std::string time;        ///< "2009-09-21 00:00"; empty where the header has no date
-    frame::Grid grid;        ///< 0 to 254, missingInFiles where there is no picture
-    frame::Lattice lattice;  ///< ends at the last column and row, whatever the header says
+    std::string title;      ///< UTF-8
+    std::string time;       ///< "2009-09-21 00:00"; empty where the header has no date
+    grid::Grid grid;        ///< 0 to 254, missingInFiles where there is no picture
+    grid::Lattice lattice;  ///< ends at the last column and row, whatever the header says
 
     bool circlesGlobe() const;
 };

@@ -19,13 +19,12 @@ Block contourBlock(const GridFile& file, const std::vector<float>& levels) {
     // The list must not be null even when it is empty.
     const float noLevel = 0;
     const float* const list = levels.empty() ? &noLevel : levels.data();
-    const frame::Grid closed =
-        circlesGlobe(file.header.field) ? closedGrid(file.values) : frame::Grid{.values = {}};
-    const frame::GridView grid = closed.values.empty() ? file.values : closed.view();
-    const frame::GridPlace place = placeOf(file.header.field.lattice);
-    return ownedBlock(contour2D(grid.values, frame::missingInFiles, grid.nx, grid.ny, levelList, 0, 0, 0,
-                                list, static_cast<int>(levels.size()), place.x0, place.y0, place.dx,
-                                place.dy));
+    const grid::Grid closed =
+        circlesGlobe(file.header.field) ? closedGrid(file.values) : grid::Grid{.values = {}};
+    const grid::GridView grid = closed.values.empty() ? file.values : closed.view();
+    const grid::GridPlace place = files::placeOf(file.header.field.lattice);
+    return ownedBlock(contour2D(grid.values, grid::missingInFiles, grid.nx, grid.ny, levelList, 0, 0, 0, list,
+                                static_cast<int>(levels.size()), place.x0, place.y0, place.dx, place.dy));
 }
 
 }  // namespace
@@ -40,8 +39,8 @@ bool ContourSet::circlesGlobe() const {
     return std::fabs(std::fabs(lattice.endLongitude - lattice.startLongitude) - 360.0) < tolerance;
 }
 
-frame::Lattice ContourSet::tracedLattice() const {
-    frame::Lattice fine = lattice;
+grid::Lattice ContourSet::tracedLattice() const {
+    grid::Lattice fine = lattice;
     fine.longitudeStep /= static_cast<float>(refinement.x);
     fine.latitudeStep /= static_cast<float>(refinement.y);
     return fine;
@@ -59,13 +58,13 @@ ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) 
     in.value();  // the separator
     set.grid.nx = static_cast<int>(in.value());
     set.grid.ny = static_cast<int>(in.value());
-    frame::Lattice& lattice = set.lattice;
+    grid::Lattice& lattice = set.lattice;
     for (float* field : {&lattice.startLongitude, &lattice.startLatitude, &lattice.endLongitude,
                          &lattice.endLatitude, &lattice.longitudeStep, &lattice.latitudeStep})
         *field = in.value();
     set.grid.values = in.values(set.grid.size()).data();
     requireFinite(lattice);
-    set.refinement = contour::chooseFactors(set.grid.nx, set.grid.ny);
+    set.refinement = grid::chooseFactors(set.grid.nx, set.grid.ny);
     return set;
 }
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "contour/refine.h"
 #include "geoPoints.h"
+#include "grid/refine.h"
 #include "gridFile.h"
 
 namespace velmar::tool {
@@ -21,12 +21,12 @@ struct ContourSet {
     Block block;
     std::vector<float> levels;  ///< those asked for: not all need have lines
     std::vector<Isoline> lines;
-    frame::GridView grid;
-    frame::Lattice lattice;
-    contour::RefinementFactors refinement;  ///< by which the lines' grid is finer than this one
+    grid::GridView grid;
+    grid::Lattice lattice;
+    grid::RefinementFactors refinement;  ///< by which the lines' grid is finer than this one
 
     bool circlesGlobe() const;
-    frame::Lattice tracedLattice() const;
+    grid::Lattice tracedLattice() const;
 };
 
 /// Has the library draw the lines of a grid at the levels; a Problem when it cannot.

@@ -6,7 +6,7 @@
 #include <array>
 #include <filesystem>
 
-#include "frame/scanner.h"
+#include "base/scanner.h"
 #include "problem.h"
 #include "text.h"
 
@@ -33,8 +33,8 @@ constexpr std::array kinds{
 constexpr std::string_view notOfTheFamily =
     "it is no file of a known kind: its first words should be \"diamond\" or \"March\" and a type number";
 
-frame::FileText readFile(const std::string& path) {
-    auto file = frame::readWholeFile(path.c_str());
+files::FileText readFile(const std::string& path) {
+    auto file = files::readWholeFile(path.c_str());
     if (file) return std::move(*file);
     std::error_code ignored;
     const auto status = std::filesystem::status(path, ignored);
@@ -48,7 +48,7 @@ frame::FileText readFile(const std::string& path) {
 
 FileHead readFileHead(const std::string& path) {
     FileHead head{.file = readFile(path), .keyword = {}, .kind = {}, .title = {}, .titleBytes = {}};
-    frame::TextScanner in(head.file.view());
+    base::TextScanner in(head.file.view());
     std::string_view keyword;
     int type = 0;
     if (head.file.size == 0) throw Problem("the file is empty");

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/file.h"
+#include "files/file.h"
 
 namespace velmar::tool {
 
@@ -18,7 +18,7 @@ struct FileKind {
 
 /// What the first words of a file say about it.
 struct FileHead {
-    frame::FileText file;
+    files::FileText file;
     std::string keyword;
     FileKind kind;
     std::string title;       ///< UTF-8; empty where the kind has none

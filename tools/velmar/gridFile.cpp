@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "frame/scanner.h"
+#include "base/scanner.h"
 #include "problem.h"
 
 namespace velmar::tool {
@@ -19,7 +19,7 @@ bool isInside(const Bounds& area, double longitude, double latitude) {
 
 }  // namespace
 
-void requireFinite(const frame::Lattice& lattice) {
+void requireFinite(const grid::Lattice& lattice) {
     const float sum = lattice.startLongitude + lattice.endLongitude + lattice.longitudeStep +
                       lattice.startLatitude + lattice.endLatitude + lattice.latitudeStep;
     if (!std::isfinite(sum))
@@ -44,8 +44,8 @@ GridFile readGridFile(const std::string& path, const FileHead& head) {
         throw Problem(
             fmt::format("it holds something else than a grid of one quantity (type {}): {} (type {})",
                         gridFileType, head.kind.name, head.kind.type));
-    frame::TextScanner in(head.file.view());
-    auto header = frame::readGridHeader(in);
+    base::TextScanner in(head.file.view());
+    auto header = files::readGridHeader(in);
     if (!header) throw Problem(readerProblem(header.failure().code));
 
     GridFile file{
@@ -60,8 +60,8 @@ GridFile readGridFile(const std::string& path, const FileHead& head) {
     return file;
 }
 
-frame::Grid closedGrid(const frame::GridView& grid) {
-    frame::Grid closed{{}, grid.nx + 1, grid.ny};
+grid::Grid closedGrid(const grid::GridView& grid) {
+    grid::Grid closed{{}, grid.nx + 1, grid.ny};
     closed.values.reserve(closed.view().size());
     for (int row = 0; row < grid.ny; ++row) {
         closed.values.insert(closed.values.end(), grid.row(row), grid.row(row) + grid.nx);
@@ -70,7 +70,7 @@ frame::Grid closedGrid(const frame::GridView& grid) {
     return closed;
 }
 
-Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice, const Bounds* area) {
+Extremes findExtremes(const grid::GridView& grid, const grid::Lattice& lattice, const Bounds* area) {
     Extremes extremes;
     for (int row = 0; row < grid.ny; ++row) {
         for (int column = 0; column < grid.nx; ++column) {
@@ -79,7 +79,7 @@ Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice
                 lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
                 lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep};
             if (area != nullptr && !isInside(*area, point.longitude, point.latitude)) continue;
-            if (point.value == frame::missingInFiles) ++extremes.missing;
+            if (point.value == grid::missingInFiles) ++extremes.missing;
             if (!isPresent(point.value)) continue;
             const bool first = extremes.present++ == 0;
             if (first || point.value < extremes.smallest.value) extremes.smallest = point;

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "fileHead.h"
-#include "frame/grid.h"
-#include "frame/gridFile.h"
+#include "files/gridFile.h"
+#include "grid/grid.h"
 #include "velmarBaseA.h"
 
 namespace velmar::tool {
@@ -20,11 +20,11 @@ using Block = std::unique_ptr<float[], BlockRelease>;
 
 /// A grid file, read in full or yet to be written.
 struct GridFile {
-    frame::GridHeader header;  ///< its view of the title is empty: titleBytes has it
+    files::GridHeader header;  ///< its view of the title is empty: titleBytes has it
     std::string title;         ///< UTF-8
     std::string titleBytes;    ///< GBK
     Block block;
-    frame::GridView values;
+    grid::GridView values;
 };
 
 /// Reads a grid file (type 4); a Problem when that fails or the file is of another kind.
@@ -34,7 +34,7 @@ GridFile readGridFile(const std::string& path);
 GridFile readGridFile(const std::string& path, const FileHead& head);
 
 /// A Problem unless all numbers of the lattice are finite.
-void requireFinite(const frame::Lattice& lattice);
+void requireFinite(const grid::Lattice& lattice);
 
 /// Hands on a block; a Problem when there was no memory for it.
 Block ownedBlock(float* block);
@@ -43,9 +43,9 @@ Block ownedBlock(float* block);
 Block checkedBlock(float* block);
 
 /// The grid with its first column again behind its last.
-frame::Grid closedGrid(const frame::GridView& grid);
+grid::Grid closedGrid(const grid::GridView& grid);
 
-inline bool isPresent(float value) { return value != frame::missingInFiles && std::isfinite(value); }
+inline bool isPresent(float value) { return value != grid::missingInFiles && std::isfinite(value); }
 
 /// A part of the earth, in degrees.
 struct Bounds {
@@ -71,7 +71,6 @@ struct Extremes {
 
 /// Looks at the grid points inside an area, or at all when none is given. Longitudes that differ by whole
 /// circles are the same.
-Extremes findExtremes(const frame::GridView& grid, const frame::Lattice& lattice,
-                      const Bounds* area = nullptr);
+Extremes findExtremes(const grid::GridView& grid, const grid::Lattice& lattice, const Bounds* area = nullptr);
 
 }  // namespace velmar::tool

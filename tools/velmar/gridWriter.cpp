@@ -19,9 +19,9 @@ double degreesOf(float start, float step, int line) {
 }  // namespace
 
 std::string gridFileText(const GridFile& file) {
-    const frame::GridHeader& header = file.header;
-    const frame::FieldHeader& field = header.field;
-    const frame::Lattice& lattice = field.lattice;
+    const files::GridHeader& header = file.header;
+    const files::FieldHeader& field = header.field;
+    const grid::Lattice& lattice = field.lattice;
     std::string text =
         fmt::format("diamond {} {}\n{} {:02} {:02} {:02} {} {}\n", gridFileType, file.titleBytes, field.year,
                     field.month, field.day, field.hour, field.forecastHour, field.level);
@@ -42,7 +42,7 @@ std::string gridFileText(const GridFile& file) {
 }
 
 std::string commaSeparated(const GridFile& file) {
-    const frame::Lattice& lattice = file.header.field.lattice;
+    const grid::Lattice& lattice = file.header.field.lattice;
     std::string text = "longitude,latitude,value\n";
     for (int row = 0; row < file.values.ny; ++row) {
         const double latitude = degreesOf(lattice.startLatitude, lattice.latitudeStep, row);

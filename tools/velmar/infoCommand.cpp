@@ -36,14 +36,14 @@ Json axisJson(float start, float end, float step, int count) {
             {"count", count}};
 }
 
-void addTimesJson(const frame::FieldHeader& field, Json& json) {
+void addTimesJson(const files::FieldHeader& field, Json& json) {
     json["start"] = startTimeText(field);
     json["forecastHour"] = field.forecastHour;
     if (const auto valid = validTimeText(field)) json["valid"] = *valid;
     json["level"] = field.level;
 }
 
-void addTimesText(const frame::FieldHeader& field, std::string& text) {
+void addTimesText(const files::FieldHeader& field, std::string& text) {
     const auto valid = validTimeText(field);
     addLine(text, "start", startTimeText(field));
     addLine(text, "forecast", fmt::format("{} h{}", field.forecastHour, valid ? ", valid " + *valid : ""));
@@ -51,8 +51,7 @@ void addTimesText(const frame::FieldHeader& field, std::string& text) {
 }
 
 /// Where a grid or picture lies and how many values it has.
-void addPlaceJson(const frame::GridView& grid, const frame::Lattice& lattice, std::size_t missing,
-                  Json& json) {
+void addPlaceJson(const grid::GridView& grid, const grid::Lattice& lattice, std::size_t missing, Json& json) {
     json["longitudes"] =
         axisJson(lattice.startLongitude, lattice.endLongitude, lattice.longitudeStep, grid.nx);
     json["latitudes"] = axisJson(lattice.startLatitude, lattice.endLatitude, lattice.latitudeStep, grid.ny);
@@ -61,7 +60,7 @@ void addPlaceJson(const frame::GridView& grid, const frame::Lattice& lattice, st
 }
 
 /// Where a grid or picture lies and what it holds.
-void addContentJson(const frame::GridView& grid, const frame::Lattice& lattice, Json& json) {
+void addContentJson(const grid::GridView& grid, const grid::Lattice& lattice, Json& json) {
     const Extremes extremes = findExtremes(grid, lattice);
     addPlaceJson(grid, lattice, extremes.missing, json);
     if (extremes.present > 0) {
@@ -75,7 +74,7 @@ std::string axisText(float start, float end, float step, int count) {
                        plainNumber(step));
 }
 
-void addPlaceText(const frame::GridView& grid, const frame::Lattice& lattice, std::size_t missing,
+void addPlaceText(const grid::GridView& grid, const grid::Lattice& lattice, std::size_t missing,
                   std::string& text) {
     const double share = 100.0 * static_cast<double>(missing) / static_cast<double>(grid.size());
     const std::string percent = missing > 0 ? fmt::format(" ({:.1f}%)", share) : "";
@@ -86,7 +85,7 @@ void addPlaceText(const frame::GridView& grid, const frame::Lattice& lattice, st
     addLine(text, "values", fmt::format("{}, {} of them missing{}", grid.size(), missing, percent));
 }
 
-void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, std::string& text) {
+void addContentText(const grid::GridView& grid, const grid::Lattice& lattice, std::string& text) {
     const Extremes extremes = findExtremes(grid, lattice);
     addPlaceText(grid, lattice, extremes.missing, text);
     if (extremes.present > 0) {
@@ -96,7 +95,7 @@ void addContentText(const frame::GridView& grid, const frame::Lattice& lattice, 
 }
 
 void addGridJson(const GridFile& file, Json& json) {
-    const frame::GridHeader& header = file.header;
+    const files::GridHeader& header = file.header;
     addTimesJson(header.field, json);
     addContentJson(file.values, header.field.lattice, json);
     json["contours"] = {{"interval", writtenNumber(header.interval)},
@@ -107,7 +106,7 @@ void addGridJson(const GridFile& file, Json& json) {
 }
 
 void addGridText(const GridFile& file, std::string& text) {
-    const frame::GridHeader& header = file.header;
+    const files::GridHeader& header = file.header;
     addTimesText(header.field, text);
     addContentText(file.values, header.field.lattice, text);
     addLine(text, "contours",

@@ -21,7 +21,7 @@ constexpr int customaryCount = 10;
 
 /// Whether the levels start, start + interval, ... up to end are a reasonable number and one lies inside the
 /// data.
-bool headerGivesLines(const frame::GridHeader& header, const Extremes& extremes) {
+bool headerGivesLines(const files::GridHeader& header, const Extremes& extremes) {
     const double interval = header.interval;
     const double steps = (static_cast<double>(header.endValue) - header.startValue) / interval;
     if (!(interval > 0) || !(steps >= 0) || steps >= mostLevels) return false;
@@ -46,25 +46,25 @@ std::vector<float> multiplesInside(float interval, const Extremes& extremes) {
     return levels;
 }
 
-std::vector<float> automaticLevels(int count, const frame::GridView& values) {
+std::vector<float> automaticLevels(int count, const grid::GridView& values) {
     const contour::LevelRequest request{.mode = contour::LevelMode::automatic,
                                         .start = 0,
                                         .end = 0,
                                         .interval = 0,
                                         .list = {},
                                         .count = count};
-    return contour::chooseLevels(values, frame::missingInFiles, request).values;
+    return contour::chooseLevels(values, grid::missingInFiles, request).values;
 }
 
 std::vector<float> headerLevels(const GridFile& file) {
-    const frame::GridHeader& header = file.header;
+    const files::GridHeader& header = file.header;
     const contour::LevelRequest request{.mode = contour::LevelMode::interval,
                                         .start = header.startValue,
                                         .end = header.endValue,
                                         .interval = header.interval,
                                         .list = {},
                                         .count = 0};
-    return contour::chooseLevels(file.values, frame::missingInFiles, request).values;
+    return contour::chooseLevels(file.values, grid::missingInFiles, request).values;
 }
 
 std::vector<float> parseLevels(const std::string& text) {
@@ -87,7 +87,7 @@ float parseInterval(const std::string& text) {
 
 }  // namespace
 
-LevelPlan planLevels(const LevelOptions& options, const frame::GridView& values) {
+LevelPlan planLevels(const LevelOptions& options, const grid::GridView& values) {
     if (!options.list.empty()) return {options.list, {}};
     const Extremes extremes = findExtremes(values, {});
     if (extremes.present == 0) return {{}, "it holds no data, only missing values"};
@@ -97,7 +97,7 @@ LevelPlan planLevels(const LevelOptions& options, const frame::GridView& values)
 }
 
 LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
-    const frame::GridHeader& header = file.header;
+    const files::GridHeader& header = file.header;
     const Extremes extremes = findExtremes(file.values, {});
     if (options.given() || extremes.present == 0) return planLevels(options, file.values);
     if (headerGivesLines(header, extremes)) return {headerLevels(file), {}};

@@ -27,7 +27,7 @@ struct LevelPlan {
 };
 
 /// Decides the levels for values without a header. Without options they are automatic.
-LevelPlan planLevels(const LevelOptions& options, const frame::GridView& values);
+LevelPlan planLevels(const LevelOptions& options, const grid::GridView& values);
 
 /// Decides the levels for a grid file. Without options they are those of its header, or automatic ones where
 /// the header gives no line.

@@ -6,10 +6,10 @@
 #include <array>
 #include <cmath>
 
-#include "formats/mapFile.h"
-#include "formats/polyline.h"
-#include "formats/regions.h"
-#include "frame/scanner.h"
+#include "base/scanner.h"
+#include "files/mapFile.h"
+#include "files/polyline.h"
+#include "files/regionFile.h"
 #include "problem.h"
 #include "text.h"
 
@@ -27,13 +27,13 @@ std::string breakOff(const LineMap& map, const char* what) {
 }
 
 void readMap(const FileHead& head, LineMap& map) {
-    frame::TextScanner in(head.file.view());
-    const auto form = formats::readMapHead(in);
+    base::TextScanner in(head.file.view());
+    const auto form = files::readMapHead(in);
     if (!form) throw Problem("its header cannot be read: ten integers are expected in front of the lines");
-    formats::MapLines lines;
-    const bool whole = formats::readMapLines(in, *form, lines, nullptr);
+    files::MapLines lines;
+    const bool whole = files::readMapLines(in, *form, lines, nullptr);
     std::size_t first = 0;
-    for (const formats::MapLines::Line& line : lines.lines) {
+    for (const files::MapLines::Line& line : lines.lines) {
         map.lines.push_back({first, line.points, line.attribute1, line.attribute2, {}});
         first += line.points;
     }
@@ -42,26 +42,22 @@ void readMap(const FileHead& head, LineMap& map) {
 }
 
 void readLine(const FileHead& head, LineMap& map) {
-    const auto kind = head.kind.type == 780 ? formats::PolylineKind::type780 : formats::PolylineKind::type777;
-    const frame::ResultBlock block = formats::readPolyline(head.file.view(), kind);
-    if (!block) throw Problem("its header or its points cannot be read");
-    constexpr std::size_t header = 6;
-    constexpr float mostExact = 1 << 24;  // counts travel as floats
-    if (block[0] >= mostExact) throw Problem("it has too many points");
-    const std::span elements(block.get(), static_cast<std::size_t>(block[0]));
-    map.coordinates.assign(elements.begin() + header, elements.end());
+    const auto kind = head.kind.type == 780 ? files::PolylineKind::type780 : files::PolylineKind::type777;
+    std::optional<files::Polyline> line = files::readPolyline(head.file.view(), kind);
+    if (!line) throw Problem("its header or its points cannot be read");
+    map.coordinates = std::move(line->coordinates);
     map.lines.push_back({0, map.coordinates.size() / 2, 0, 0, {}});
 }
 
 void readRegions(const FileHead& head, LineMap& map) {
-    frame::TextScanner in(head.file.view());
-    if (!formats::readRegionHead(in)) throw Problem("its header cannot be read");
-    formats::RegionTable table;
-    const auto result = formats::readRegions(in, table);
-    for (const formats::Region& region : table.regions)
-        map.lines.push_back({region.firstPoint, region.points, 0, 0, gbkToUtf8(table.nameOf(region))});
-    map.coordinates = std::move(table.coordinates);
-    if (result == formats::RegionsRead::pointMissing) map.notice = breakOff(map, "regions");
+    base::TextScanner in(head.file.view());
+    std::optional<base::NamedOutlines> regions = files::readRegions(in);
+    if (!regions) throw Problem("its header cannot be read");
+    for (const auto& [name, firstPoint, points, isWhole] : regions->outlines)
+        map.lines.push_back({firstPoint, points, 0, 0, gbkToUtf8(regions->names.data() + name)});
+    map.coordinates = std::move(regions->coordinates);
+    if (!regions->outlines.empty() && !regions->outlines.back().isWhole)
+        map.notice = breakOff(map, "regions");
 }
 
 /// The longitudes of the points on the globe, from 0 to 360.

@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
+#include "base/progress.h"
 #include "commands.h"
-#include "frame/progress.h"
 #include "jobs.h"
 #include "problem.h"
 #include "standardStreams.h"
@@ -13,7 +13,7 @@ int main(int argc, char** argv) try {
     using namespace velmar::tool;
     guardStandardStreams();
     // Standard output belongs to the results.
-    velmar::frame::setProgressEnabled(false);
+    velmar::base::setProgressEnabled(false);
 
     CLI::App program{"Reads, analyses, contours and draws meteorological data files."};
     program.name("velmar");

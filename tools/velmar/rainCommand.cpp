@@ -19,7 +19,7 @@
 namespace velmar::tool {
 namespace {
 
-using formats::DateKey;
+using rain::DateKey;
 
 const std::vector<std::string> rainFormats{"txt", "csv", "geojson", gridFormat, "png", "svg", "pdf"};
 

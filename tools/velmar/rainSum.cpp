@@ -16,7 +16,7 @@ namespace velmar::tool {
 namespace {
 
 namespace fs = std::filesystem;
-using formats::DateKey;
+using rain::DateKey;
 
 /// The file that the library reads for a time: it tries a backslash first, on every platform.
 std::string fileOf(const std::string& directory, DateKey time) {
@@ -75,7 +75,7 @@ std::string rainTimeText(DateKey time) {
 RainSum sumRain(const std::string& directory, const RainSpan& span) {
     RainSum sum{.span = span, .last = span.from, .files = {}, .notices = {}, .stations = {}};
     while (sum.last < span.to) {
-        sum.last = formats::stepDateKey(span.stepHours, sum.last);
+        sum.last = rain::stepDateKey(span.stepHours, sum.last);
         sum.files.push_back(fileOf(directory, sum.last));
         const std::string notice = inspect(sum.files.back(), sum.last);
         if (!notice.empty()) sum.notices.push_back(notice);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "formats/dateKey.h"
+#include "rain/dateKey.h"
 
 namespace velmar::tool {
 
@@ -14,14 +14,14 @@ struct TimeParts {
     int hour;
 };
 
-constexpr TimeParts partsOf(formats::DateKey time) {
+constexpr TimeParts partsOf(rain::DateKey time) {
     return {static_cast<int>(time / 1000000), static_cast<int>(time / 10000 % 100),
             static_cast<int>(time / 100 % 100), static_cast<int>(time % 100)};
 }
 
 struct RainSpan {
-    formats::DateKey from;  ///< not part of the sum
-    formats::DateKey to;
+    rain::DateKey from;  ///< not part of the sum
+    rain::DateKey to;
     int stepHours;
 };
 
@@ -35,14 +35,14 @@ struct RainStation {
 
 struct RainSum {
     RainSpan span;
-    formats::DateKey last;  ///< the time of the last file: after the end when the steps pass over that
+    rain::DateKey last;  ///< the time of the last file: after the end when the steps pass over that
     std::vector<std::string> files;
     std::vector<std::string> notices;  ///< what the user should know about the files
     std::vector<RainStation> stations;
 };
 
 /// "2012-02-26 20:00"
-std::string rainTimeText(formats::DateKey time);
+std::string rainTimeText(rain::DateKey time);
 
 /// Adds up the rain files of a directory; a Problem that names the file and what is wrong when that fails.
 RainSum sumRain(const std::string& directory, const RainSpan& span);

@@ -7,7 +7,7 @@
 
 #include "arguments.h"
 #include "commands.h"
-#include "contour/refine.h"
+#include "grid/refine.h"
 #include "gridWriter.h"
 #include "jobs.h"
 #include "problem.h"
@@ -19,14 +19,14 @@ const std::vector<std::string> formats{gridFormat, "csv"};
 
 struct RefineOptions {
     OutputOptions output;
-    contour::RefinementFactors factors;
+    grid::RefinementFactors factors;
 };
 
 constexpr int mostParts = 100;
 /// A grid of more points is no use to anybody.
 constexpr int mostPoints = 50'000'000;
 
-contour::RefinementFactors parseFactors(const std::string& text) {
+grid::RefinementFactors parseFactors(const std::string& text) {
     const auto numbers = parseNumbers("--factor", text);
     const auto isFactor = [](double x) { return x == std::floor(x) && x >= 1 && x <= mostParts; };
     if (numbers.size() > 2 || !std::ranges::all_of(numbers, isFactor))
@@ -40,8 +40,8 @@ contour::RefinementFactors parseFactors(const std::string& text) {
 constexpr int columnsBefore = 1;
 constexpr int columnsBehind = 2;
 
-frame::Grid wrapped(const frame::GridView& grid) {
-    frame::Grid wide{{}, columnsBefore + grid.nx + columnsBehind, grid.ny};
+grid::Grid wrapped(const grid::GridView& grid) {
+    grid::Grid wide{{}, columnsBefore + grid.nx + columnsBehind, grid.ny};
     wide.values.reserve(wide.view().size());
     for (int row = 0; row < wide.ny; ++row)
         for (int column = 0; column < wide.nx; ++column)
@@ -50,13 +50,13 @@ frame::Grid wrapped(const frame::GridView& grid) {
 }
 
 /// Keeps nx of a grid's columns, in place.
-void keepColumns(float* values, const frame::GridView& grid, int first, int nx) {
+void keepColumns(float* values, const grid::GridView& grid, int first, int nx) {
     for (int row = 0; row < grid.ny; ++row) values = std::copy_n(grid.row(row) + first, nx, values);
 }
 
 /// The header of the grid with each interval in parts.
-frame::FieldHeader refinedHeader(frame::FieldHeader field, const contour::RefinementFactors& factors) {
-    frame::Lattice& lattice = field.lattice;
+files::FieldHeader refinedHeader(files::FieldHeader field, const grid::RefinementFactors& factors) {
+    grid::Lattice& lattice = field.lattice;
     const bool circles = circlesGlobe(field);
     field.nx = circles ? field.nx * factors.x : (field.nx - 1) * factors.x + 1;
     field.ny = (field.ny - 1) * factors.y + 1;
@@ -69,18 +69,18 @@ frame::FieldHeader refinedHeader(frame::FieldHeader field, const contour::Refine
 }
 
 /// Refines a grid; what its header says of titles, times and levels stays.
-void refineGrid(GridFile& file, const contour::RefinementFactors& factors) {
-    frame::FieldHeader& field = file.header.field;
+void refineGrid(GridFile& file, const grid::RefinementFactors& factors) {
+    files::FieldHeader& field = file.header.field;
     if (file.values.size() == 0)
         throw Problem(fmt::format("its header gives it {} columns and {} rows", field.nx, field.ny));
     if (static_cast<double>(field.nx) * factors.x * field.ny * factors.y > mostPoints)
         throw Problem(fmt::format("the refined grid would have more than {} points", mostPoints));
     const bool circles = circlesGlobe(field);
     field = refinedHeader(field, factors);
-    const frame::Grid wide = circles ? wrapped(file.values) : frame::Grid{};
-    const frame::GridView grid = circles ? wide.view() : file.values;
+    const grid::Grid wide = circles ? wrapped(file.values) : grid::Grid{};
+    const grid::GridView grid = circles ? wide.view() : file.values;
     file.block =
-        ownedBlock(gagexps(grid.values, grid.nx, grid.ny, factors.x, factors.y, frame::missingInFiles));
+        ownedBlock(gagexps(grid.values, grid.nx, grid.ny, factors.x, factors.y, grid::missingInFiles));
     const int columns = (grid.nx - 1) * factors.x + 1;
     if (circles)
         keepColumns(file.block.get(), {file.block.get(), columns, field.ny}, columnsBefore * factors.x,

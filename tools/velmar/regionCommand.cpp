@@ -6,11 +6,12 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fileHead.h"
-#include "formats/regions.h"
+#include "files/regionFile.h"
 #include "geoJson.h"
 #include "jobs.h"
 #include "lineMap.h"
 #include "problem.h"
+#include "regions/regions.h"
 #include "text.h"
 
 namespace velmar::tool {
@@ -23,33 +24,32 @@ struct RegionOptions {
     bool json = false;
 };
 
-formats::RegionTable readTable(const std::string& path, Reporter& reporter) {
+regions::RegionTable readTable(const std::string& path, Reporter& reporter) {
     const FileHead head = readFileHead(path);
     if (head.kind.type != regionFileType)
         throw Problem(fmt::format("it holds no regions: {} (type {})", head.kind.name, head.kind.type));
-    frame::TextScanner in(head.file.view());
-    formats::RegionTable table;
-    formats::readRegionHead(in);
-    if (formats::readRegions(in, table) == formats::RegionsRead::pointMissing)
-        reporter.tell(path, fmt::format("the file breaks off in region {}", table.regions.size()));
-    if (table.regions.empty()) throw Problem("no region of it can be read");
-    return table;
+    base::TextScanner in(head.file.view());
+    base::NamedOutlines outlines = files::readRegions(in).value_or(base::NamedOutlines{});
+    if (outlines.outlines.empty()) throw Problem("no region of it can be read");
+    if (!outlines.outlines.back().isWhole)
+        reporter.tell(path, fmt::format("the file breaks off in region {}", outlines.outlines.size()));
+    return regions::RegionTable(std::move(outlines));
 }
 
-std::string nameIn(const formats::RegionTable& table, const formats::Region& region) {
+std::string nameIn(const regions::RegionTable& table, const regions::Region& region) {
     return gbkToUtf8(table.nameOf(region));
 }
 
 /// The name of the region that holds a place; a place on a map of 0 to 360 degrees may be west of Greenwich.
-std::string nameAt(const formats::RegionTable& table, const GeoPoint& place) {
+std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
     for (const float circles : {0.0F, 360.0F, -360.0F})
-        if (const formats::Region* region =
-                formats::findRegion(table, place.longitude + circles, place.latitude))
+        if (const regions::Region* region =
+                regions::findRegion(table, place.longitude + circles, place.latitude))
             return nameIn(table, *region);
     return {};
 }
 
-std::string placesText(const formats::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
+std::string placesText(const regions::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
     Json json = Json::array();
     std::string text;
     for (const GeoPoint& place : places) {
@@ -62,10 +62,10 @@ std::string placesText(const formats::RegionTable& table, const std::vector<GeoP
     return asJson ? json.dump(2) + "\n" : text;
 }
 
-std::string listText(const formats::RegionTable& table, bool asJson) {
+std::string listText(const regions::RegionTable& table, bool asJson) {
     Json json = Json::array();
     std::string text;
-    for (const formats::Region& region : table.regions) {
+    for (const regions::Region& region : table.regions) {
         const auto& [west, east, south, north] = region.bounds;
         const std::string name = nameIn(table, region);
         Json entry{{"region", name}, {"points", region.points}};
@@ -84,7 +84,7 @@ std::string listText(const formats::RegionTable& table, bool asJson) {
 
 int runRegion(const RegionOptions& options) {
     return runJobs({{options.input, "-", {}, {}}}, [&](const Job& job, Reporter& reporter) {
-        const formats::RegionTable table = readTable(job.input, reporter);
+        const regions::RegionTable table = readTable(job.input, reporter);
         writeOutput("-", options.places.empty() ? listText(table, options.json)
                                                 : placesText(table, options.places, options.json));
     });

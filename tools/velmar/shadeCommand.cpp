@@ -31,7 +31,7 @@ struct ShadeOptions {
 };
 
 /// All values of a byte unless levels were asked for.
-LevelPlan planImageLevels(const LevelOptions& options, const frame::GridView& values) {
+LevelPlan planImageLevels(const LevelOptions& options, const grid::GridView& values) {
     if (options.given()) return planLevels(options, values);
     LevelPlan plan{std::vector<float>(256), {}};
     std::iota(plan.levels.begin(), plan.levels.end(), 0.0F);
@@ -42,7 +42,7 @@ Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& opt
     const ByteImageFile image = readByteImageFile(head);
     const LevelPlan plan = planImageLevels(options.levels, image.grid.view());
     reporter.tell(job.input, plan.notice);
-    const frame::Grid grid = image.circlesGlobe() ? closedGrid(image.grid.view()) : image.grid;
+    const grid::Grid grid = image.circlesGlobe() ? closedGrid(image.grid.view()) : image.grid;
     return shadeGrid(grid.view(), image.lattice, ascending(plan.levels), options.stripRows);
 }
 

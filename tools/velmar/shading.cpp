@@ -18,7 +18,7 @@ ShadePolygon readPolygon(BlockReader& in) {
 }
 
 /// Whether a cell with data at all corners reaches above a level.
-bool reachesAbove(const frame::GridView& grid, float level) {
+bool reachesAbove(const grid::GridView& grid, float level) {
     for (int j = 0; j + 1 < grid.ny; ++j) {
         for (int i = 0; i + 1 < grid.nx; ++i) {
             const std::array corners{grid.at(i, j), grid.at(i + 1, j), grid.at(i, j + 1),
@@ -43,14 +43,14 @@ bool ShadePolygon::counterClockwise() const {
     return twiceArea > 0;
 }
 
-Shading shadeGrid(const frame::GridView& grid, const frame::Lattice& lattice,
-                  const std::vector<float>& levels, int stripRows) {
+Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, const std::vector<float>& levels,
+                  int stripRows) {
     if (levels.empty()) return {};
     std::vector<int> colours(levels.size());
     std::iota(colours.begin(), colours.end(), 0);
     Shading shading{.block = Block(velmarCntrShad(
                         grid.values, grid.nx, grid.ny, levels.data(), colours.data(),
-                        static_cast<int>(levels.size()), frame::missingInFiles, lattice.startLongitude,
+                        static_cast<int>(levels.size()), grid::missingInFiles, lattice.startLongitude,
                         lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep, stripRows)),
                     .polygons = {}};
     if (shading.block == nullptr) {

@@ -25,8 +25,8 @@ struct Shading {
 /// paint gives no polygons; a Problem when the library gives up.
 ///
 ///   stripRows  rows that are shaded at a time; all when below 1
-Shading shadeGrid(const frame::GridView& grid, const frame::Lattice& lattice,
-                  const std::vector<float>& levels, int stripRows);
+Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, const std::vector<float>& levels,
+                  int stripRows);
 
 /// Levels as the shading wants them.
 std::vector<float> ascending(std::vector<float> levels);

@@ -7,8 +7,8 @@
 #include <cmath>
 #include <iterator>
 
-#include "formats/state.h"
-#include "frame/scanner.h"
+#include "base/scanner.h"
+#include "capi/state.h"
 #include "problem.h"
 #include "soundingIndices.h"
 #include "velmarBaseA.h"
@@ -21,23 +21,22 @@ std::optional<float> within(float value, float least, float most) {
     return value >= least && value <= most ? std::optional(value) : std::nullopt;
 }
 
-SoundingLevel levelOf(const formats::SoundingLevel& level) {
-    return {
-        .pressure = level.pressure,
-        .height = level.height == frame::missingInFiles ? std::nullopt : within(level.height, -1e3F, 6e4F),
-        .temperature = within(level.temperature, -120, 70),
-        .dewPoint = within(level.dewPoint, -120, 70),
-        .windDirection = within(level.windDirection, 0, 360),
-        .windSpeed = within(level.windSpeed, 0, 200)};
+SoundingLevel levelOf(const base::SoundingLevel& level) {
+    return {.pressure = level.pressure,
+            .height = level.height == grid::missingInFiles ? std::nullopt : within(level.height, -1e3F, 6e4F),
+            .temperature = within(level.temperature, -120, 70),
+            .dewPoint = within(level.dewPoint, -120, 70),
+            .windDirection = within(level.windDirection, 0, 360),
+            .windSpeed = within(level.windSpeed, 0, 200)};
 }
 
 /// The library's freezing level. It takes the levels as they stand, so this holds only if they are in order and
 /// nothing is missing in those that it goes through, up to the first frozen one.
-std::optional<FreezingLevel> freezingLevelOf(const formats::Sounding& sounding) {
+std::optional<FreezingLevel> freezingLevelOf(const base::Sounding& sounding) {
     if (sounding.freezingPressure <= 0) return std::nullopt;
-    if (!std::ranges::is_sorted(sounding.levels, std::greater{}, &formats::SoundingLevel::pressure))
+    if (!std::ranges::is_sorted(sounding.levels, std::greater{}, &base::SoundingLevel::pressure))
         return std::nullopt;
-    for (const formats::SoundingLevel& raw : sounding.levels) {
+    for (const base::SoundingLevel& raw : sounding.levels) {
         const SoundingLevel level = levelOf(raw);
         if (!level.temperature || !level.height) return std::nullopt;
         if (*level.temperature <= 0) break;
@@ -45,7 +44,7 @@ std::optional<FreezingLevel> freezingLevelOf(const formats::Sounding& sounding) 
     return FreezingLevel{sounding.freezingHeight, sounding.freezingPressure};
 }
 
-Sounding soundingOf(const formats::Sounding& raw) {
+Sounding soundingOf(const base::Sounding& raw) {
     constexpr int highestPressure = 1200;
     Sounding sounding{.number = raw.number,
                       .longitude = raw.longitude,
@@ -66,7 +65,7 @@ Sounding soundingOf(const formats::Sounding& raw) {
 /// The date as the file has it. The library takes all years of two digits for those from 2000 on; here, as in all
 /// dates that the program shows, those from 50 on are of the century before.
 void readHeader(const FileHead& head, SoundingFile& file) {
-    frame::TextScanner in(head.file.view());
+    base::TextScanner in(head.file.view());
     std::string_view keyword;
     std::string_view title;
     int type = 0;
@@ -95,10 +94,9 @@ SoundingFile readSoundingFile(const std::string& path, const FileHead& head) {
     SoundingFile file{};
     readHeader(head, file);
     // A call that fails leaves the soundings of the one before.
-    formats::state().soundings = {};
+    capi::state().soundings = {};
     readVelmarData5(path.c_str());
-    std::ranges::transform(formats::state().soundings.soundings, std::back_inserter(file.soundings),
-                           soundingOf);
+    std::ranges::transform(capi::state().soundings.soundings, std::back_inserter(file.soundings), soundingOf);
     return file;
 }
 

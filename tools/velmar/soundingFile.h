@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fileHead.h"
-#include "frame/gridFile.h"
+#include "files/gridFile.h"
 
 namespace velmar::tool {
 
@@ -50,7 +50,7 @@ struct Sounding {
 
 struct SoundingFile {
     std::string title;        ///< UTF-8
-    frame::FieldHeader time;  ///< the date; the rest is 0
+    files::FieldHeader time;  ///< the date; the rest is 0
     int promised;             ///< soundings, according to the header
     std::vector<Sounding> soundings;
 

@@ -7,10 +7,10 @@
 #include <cmath>
 #include <span>
 
-#include "analysis/selectedStations.h"
-#include "analysis/stationValues.h"
-#include "formats/reports.h"
-#include "frame/scanner.h"
+#include "analysis/stations.h"
+#include "base/scanner.h"
+#include "files/reports.h"
+#include "files/stationValues.h"
 #include "problem.h"
 
 namespace velmar::tool {
@@ -33,7 +33,7 @@ StationFile emptyFile(const FileHead& head) {
     return file;
 }
 
-void setTime(frame::FieldHeader& field, int year, int month, int day, int hour) {
+void setTime(files::FieldHeader& field, int year, int month, int day, int hour) {
     field.year = year;
     field.month = month;
     field.day = day;
@@ -44,18 +44,18 @@ void setTime(frame::FieldHeader& field, int year, int month, int day, int hour) 
 /// it is.
 struct ReportType {
     int type;
-    formats::ReportLayout layout;
-    int frame::FieldHeader::*
+    files::ReportLayout layout;
+    int files::FieldHeader::*
         fifthItem;  ///< what stands between the hour and the number of stations, if anything
     int firstElement;
     int customaryElement;
 };
 
 constexpr std::array reportTypes{
-    ReportType{surfaceReportsType, formats::surfaceReports, nullptr, 6, 20},
-    ReportType{upperAirReportsType, formats::upperAirReports, &frame::FieldHeader::level, 6, 7},
-    ReportType{forecastReportsType, formats::forecastReports, &frame::FieldHeader::forecastHour, 5, 9},
-    ReportType{stationListType, formats::shortReports, nullptr, 4, 4},
+    ReportType{surfaceReportsType, files::surfaceReports, nullptr, 6, 20},
+    ReportType{upperAirReportsType, files::upperAirReports, &files::FieldHeader::level, 6, 7},
+    ReportType{forecastReportsType, files::forecastReports, &files::FieldHeader::forecastHour, 5, 9},
+    ReportType{stationListType, files::shortReports, nullptr, 4, 4},
 };
 
 const ReportType* reportTypeOf(const FileHead& head) {
@@ -64,7 +64,7 @@ const ReportType* reportTypeOf(const FileHead& head) {
 }
 
 /// Reads what stands in front of the reports.
-void readReportsHeader(frame::TextScanner& in, const ReportType& type, StationFile& file) {
+void readReportsHeader(base::TextScanner& in, const ReportType& type, StationFile& file) {
     std::string_view word;
     int number = 0;
     std::array<int, 6> items{};
@@ -82,7 +82,7 @@ void readReportsHeader(frame::TextScanner& in, const ReportType& type, StationFi
 StationFile readReports(const FileHead& head, const ReportType& type) {
     constexpr std::size_t longitude = 1;
     constexpr std::size_t latitude = 2;
-    frame::TextScanner in(head.file.view());
+    base::TextScanner in(head.file.view());
     StationFile file = emptyFile(head);
     readReportsHeader(in, type, file);
     std::vector<float> report(type.layout.fields + type.layout.extraFields);
@@ -90,7 +90,7 @@ StationFile readReports(const FileHead& head, const ReportType& type) {
     file.firstElement = type.firstElement;
     file.elementCount = static_cast<int>(elements.size());
     file.customaryElement = type.customaryElement;
-    for (int k = 0; k < file.promised && formats::readReport(in, type.layout, report); ++k) {
+    for (int k = 0; k < file.promised && files::readReport(in, type.layout, report); ++k) {
         file.longitudes.push_back(report[longitude]);
         file.latitudes.push_back(report[latitude]);
         file.values.insert(file.values.end(), elements.begin(), elements.end());
@@ -99,7 +99,7 @@ StationFile readReports(const FileHead& head, const ReportType& type) {
 }
 
 /// Reads the values of a station behind its first one.
-bool readFurtherValues(frame::TextScanner& in, int count, std::vector<float>& values) {
+bool readFurtherValues(base::TextScanner& in, int count, std::vector<float>& values) {
     for (int k = 0; k < count; ++k) {
         float value = 0;
         if (!in.read(value)) return false;
@@ -109,8 +109,8 @@ bool readFurtherValues(frame::TextScanner& in, int count, std::vector<float>& va
 }
 
 StationFile readStationValues(const FileHead& head) {
-    frame::TextScanner in(head.file.view());
-    auto header = analysis::readStationValuesHeader(in);
+    base::TextScanner in(head.file.view());
+    auto header = files::readStationValuesHeader(in);
     if (!header)
         refuseHeader("a date, contour levels and the corners of a boundary are expected behind the title");
     StationFile file = emptyFile(head);
@@ -122,10 +122,10 @@ StationFile readStationValues(const FileHead& head) {
     file.customaryElement = 1;
     if (scan(in, file.elementCount, file.promised) < 2 || file.elementCount < 1)
         refuseHeader("the numbers of values and of stations are expected behind the boundary");
-    analysis::StationValue station{};
+    base::StationValue station{};
     for (int k = 0; k < file.promised; ++k) {
         const std::size_t before = file.values.size();
-        if (scanStationValue(in, station) < analysis::StationValue::fieldCount) break;
+        if (files::scanStationValue(in, station) < base::StationValue::fieldCount) break;
         file.values.push_back(station.value);
         if (!readFurtherValues(in, file.elementCount - 1, file.values)) {
             file.values.resize(before);

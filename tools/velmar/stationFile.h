@@ -6,7 +6,7 @@
 
 #include "analysis/stations.h"
 #include "fileHead.h"
-#include "frame/gridFile.h"
+#include "files/gridFile.h"
 
 namespace velmar::tool {
 
@@ -24,7 +24,7 @@ struct StationFile {
     int type;
     std::string title;          ///< UTF-8
     std::string titleBytes;     ///< GBK
-    frame::FieldHeader field;   ///< date, forecast hour and level; what the type does not have is 0
+    files::FieldHeader field;   ///< date, forecast hour and level; what the type does not have is 0
     std::vector<float> levels;  ///< those that the file wants drawn
     float boldValue;
     int promised;  ///< stations, according to the header

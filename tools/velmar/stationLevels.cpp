@@ -7,7 +7,7 @@
 namespace velmar::tool {
 
 LevelPlan planStationLevels(const LevelOptions& options, const StationFile& file,
-                            const frame::GridView& values) {
+                            const grid::GridView& values) {
     constexpr std::size_t mostLevels = 1000;
     const Extremes extremes = findExtremes(values, {});
     const std::vector<float> listed = ascending(file.levels);

@@ -8,6 +8,6 @@ namespace velmar::tool {
 /// The levels for values that come from a station file, rising: those that the user asks for, or else those that
 /// the file asks for, if any lies inside the data, or else automatic ones.
 LevelPlan planStationLevels(const LevelOptions& options, const StationFile& file,
-                            const frame::GridView& values);
+                            const grid::GridView& values);
 
 }  // namespace velmar::tool

@@ -5,7 +5,7 @@
 #include <numeric>
 
 #include "blockReader.h"
-#include "wind/state.h"
+#include "capi/state.h"
 
 namespace velmar::tool {
 namespace {
@@ -52,7 +52,7 @@ private:
 };
 
 /// The library's lines may end a little beyond the last row or column.
-GeoPoint insideGrid(GeoPoint point, const frame::GridView& grid, const frame::Lattice& lattice) {
+GeoPoint insideGrid(GeoPoint point, const grid::GridView& grid, const grid::Lattice& lattice) {
     const float endLongitude =
         lattice.startLongitude + static_cast<float>(grid.nx - 1) * lattice.longitudeStep;
     const float endLatitude = lattice.startLatitude + static_cast<float>(grid.ny - 1) * lattice.latitudeStep;
@@ -62,7 +62,7 @@ GeoPoint insideGrid(GeoPoint point, const frame::GridView& grid, const frame::La
 }
 
 /// What stands behind the last element: its count in front is a float, too coarse for very many.
-std::array<float, 6> endMark(const frame::GridView& grid, const frame::Lattice& lattice) {
+std::array<float, 6> endMark(const grid::GridView& grid, const grid::Lattice& lattice) {
     return {0,
             -1,
             static_cast<float>(grid.nx),
@@ -71,7 +71,7 @@ std::array<float, 6> endMark(const frame::GridView& grid, const frame::Lattice& 
             lattice.startLatitude};
 }
 
-void readLines(const float* element, const frame::GridView& grid, const frame::Lattice& lattice,
+void readLines(const float* element, const grid::GridView& grid, const grid::Lattice& lattice,
                StreamlineSet& set) {
     const auto end = endMark(grid, lattice);
     LineJoiner joiner(set);
@@ -100,22 +100,23 @@ void readLines(const float* element, const frame::GridView& grid, const frame::L
 
 StreamlineSet traceStreamlines(const WindFile& file, int density, const std::vector<float>& levels) {
     const bool closes = circlesGlobe(file.header);
-    const frame::Grid closedU = closes ? closedGrid(file.u) : frame::Grid{};
-    const frame::Grid closedV = closes ? closedGrid(file.v) : frame::Grid{};
-    const frame::GridView u = closes ? closedU.view() : file.u;
-    const frame::GridView v = closes ? closedV.view() : file.v;
+    const grid::Grid closedU = closes ? closedGrid(file.u) : grid::Grid{};
+    const grid::Grid closedV = closes ? closedGrid(file.v) : grid::Grid{};
+    const grid::GridView u = closes ? closedU.view() : file.u;
+    const grid::GridView v = closes ? closedV.view() : file.v;
     std::vector<float> speeds(u.size());
     std::transform(u.values, u.values + u.size(), v.values, speeds.begin(), windSpeed);
     std::vector<int> bands(levels.size());
     std::iota(bands.begin(), bands.end(), 0);
 
     // The export is told no place: it takes that of the last wind file.
-    frame::Lattice lattice = file.header.lattice;
+    grid::Lattice lattice = file.header.lattice;
     if (closes) lattice.endLongitude += lattice.longitudeStep;
-    wind::state() = {.lattice = lattice, .currentColour = 0};
+    capi::state().windLattice = lattice;
+    capi::state().streamlineColour = 0;
     const Block block = ownedBlock(streamAnalyse(
-        u.values, v.values, speeds.data(), u.nx, u.ny, frame::missingInFiles, frame::missingInFiles,
-        frame::missingInFiles, 1, levels.data(), bands.data(), static_cast<int>(levels.size()), density));
+        u.values, v.values, speeds.data(), u.nx, u.ny, grid::missingInFiles, grid::missingInFiles,
+        grid::missingInFiles, 1, levels.data(), bands.data(), static_cast<int>(levels.size()), density));
     StreamlineSet set{.levels = levels, .pieces = {}, .firstPieces = {}, .arrows = {}};
     readLines(block.get() + 2, u, lattice, set);
     return set;

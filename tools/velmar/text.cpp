@@ -42,7 +42,7 @@ struct Converter {
 /// Files of the last century give years without it.
 int fullYear(int year) { return year >= 50 && year < 100 ? 1900 + year : year; }
 
-std::optional<std::chrono::sys_time<std::chrono::minutes>> startTime(const frame::FieldHeader& header) {
+std::optional<std::chrono::sys_time<std::chrono::minutes>> startTime(const files::FieldHeader& header) {
     if (header.year < 1 || header.year > 9999 || header.month < 1 || header.day < 1) return std::nullopt;
     if (header.hour < 0 || header.hour > 24) return std::nullopt;
     const std::chrono::year_month_day date{std::chrono::year{fullYear(header.year)},
@@ -114,12 +114,12 @@ std::string placedText(const PlacedValue& place) {
                        longitudeText(place.longitude));
 }
 
-std::string startTimeText(const frame::FieldHeader& header) {
+std::string startTimeText(const files::FieldHeader& header) {
     if (const auto time = startTime(header)) return timeText(*time);
     return fmt::format("{}-{}-{} {} h", header.year, header.month, header.day, header.hour);
 }
 
-std::optional<std::string> validTimeText(const frame::FieldHeader& header) {
+std::optional<std::string> validTimeText(const files::FieldHeader& header) {
     constexpr int longestForecast = 100000;
     const auto time = startTime(header);
     if (!time || header.forecastHour < 0 || header.forecastHour > longestForecast) return std::nullopt;

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/gridFile.h"
+#include "files/gridFile.h"
 #include "gridFile.h"
 
 namespace velmar::tool {
@@ -26,10 +26,10 @@ std::string latitudeText(double degrees);
 std::string placedText(const PlacedValue& place);
 
 /// "2011-10-08 00:00", or the numbers as the file has them when they are no date.
-std::string startTimeText(const frame::FieldHeader& header);
+std::string startTimeText(const files::FieldHeader& header);
 
 /// The time the forecast is for, or nothing when the header's date or hours are out of range.
-std::optional<std::string> validTimeText(const frame::FieldHeader& header);
+std::optional<std::string> validTimeText(const files::FieldHeader& header);
 
 /// "500 hPa"; levels that are no pressure are given as they are, level 0 gives an empty text.
 std::string levelText(int level);

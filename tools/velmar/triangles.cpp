@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t mostLevels = 49;
 
-frame::Lattice latticeOf(const analysis::StationView& stations) {
+grid::Lattice latticeOf(const analysis::StationView& stations) {
     const Bounds bounds = boundsRound(stations);
     // Points of lines lie as they come, to hundredths of a degree and less.
     constexpr float step = 0.01F;
@@ -34,7 +34,7 @@ Block linesOf(const analysis::Stations& stations, const std::vector<float>& leve
     return Block(reinterpret_cast<float*>(address));
 }
 
-Json triangleJson(const StationContours& contours, const geometry::Triangle& triangle) {
+Json triangleJson(const StationContours& contours, const triangles::Triangle& triangle) {
     Json ring = Json::array();
     for (const std::uint32_t k : {triangle[0], triangle[1], triangle[2], triangle[0]})
         ring.push_back(positionJson({contours.stations.longitudes[k], contours.stations.latitudes[k]}));
@@ -54,7 +54,7 @@ StationContours contourStations(const analysis::Stations& stations, const std::v
     set.levels = levels;
     result.stations = broughtTo(set.lattice, stations.view());
     const analysis::Stations& placed = result.stations;
-    result.triangles = geometry::growNetwork({placed.longitudes, placed.latitudes, placed.values});
+    result.triangles = triangles::growNetwork({placed.longitudes, placed.latitudes, placed.values});
     if (result.triangles.empty())
         throw Problem(
             "its stations make no triangle: one more than 2 degrees off the line from the first to its "
@@ -78,7 +78,7 @@ std::string geoJson(const StationContours& contours) {
     for (const Isoline& line : contours.lines.lines)
         collection.add({{"kind", "line"}, {"value", writtenNumber(line.value)}},
                        {{"type", "LineString"}, {"coordinates", positionsJson(line)}});
-    for (const geometry::Triangle& triangle : contours.triangles)
+    for (const triangles::Triangle& triangle : contours.triangles)
         collection.add({{"kind", "triangle"}, {"stations", triangle}}, triangleJson(contours, triangle));
     return collection.text();
 }

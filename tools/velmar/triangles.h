@@ -3,15 +3,15 @@
 #include <vector>
 
 #include "contours.h"
-#include "geometry/network.h"
 #include "stationFile.h"
+#include "triangles/triangulation.h"
 
 namespace velmar::tool {
 
 /// Contour lines drawn straight from stations, and the triangles that they were drawn over.
 struct StationContours {
     analysis::Stations stations;  ///< brought together across the seam of the longitudes
-    std::vector<geometry::Triangle> triangles;
+    std::vector<triangles::Triangle> triangles;
     ContourSet lines;  ///< without a grid
 };
 

@@ -38,7 +38,7 @@ void contourFile(const Job& job, const TrianglesOptions& options, Reporter& repo
     const int element = chooseElement(file, options.element);
     const analysis::Stations stations = file.withValue(element);
     if (stations.values.empty()) throw Problem(fmt::format("no station has a value of element {}", element));
-    const frame::GridView values{stations.values.data(), static_cast<int>(stations.values.size()), 1};
+    const grid::GridView values{stations.values.data(), static_cast<int>(stations.values.size()), 1};
     const LevelPlan plan = planStationLevels(options.levels, file, values);
     reporter.tell(job.input, plan.notice);
     const StationContours contours = contourStations(stations, plan.levels);

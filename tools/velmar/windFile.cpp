@@ -6,8 +6,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/numbers.h"
 #include "blockReader.h"
-#include "frame/numbers.h"
 #include "problem.h"
 
 namespace velmar::tool {
@@ -37,13 +37,13 @@ std::string windReaderProblem(int code) {
     }
 }
 
-frame::FieldHeader readHeader(BlockReader& in) {
-    frame::FieldHeader header{};
-    const auto whole = [&] { return frame::truncateToInt(in.value()); };
+files::FieldHeader readHeader(BlockReader& in) {
+    files::FieldHeader header{};
+    const auto whole = [&] { return base::truncateToInt(in.value()); };
     for (int* field :
          {&header.year, &header.month, &header.day, &header.hour, &header.forecastHour, &header.level})
         *field = whole();
-    frame::Lattice& lattice = header.lattice;
+    grid::Lattice& lattice = header.lattice;
     for (float* field : {&lattice.longitudeStep, &lattice.latitudeStep, &lattice.startLongitude,
                          &lattice.endLongitude, &lattice.startLatitude, &lattice.endLatitude})
         *field = in.value();
@@ -53,8 +53,8 @@ frame::FieldHeader readHeader(BlockReader& in) {
 }
 
 /// The lattice with the ends that follow from steps and counts, a column further for a field that is closed.
-frame::Lattice computedEnds(const frame::FieldHeader& header) {
-    frame::Lattice lattice = header.lattice;
+grid::Lattice computedEnds(const files::FieldHeader& header) {
+    grid::Lattice lattice = header.lattice;
     lattice.endLongitude = lattice.startLongitude + static_cast<float>(header.nx) * lattice.longitudeStep;
     lattice.endLatitude = lattice.startLatitude + static_cast<float>(header.ny) * lattice.latitudeStep;
     return lattice;
@@ -64,7 +64,7 @@ frame::Lattice computedEnds(const frame::FieldHeader& header) {
 
 float windSpeed(float u, float v) {
     const bool present = isPresent(u) && isPresent(v);
-    return present ? std::sqrt(u * u + v * v) : frame::missingInFiles;
+    return present ? std::sqrt(u * u + v * v) : grid::missingInFiles;
 }
 
 bool isWindFile(const FileHead& head) { return head.kind.type == windFileType; }
@@ -84,7 +84,7 @@ WindFile readWindFile(const std::string& path, const FileHead& head) {
     const auto [nx, ny] = std::pair(file.header.nx, file.header.ny);
     constexpr int mostExact = 1 << 24;  // counts travel as floats
     if (std::max(nx, ny) >= mostExact) throw Problem("it has too many columns or rows");
-    const std::size_t count = frame::valueCount(nx, ny);
+    const std::size_t count = grid::valueCount(nx, ny);
     file.u = {.values = in.values(count).data(), .nx = nx, .ny = ny};
     file.v = {.values = in.values(count).data(), .nx = nx, .ny = ny};
     return file;

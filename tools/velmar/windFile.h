@@ -8,12 +8,12 @@ namespace velmar::tool {
 
 /// A wind file (type 11), read in full. Its rows run from south to north, whatever the file has.
 struct WindFile {
-    frame::FieldHeader header;
+    files::FieldHeader header;
     std::string title;       ///< UTF-8
     std::string titleBytes;  ///< GBK
     Block block;
-    frame::GridView u;
-    frame::GridView v;
+    grid::GridView u;
+    grid::GridView v;
 };
 
 inline constexpr int windFileType = 11;

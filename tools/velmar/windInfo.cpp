@@ -17,10 +17,10 @@ int directionFrom(float u, float v) {
     return direction > 0 ? direction : direction + 360;
 }
 
-PlacedValue placedAt(std::size_t point, float speed, const frame::FieldHeader& header) {
+PlacedValue placedAt(std::size_t point, float speed, const files::FieldHeader& header) {
     const auto nx = static_cast<std::size_t>(header.nx);
     const std::size_t row = point / nx;
-    const frame::Lattice& lattice = header.lattice;
+    const grid::Lattice& lattice = header.lattice;
     return {speed, lattice.startLongitude + static_cast<double>(point % nx) * lattice.longitudeStep,
             lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep};
 }

@@ -7,32 +7,32 @@
 #include <cmath>
 #include <vector>
 
-#include "frame/block.h"
+#include "base/floats.h"
 
 namespace velmar::tool {
 namespace {
 
 Block speeds(const WindFile& file) {
-    Block block(frame::allocateBlock(file.u.size()).release());
+    Block block(base::allocateFloats(file.u.size()).release());
     std::transform(file.u.values, file.u.values + file.u.size(), file.v.values, block.get(), windSpeed);
     return block;
 }
 
-Block derivative(WindQuantity quantity, const frame::GridView& u, const frame::GridView& v,
-                 const frame::Lattice& lattice) {
+Block derivative(WindQuantity quantity, const grid::GridView& u, const grid::GridView& v,
+                 const grid::Lattice& lattice) {
     const bool divergence = quantity == WindQuantity::divergence;
     const auto differentiate = divergence ? hdiv : hvor;
     const float* const first = divergence ? u.values : v.values;
     const float* const second = divergence ? v.values : u.values;
-    return ownedBlock(differentiate(first, second, u.nx, u.ny, frame::missingInFiles, lattice.startLongitude,
+    return ownedBlock(differentiate(first, second, u.nx, u.ny, grid::missingInFiles, lattice.startLongitude,
                                     lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep));
 }
 
 /// The two columns on each side of the seam, from west to east.
 constexpr int seamColumns = 4;
 
-frame::Grid seamStrip(const frame::GridView& grid) {
-    frame::Grid strip{{}, seamColumns, grid.ny};
+grid::Grid seamStrip(const grid::GridView& grid) {
+    grid::Grid strip{{}, seamColumns, grid.ny};
     strip.values.reserve(strip.view().size());
     for (int row = 0; row < grid.ny; ++row)
         for (int column = 0; column < seamColumns; ++column)
@@ -42,8 +42,8 @@ frame::Grid seamStrip(const frame::GridView& grid) {
 
 /// The library's derivatives are missing on the edges of a grid; on a seam that is no edge they are put in.
 void fillSeam(WindQuantity quantity, const WindFile& file, float* values) {
-    const frame::Grid u = seamStrip(file.u);
-    const frame::Grid v = seamStrip(file.v);
+    const grid::Grid u = seamStrip(file.u);
+    const grid::Grid v = seamStrip(file.v);
     const Block strip = derivative(quantity, u.view(), v.view(), file.header.lattice);
     for (int row = 0; row < file.u.ny; ++row) {
         const float* const across = strip.get() + static_cast<std::ptrdiff_t>(seamColumns) * row;
@@ -63,14 +63,14 @@ Block computed(WindQuantity quantity, const WindFile& file) {
 /// Brings values into their unit. One that is too large for a float, as where a step is 0, is missing.
 void scaleValues(float* values, std::size_t count, float scale) {
     std::transform(values, values + count, values, [=](float value) {
-        if (value == frame::missingInFiles) return value;
+        if (value == grid::missingInFiles) return value;
         const float scaled = value * scale;
-        return std::isfinite(scaled) ? scaled : frame::missingInFiles;
+        return std::isfinite(scaled) ? scaled : grid::missingInFiles;
     });
 }
 
 /// A size that few values exceed, one in `share`.
-float customarySize(const frame::GridView& values, std::size_t share) {
+float customarySize(const grid::GridView& values, std::size_t share) {
     std::vector<float> sizes;
     sizes.reserve(values.size());
     std::for_each(values.values, values.values + values.size(), [&](float value) {
@@ -91,14 +91,14 @@ double roundedDown(double number) {
 }
 
 /// `leastLevels` levels or somewhat more up to a size.
-void setLevels(frame::GridHeader& header, double size, int leastLevels) {
+void setLevels(files::GridHeader& header, double size, int leastLevels) {
     if (!(size > 0)) return;
     const double interval = roundedDown(size / leastLevels);
     header.interval = static_cast<float>(interval);
     header.endValue = static_cast<float>(std::floor(size / interval)) * header.interval;
 }
 
-void setLevels(frame::GridHeader& header, const frame::GridView& values, WindQuantity quantity) {
+void setLevels(files::GridHeader& header, const grid::GridView& values, WindQuantity quantity) {
     if (quantity == WindQuantity::speed)
         return setLevels(header, customarySize(values, values.size() + 1), 8);
     // The largest derivatives stand beside the poles and would make all others one band.

@@ -12,12 +12,12 @@ namespace {
 /// neighbours.
 struct WrappedGrid {
     std::vector<float> values;
-    frame::GridView view;
+    grid::GridView view;
     int extraColumns;
 };
 
 WrappedGrid wrap(const ContourSet& set) {
-    const frame::GridView& grid = set.grid;
+    const grid::GridView& grid = set.grid;
     const int extra = set.circlesGlobe() ? 1 : 0;
     WrappedGrid wrapped{.values = {}, .view = {nullptr, grid.nx + 2 * extra, grid.ny}, .extraColumns = extra};
     wrapped.values.reserve(wrapped.view.size());
@@ -31,7 +31,7 @@ WrappedGrid wrap(const ContourSet& set) {
 }
 
 /// Whether an inner grid point and its eight neighbours have data.
-bool isComplete(const frame::GridView& grid, int column, int row) {
+bool isComplete(const grid::GridView& grid, int column, int row) {
     for (int j = row - 1; j <= row + 1; ++j)
         for (int i = column - 1; i <= column + 1; ++i)
             if (!isPresent(grid.at(i, j))) return false;
@@ -43,11 +43,11 @@ bool isComplete(const frame::GridView& grid, int column, int row) {
 std::vector<Center> prominentCenters(const ContourSet& set, float leastProminence) {
     const WrappedGrid wrapped = wrap(set);
     // With steps of one degree from zero the places of the result are columns and rows.
-    const Block found = checkedBlock(findCenters(wrapped.values.data(), frame::missingInFiles,
-                                                 wrapped.view.nx, wrapped.view.ny, 0, 0, 0, 1, 1));
+    const Block found = checkedBlock(findCenters(wrapped.values.data(), grid::missingInFiles, wrapped.view.nx,
+                                                 wrapped.view.ny, 0, 0, 0, 1, 1));
     const std::vector<float> highs = prominences(set.grid, 1, set.circlesGlobe());
     const std::vector<float> lows = prominences(set.grid, -1, set.circlesGlobe());
-    const frame::Lattice& lattice = set.lattice;
+    const grid::Lattice& lattice = set.lattice;
     std::vector<Center> centers;
     for (std::size_t k = 0; k < static_cast<std::size_t>(found[0]); ++k) {
         const float* const record = found.get() + 1 + 7 * k;

@@ -15,7 +15,7 @@
 namespace velmar::tool {
 namespace {
 
-std::string timesText(const frame::FieldHeader& field) {
+std::string timesText(const files::FieldHeader& field) {
     std::string text = startTimeText(field);
     const auto valid = validTimeText(field);
     if (field.forecastHour != 0) text += fmt::format(" + {} h", field.forecastHour);
@@ -115,7 +115,7 @@ ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& sh
 }
 
 ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
-    const frame::Grid& grid = image.grid;
+    const grid::Grid& grid = image.grid;
     const Content content{boundsOf(image), image.circlesGlobe(),
                           findExtremes(grid.view(), image.lattice, &shown)};
     return {.title = image.title,

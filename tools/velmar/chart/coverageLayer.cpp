@@ -4,7 +4,7 @@ namespace velmar::tool {
 namespace {
 
 /// Whether the grid has data in all four corners of a cell: lines are drawn in such cells only.
-bool isCovered(const frame::GridView& grid, int column, int row) {
+bool isCovered(const grid::GridView& grid, int column, int row) {
     return isPresent(grid.at(column, row)) && isPresent(grid.at(column + 1, row)) &&
            isPresent(grid.at(column, row + 1)) && isPresent(grid.at(column + 1, row + 1));
 }

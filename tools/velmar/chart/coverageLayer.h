@@ -12,7 +12,7 @@ void paintNoData(const Page& page);
 /// Paints grey where the grid has no data, missing or beyond its edge, and another colour where it has.
 class CoverageLayer : public Layer {
 public:
-    CoverageLayer(const frame::GridView& grid, const frame::Lattice& lattice, const Colour& covered)
+    CoverageLayer(const grid::GridView& grid, const grid::Lattice& lattice, const Colour& covered)
         : grid_(grid), lattice_(lattice), covered_(covered) {}
     void draw(Page& page) const override;
 
@@ -20,8 +20,8 @@ private:
     void addRow(const Page& page, int row, int circles) const;
     void addCells(const Page& page, int row, int firstColumn, int lastColumn, int circles) const;
 
-    frame::GridView grid_;
-    frame::Lattice lattice_;
+    grid::GridView grid_;
+    grid::Lattice lattice_;
     Colour covered_;
 };
 

@@ -12,8 +12,8 @@ namespace velmar::tool {
 struct Fill {
     std::vector<float> levels;    ///< rising
     std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
-    frame::Grid grid;             ///< as fine as the one that the lines were traced on
-    frame::Lattice lattice;
+    grid::Grid grid;              ///< as fine as the one that the lines were traced on
+    grid::Lattice lattice;
     std::vector<std::vector<Outline>> areas;  ///< above each level
 };
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "frame/block.h"
+#include "base/floats.h"
 
 namespace velmar::tool {
 namespace {
@@ -26,7 +26,7 @@ int strideFor(const WindFile& file, const MapFrame& map) {
 }
 
 /// Steps to the east from the first column to that of the new seam, half way round between the map's edges.
-int stepsToSeam(const frame::Lattice& lattice, const Bounds& shown) {
+int stepsToSeam(const grid::Lattice& lattice, const Bounds& shown) {
     constexpr double tolerance = 1e-3;
     const double seam = shown.west - (360 - (shown.east - shown.west)) / 2;
     return static_cast<int>(std::floor((seam - lattice.startLongitude) / lattice.longitudeStep + tolerance));
@@ -41,7 +41,7 @@ WindFile flowField(const WindFile& file, const MapFrame& map) {
     WindFile field{.header = file.header, .title = {}, .titleBytes = {}, .block = {}, .u = {}, .v = {}};
     field.header.nx = (file.u.nx - 1) / stride + 1;
     field.header.ny = (file.u.ny - 1) / stride + 1;
-    frame::Lattice& lattice = field.header.lattice;
+    grid::Lattice& lattice = field.header.lattice;
     lattice.startLongitude += static_cast<float>(first) * lattice.longitudeStep;
     lattice.longitudeStep *= static_cast<float>(stride);
     lattice.latitudeStep *= static_cast<float>(stride);
@@ -50,8 +50,8 @@ WindFile flowField(const WindFile& file, const MapFrame& map) {
     lattice.endLatitude =
         lattice.startLatitude + static_cast<float>(field.header.ny - 1) * lattice.latitudeStep;
 
-    const std::size_t count = frame::valueCount(field.header.nx, field.header.ny);
-    field.block = ownedBlock(frame::allocateBlock(2 * count).release());
+    const std::size_t count = grid::valueCount(field.header.nx, field.header.ny);
+    field.block = ownedBlock(base::allocateFloats(2 * count).release());
     float* next = field.block.get();
     const int start = (first % file.u.nx + file.u.nx) % file.u.nx;
     for (const auto& [from, to] : {std::pair(&file.u, &field.u), std::pair(&file.v, &field.v)}) {

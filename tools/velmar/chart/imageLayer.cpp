@@ -39,7 +39,7 @@ public:
 
 private:
     /// Pixels smaller than a square of the paper are averaged.
-    static int samplesAcross(const frame::Lattice& lattice, const MapFrame& map) {
+    static int samplesAcross(const grid::Lattice& lattice, const MapFrame& map) {
         constexpr double most = 8;
         const PaperPoint from = map.toPaper(0, 0);
         const PaperPoint to = map.toPaper(lattice.longitudeStep, lattice.latitudeStep);

@@ -14,13 +14,13 @@ ImageSampler::ImageSampler(const ByteImageFile& image)
       wraps_(image.circlesGlobe()) {}
 
 float ImageSampler::pixel(int column, int row) const {
-    const frame::GridView grid = image_.grid.view();
+    const grid::GridView grid = image_.grid.view();
     if (wraps_) column = (column + grid.nx) % grid.nx;
     return grid.at(std::clamp(column, 0, grid.nx - 1), std::clamp(row, 0, grid.ny - 1));
 }
 
 std::optional<float> ImageSampler::at(double longitude, double latitude) const {
-    const frame::Lattice& lattice = image_.lattice;
+    const grid::Lattice& lattice = image_.lattice;
     double x = (longitude - lattice.startLongitude) / lattice.longitudeStep;
     x -= columnsRoundGlobe_ * std::floor((x + 0.5) / columnsRoundGlobe_);
     const double y = (latitude - lattice.startLatitude) / lattice.latitudeStep;

@@ -25,7 +25,7 @@ double aspect(const Bounds& bounds) {
 
 }  // namespace
 
-Bounds boundsOf(const frame::Lattice& lattice) {
+Bounds boundsOf(const grid::Lattice& lattice) {
     const auto [west, east] = std::minmax<double>({lattice.startLongitude, lattice.endLongitude});
     const auto [south, north] = std::minmax<double>({lattice.startLatitude, lattice.endLatitude});
     const Bounds bounds{west, std::min(east, west + 360), std::max(south, -90.0), std::min(north, 90.0)};

@@ -19,7 +19,7 @@ struct MapFrame {
 
 /// The area that a grid covers. A Problem when there is none to draw: a grid of one row or column, or one
 /// that lies off the globe.
-Bounds boundsOf(const frame::Lattice& lattice);
+Bounds boundsOf(const grid::Lattice& lattice);
 
 /// The area of a picture, half a step wider than its lattice, or a whole circle.
 Bounds boundsOf(const ByteImageFile& image);

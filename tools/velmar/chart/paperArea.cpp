@@ -29,7 +29,7 @@ std::vector<AreaCorner> cut(const std::vector<AreaCorner>& area, double line, do
     return kept;
 }
 
-std::vector<AreaCorner> onPaper(const Outline& outline, const frame::Lattice& lattice, const MapFrame& map,
+std::vector<AreaCorner> onPaper(const Outline& outline, const grid::Lattice& lattice, const MapFrame& map,
                                 int circles) {
     std::vector<AreaCorner> area;
     area.reserve(outline.size());
@@ -72,7 +72,7 @@ std::vector<AreaCorner> clipped(std::vector<AreaCorner> area, const PaperBox& bo
     return cut<&PaperPoint::y>(area, box.bottom(), -1);
 }
 
-void traceOutline(cairo_t* ink, const MapFrame& map, const Outline& outline, const frame::Lattice& lattice) {
+void traceOutline(cairo_t* ink, const MapFrame& map, const Outline& outline, const grid::Lattice& lattice) {
     const auto [least, most] = std::ranges::minmax(outline, {}, &OutlinePoint::column);
     const double start = lattice.startLongitude + static_cast<double>(least.column) * lattice.longitudeStep;
     const double end = lattice.startLongitude + static_cast<double>(most.column) * lattice.longitudeStep;

@@ -108,7 +108,7 @@ void PaperLine::trace(cairo_t* ink, const PaperBox& box, const std::vector<Stret
     }
 }
 
-double detailOf(const frame::Lattice& lattice, const MapFrame& map) {
+double detailOf(const grid::Lattice& lattice, const MapFrame& map) {
     constexpr double leastVisible = 0.3;
     const PaperPoint from = map.toPaper(0, 0);
     const PaperPoint to = map.toPaper(lattice.longitudeStep, lattice.latitudeStep);
@@ -121,7 +121,7 @@ PaperBox sightOf(const MapFrame& map) {
     return {box.left - margin, box.top - margin, box.width + 2 * margin, box.height + 2 * margin};
 }
 
-std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const frame::Lattice& lattice,
+std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const grid::Lattice& lattice,
                                     const MapFrame& map) {
     const double detail = detailOf(lattice, map);
     std::vector<PaperLine> onPaper;

@@ -46,11 +46,11 @@ private:
 
 /// All lines that can be seen on a map, each as often as it can be seen. The lattice is that of the grid that
 /// they come from.
-std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const frame::Lattice& lattice,
+std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const grid::Lattice& lattice,
                                     const MapFrame& map);
 
 /// Less than this cannot be seen on a map, or is less than a grid of this lattice can tell.
-double detailOf(const frame::Lattice& lattice, const MapFrame& map);
+double detailOf(const grid::Lattice& lattice, const MapFrame& map);
 
 /// The box at whose border lines and areas are cut. The ends of a cut line are not rounded as its corners
 /// are, so they are kept out of sight.

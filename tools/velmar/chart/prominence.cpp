@@ -11,7 +11,7 @@ namespace {
 /// them.
 class Islands {
 public:
-    Islands(const frame::GridView& grid, float sign, bool circlesGlobe)
+    Islands(const grid::GridView& grid, float sign, bool circlesGlobe)
         : grid_(grid),
           sign_(sign),
           circlesGlobe_(circlesGlobe),
@@ -78,7 +78,7 @@ private:
         return height(a) < height(b) || (height(a) == height(b) && a > b);
     }
 
-    const frame::GridView& grid_;
+    const grid::GridView& grid_;
     float sign_;
     bool circlesGlobe_;
     std::vector<std::size_t> parents_;
@@ -87,7 +87,7 @@ private:
 
 }  // namespace
 
-std::vector<float> prominences(const frame::GridView& grid, float sign, bool circlesGlobe) {
+std::vector<float> prominences(const grid::GridView& grid, float sign, bool circlesGlobe) {
     return Islands(grid, sign, circlesGlobe).sink();
 }
 

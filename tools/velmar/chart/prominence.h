@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "frame/grid.h"
+#include "grid/grid.h"
 
 namespace velmar::tool {
 
@@ -12,6 +12,6 @@ namespace velmar::tool {
 ///
 ///   sign          1 for highs, -1 for lows
 ///   circlesGlobe  whether the last column is the first one repeated, so that ways lead across the seam
-std::vector<float> prominences(const frame::GridView& grid, float sign, bool circlesGlobe);
+std::vector<float> prominences(const grid::GridView& grid, float sign, bool circlesGlobe);
 
 }  // namespace velmar::tool

@@ -57,7 +57,7 @@ Parts partsOf(const StreamlineSet& set, const MapFrame& map) {
 }
 
 /// Where a field lies on paper, a hair wider.
-PaperBox fieldBox(const frame::Lattice& lattice, const MapFrame& map, int circles) {
+PaperBox fieldBox(const grid::Lattice& lattice, const MapFrame& map, int circles) {
     constexpr double hair = 0.01;
     const PaperPoint a = map.toPaper(lattice.startLongitude + 360.0 * circles, lattice.startLatitude);
     const PaperPoint b = map.toPaper(lattice.endLongitude + 360.0 * circles, lattice.endLatitude);

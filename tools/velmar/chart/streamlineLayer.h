@@ -13,7 +13,7 @@ namespace velmar::tool {
 class StreamlineLayer : public Layer {
 public:
     /// The lattice is that of the field that the lines were traced on; there is a colour for each of its bands.
-    StreamlineLayer(const StreamlineSet& set, const frame::Lattice& lattice, std::vector<Colour> colours)
+    StreamlineLayer(const StreamlineSet& set, const grid::Lattice& lattice, std::vector<Colour> colours)
         : set_(set), lattice_(lattice), colours_(std::move(colours)) {}
     void place(Page& page) override;
     void draw(Page& page) const override;
@@ -27,7 +27,7 @@ private:
     void placeArrow(Page& page, const StreamlineSet::Arrow& arrow, int circles);
 
     const StreamlineSet& set_;
-    frame::Lattice lattice_;
+    grid::Lattice lattice_;
     std::vector<Colour> colours_;
     std::vector<PaperLine> lines_;
     std::vector<ArrowHead> heads_;

@@ -12,7 +12,7 @@ constexpr double lineWidth = 0.6;
 
 void TriangleLayer::draw(Page& page) const {
     const analysis::Stations& stations = contours_.stations;
-    const frame::Lattice& lattice = contours_.lines.lattice;
+    const grid::Lattice& lattice = contours_.lines.lattice;
     const auto [first, last] = circlesInto(page.map.bounds, lattice.startLongitude, lattice.endLongitude);
     const auto place = [&](std::uint32_t k, int circles) {
         return page.map.toPaper(stations.longitudes[k] + 360.0 * circles, stations.latitudes[k]);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <concepts>
+#include <initializer_list>
+#include <string_view>
+
+namespace velmar::base {
+
+/// One value of a progress text.
+class ProgressArgument {
+public:
+    ProgressArgument(std::integral auto value)
+        : kind_(Kind::integer), integer_(static_cast<long long>(value)) {}
+    ProgressArgument(double value) : kind_(Kind::real), real_(value) {}
+    ProgressArgument(std::string_view value) : kind_(Kind::text), text_(value) {}
+
+    /// Writes the value to the buffer of progress texts: a real number with six decimals and a decimal point,
+    /// whatever the locale.
+    void print() const;
+
+private:
+    enum class Kind { integer, real, text };
+    Kind kind_;
+    union {
+        long long integer_;
+        double real_;
+        std::string_view text_;
+    };
+};
+
+/// Prints a progress text of the catalogue to standard output, each conversion replaced by the next value.
+/// Texts are collected and written at the end of the export.
+void progress(const char* format, std::initializer_list<ProgressArgument> values = {}) noexcept;
+
+/// Writes what has been collected.
+void flushProgress() noexcept;
+
+/// Switches the texts off and on again for hosts that use standard output for something else. On at load.
+void setProgressEnabled(bool enabled) noexcept;
+
+}  // namespace velmar::base

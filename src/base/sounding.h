@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+namespace velmar::base {
+
+struct SoundingLevel {
+    int pressure;         ///< hPa
+    float height;         ///< as the file has it
+    float temperature;    ///< degrees C
+    float dewPoint;       ///< degrees C
+    float windDirection;  ///< degrees, from which the wind blows
+    float windSpeed;      ///< as the file has it
+};
+
+/// A sounding, from the lowest level up, and what is derived from it: 0 where it cannot be.
+struct Sounding {
+    int number;
+    float longitude;  ///< degrees
+    float latitude;   ///< degrees
+    float height;     ///< of the station
+    std::vector<SoundingLevel> levels;
+
+    float freezingHeight = 0;  ///< where the temperature first falls to 0 degrees C, in units of the heights
+    float freezingPressure = 0;  ///< hPa
+    float kIndex = 0;            ///< after George (1960), degrees
+    float totalTotals = 0;       ///< after Miller (1967), degrees
+};
+
+}  // namespace velmar::base

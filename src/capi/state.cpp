@@ -1,0 +1,10 @@
+#include "capi/state.h"
+
+namespace velmar::capi {
+
+State& state() {
+    static State instance;
+    return instance;
+}
+
+}  // namespace velmar::capi

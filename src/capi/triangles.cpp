@@ -1,0 +1,53 @@
+#include <cstdint>
+
+#include "base/messages.h"
+#include "base/progress.h"
+#include "capi/barrier.h"
+#include "capi/state.h"
+#include "triangles/stationContours.h"
+#include "velmarBaseA.h"
+
+namespace velmar::capi {
+namespace {
+
+ResultBlock packLines(const triangles::Lines& lines) {
+    if (lines.lines.empty()) return nullptr;
+    const std::size_t size = 1 + 2 * (lines.points.size() + lines.lines.size());
+    base::progress(base::messages::stationLinesSize, {size});
+    ResultBlock block = base::allocateFloats(size);
+    BlockWriter out(block);
+    out.appendCount(size);
+    auto point = lines.points.begin();
+    std::size_t next = 1;
+    for (const auto& [points, level] : lines.lines) {
+        out.appendCount(points);
+        out.append(level);
+        for (const auto end = point + static_cast<std::ptrdiff_t>(points); point != end; ++point) {
+            out.append(point->x);
+            out.append(point->y);
+        }
+        next += 2 + 2 * points;
+        base::progress(base::messages::nextElement, {next});
+    }
+    return block;
+}
+
+}  // namespace
+}  // namespace velmar::capi
+
+std::intptr_t SanJiao(const float* x, const float* y, float* values, const float* levels, int n, int mode,
+                      float start, float interval, int levelCount) noexcept {
+    using namespace velmar;
+    constexpr int leastStations = 3;
+    if (n < leastStations || mode < 0 || mode > 2 || x == nullptr || y == nullptr || values == nullptr)
+        return 0;
+    const triangles::LevelRequest request{static_cast<triangles::LevelChoice>(mode), start, interval, levels,
+                                          levels == nullptr ? 0 : levelCount};
+    const auto count = static_cast<std::size_t>(n);
+    float* const block = capi::guarded<float*>(nullptr, [&] {
+        return capi::packLines(triangles::contourStations({x, count}, {y, count}, {values, count}, request,
+                                                          capi::state().stationLevels))
+            .release();
+    });
+    return reinterpret_cast<std::intptr_t>(block);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "files/file.h"
+
+namespace velmar::files {
+
+/// Opens a diagnostic file to write it anew, as text. Its name is fixed, and anybody may have put something else there.
+/// So it is opened only where nothing but an older one can be lost: not through a link, even one that leads nowhere, not
+/// when the file has a second name, and not when it is the file `beingRead`, however that is spelt. Nor is a pipe or a
+/// device opened: a host could wait there for ever. Nothing then, or when it cannot be opened.
+OpenFile openDiagnosticFile(const char* name, const char* beingRead = nullptr);
+
+}  // namespace velmar::files

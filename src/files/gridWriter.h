@@ -1,0 +1,32 @@
+#pragma once
+
+#include "files/file.h"
+#include "grid/grid.h"
+
+namespace velmar::files {
+
+/// A grid to be written: its values, where its header says that it lies, and the sizes that it tells. Sizes that are
+/// not positive go with no values.
+struct WrittenGrid {
+    grid::GridView values;
+    grid::Lattice lattice;
+};
+
+/// What the header of a grid file says about drawing.
+struct DrawingHints {
+    float interval;
+    float startValue;
+    float endValue;
+};
+
+/// Writes a grid file ("diamond" type 4) to a text stream and closes that. The title and the date are always
+/// the same. Of a grid without values there is the header only.
+void writeAnalysisGrid(OpenFile file, const WrittenGrid& grid, const DrawingHints& hints);
+
+/// The same to a diagnostic file of this name in the current directory, where one may be written.
+///
+///   beingRead  the file that the grid is made from; null when it is made from none
+void writeDiagnosticGrid(const char* name, const char* beingRead, const WrittenGrid& grid,
+                         const DrawingHints& hints);
+
+}  // namespace velmar::files

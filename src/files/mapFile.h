@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdio>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "base/scanner.h"
+
+namespace velmar::files {
+
+/// Lines of a map, their points in one array.
+struct MapLines {
+    struct Line {
+        std::size_t points;
+        int attribute1;
+        int attribute2;
+    };
+
+    std::vector<Line> lines;
+    std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees; longitudes from 0 on
+};
+
+/// How the lines of a map file begin: its keyword says so.
+enum class MapForm { diamond, march };
+
+/// Reads the head of a map file (type 9), up to its lines; nothing when that fails.
+std::optional<MapForm> readMapHead(base::TextScanner& in);
+
+/// Reads lines to the end of the file; what can be read is in the lines even when it fails.
+///
+///   logFile  gets a text per line of the March form; may be null
+bool readMapLines(base::TextScanner& in, MapForm form, MapLines& lines, std::FILE* logFile);
+
+/// Writes to the log of a map, if there is one.
+inline void tell(std::FILE* log, const char* text) {
+    if (log != nullptr) std::fputs(text, log);
+}
+
+template <class... Values>
+void tell(std::FILE* log, const char* format, Values... values) {
+    if (log != nullptr) std::fprintf(log, format, values...);
+}
+
+}  // namespace velmar::files

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "base/scanner.h"
+
+namespace velmar::files {
+
+/// A type of station file whose records are rows of numbers.
+struct ReportLayout {
+    std::size_t headerIntegers;  ///< behind keyword, type and description; the last is the number of records
+    std::size_t fields;          ///< numbers of a record in the file
+    std::size_t extraFields;     ///< numbers that follow where the last two fields say so
+};
+
+inline constexpr ReportLayout surfaceReports{5, 24, 2};   // type 1
+inline constexpr ReportLayout upperAirReports{6, 10, 0};  // type 2
+inline constexpr ReportLayout forecastReports{6, 12, 0};  // type 8
+inline constexpr ReportLayout shortReports{1, 4, 0};      // type 16
+
+/// Reads a report, which has room for the extra fields that its type can have; says whether it is complete. Extra
+/// fields are in the file where the last two others are 1 and 2, and 9999 otherwise.
+bool readReport(base::TextScanner& in, const ReportLayout& layout, std::span<float> report);
+
+}  // namespace velmar::files

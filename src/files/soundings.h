@@ -1,0 +1,23 @@
+#pragma once
+
+#include <vector>
+
+#include "base/scanner.h"
+#include "base/sounding.h"
+
+namespace velmar::files {
+
+/// A file of soundings and its date.
+struct SoundingFile {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    std::vector<base::Sounding> soundings;
+};
+
+/// Reads a file of soundings ("diamond" or "March" type 5) up to the first that is not whole. Nothing is derived from
+/// them. A file that is none leaves no soundings.
+SoundingFile readSoundings(base::TextScanner& in);
+
+}  // namespace velmar::files

@@ -1,0 +1,42 @@
+#include "grid/extremes.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velmar::grid {
+
+namespace {
+
+/// Enough running extremes side by side to keep vectors of any width busy.
+constexpr std::size_t laneCount = 32;
+using Lanes = std::array<float, laneCount>;
+
+/// 0 and -0 are equal, so that lanes may settle on either; it is the first of the two in the grid that
+/// counts.
+float firstEqual(std::span<const float> values, float extreme) {
+    return extreme == 0.0F ? *std::find(values.begin(), values.end(), extreme) : extreme;
+}
+
+}  // namespace
+
+Extremes extremesOf(std::span<const float> values, float missing) {
+    Lanes largest;
+    Lanes smallest;
+    largest.fill(Extremes{}.largest);
+    smallest.fill(Extremes{}.smallest);
+    const auto take = [&](float value, std::size_t lane) {
+        const bool above = (value > largest[lane]) & (value != missing);
+        const bool below = (value < smallest[lane]) & (value != missing);
+        largest[lane] = above ? value : largest[lane];
+        smallest[lane] = below ? value : smallest[lane];
+    };
+    std::size_t k = 0;
+    for (; k + laneCount <= values.size(); k += laneCount) {
+        for (std::size_t lane = 0; lane < laneCount; ++lane) take(values[k + lane], lane);
+    }
+    for (std::size_t lane = 0; k < values.size(); ++k, ++lane) take(values[k], lane);
+    return {firstEqual(values, *std::max_element(largest.begin(), largest.end())),
+            firstEqual(values, *std::min_element(smallest.begin(), smallest.end()))};
+}
+
+}  // namespace velmar::grid

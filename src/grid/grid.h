@@ -1,0 +1,76 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+namespace velmar::grid {
+
+/// Grid points without data carry this value in the files of the diamond family.
+inline constexpr float missingInFiles = 9999.0F;
+
+/// Number of values of an nx by ny grid; a grid whose nx or ny is not positive holds none. A number that no memory and
+/// no file can hold, as those of a 32-bit host, comes out as one that leaves room for what is added to it.
+constexpr std::size_t valueCount(int nx, int ny) {
+    constexpr std::uint64_t most = std::numeric_limits<std::size_t>::max() / 2;
+    if (nx <= 0 || ny <= 0) return 0;
+    return static_cast<std::size_t>(
+        std::min(static_cast<std::uint64_t>(nx) * static_cast<std::uint64_t>(ny), most));
+}
+
+/// A grid somebody else owns: element (column i, row j) is values[j * nx + i].
+struct GridView {
+    const float* values;
+    int nx;
+    int ny;
+
+    std::size_t size() const { return valueCount(nx, ny); }
+    const float* row(int j) const {
+        return values + static_cast<std::size_t>(j) * static_cast<std::size_t>(nx);
+    }
+    float at(int i, int j) const { return row(j)[i]; }
+};
+
+/// A grid that owns its values.
+struct Grid {
+    std::vector<float> values;
+    int nx = 0;
+    int ny = 0;
+
+    GridView view() const { return {values.data(), nx, ny}; }
+};
+
+/// Where a grid lies: its first column and row, its last ones and the steps between, in degrees.
+struct Lattice {
+    float startLongitude;
+    float endLongitude;
+    float longitudeStep;
+    float startLatitude;
+    float endLatitude;
+    float latitudeStep;
+};
+
+/// A position in the plane: on a grid, counted from 1 at the first column and row, or in degrees.
+struct Point {
+    float x;
+    float y;
+
+    bool operator==(const Point&) const = default;
+};
+
+/// Where a grid's first column and row lie and how far apart columns and rows are, in degrees.
+struct GridPlace {
+    float x0;
+    float y0;
+    float dx;
+    float dy;
+
+    /// The degrees of a position on the grid.
+    Point degrees(Point position) const {
+        return {(position.x - 1.0F) * dx + x0, (position.y - 1.0F) * dy + y0};
+    }
+};
+
+}  // namespace velmar::grid

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include "grid/bitPlane.h"
+#include "grid/grid.h"
+
+namespace velmar::grid {
+
+/// Which grid points have data: those whose value is a number, not equal to `missing` and not beyond the
+/// largest magnitude.
+struct DataRule {
+    float missing;
+    float largestMagnitude = std::numeric_limits<float>::infinity();
+};
+
+/// What is the same for all levels of a grid: which points have data and, for each word of 64 points of a
+/// row, the range of their values. A level outside the range of a word is classified without a look at the
+/// values, so that the cost of a level is that of the places where it lies.
+class LevelIndex {
+public:
+    void build(const GridView& grid, const DataRule& rule);
+
+    const GridView& grid() const { return grid_; }
+
+    /// Whether any point with data is above the level and any other not.
+    bool reaches(float level) const { return whole_.lowest <= level && level < whole_.highest; }
+
+    /// The bits of the points of row j that have data and lie above the level.
+    void classifyRow(int j, float level, std::span<std::uint64_t> above) const;
+
+    /// The bits of the points of row j that have data.
+    std::span<const std::uint64_t> defined(int j) const { return {defined_.row(j), defined_.wordsPerRow()}; }
+
+    bool hasData(int i, int j) const { return defined_.test(i, j); }
+
+    std::size_t wordsPerRow() const { return defined_.wordsPerRow(); }
+
+    /// Of memory.
+    std::size_t bytes() const { return defined_.bytes() + base::bytesOf(ranges_); }
+
+    /// Smallest and largest value with data; upside down when there is none.
+    struct Range {
+        float lowest = std::numeric_limits<float>::infinity();
+        float highest = -std::numeric_limits<float>::infinity();
+    };
+
+    /// The range of the rows from `first` to `last`.
+    Range rangeOfRows(int first, int last) const;
+
+private:
+    const Range* rangesOf(int j) const {
+        return ranges_.data() + static_cast<std::size_t>(j) * wordsPerRow();
+    }
+
+    GridView grid_{};
+    Range whole_;
+    BitPlane defined_;
+    std::vector<Range> ranges_;
+};
+
+}  // namespace velmar::grid

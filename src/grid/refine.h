@@ -1,0 +1,32 @@
+#pragma once
+
+#include "grid/grid.h"
+
+namespace velmar::grid {
+
+/// Into how many parts each grid interval is divided, at least 1.
+struct RefinementFactors {
+    int x = 1;  ///< along rows
+    int y = 1;  ///< along columns
+};
+
+/// Factors that bring a grid to about 200 columns and 50 rows.
+RefinementFactors chooseFactors(int nx, int ny);
+
+/// The order in which the terms of a cubic are added up. It shows in the last bit.
+enum class CubicForm {
+    ascending,   ///< from the constant to the cube, as for contour lines
+    descending,  ///< from the cube to the constant, as for analysed grids
+};
+
+/// Refines a grid to (nx - 1) * factors.x + 1 columns and (ny - 1) * factors.y + 1 rows by piecewise cubic
+/// Hermite interpolation, rows first, then columns. Grid points keep their values. The slope at a point is
+/// half the difference of its two neighbours, or the difference across the interval itself where one of them
+/// is missing or beyond the edge. An interval with a missing end is missing inside.
+grid::Grid refine(const grid::GridView& grid, float missing, const RefinementFactors& factors);
+
+/// The same into memory that somebody else has taken.
+void refineInto(const grid::GridView& grid, float missing, const RefinementFactors& factors, CubicForm form,
+                float* fine);
+
+}  // namespace velmar::grid

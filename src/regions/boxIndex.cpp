@@ -1,0 +1,102 @@
+#include "regions/boxIndex.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+#include "base/numbers.h"
+
+namespace velmar::regions {
+namespace {
+
+bool isSomewhere(const Box& box) { return box.west <= box.east && box.south <= box.north; }
+
+Box extentOf(std::span<const Box> boxes) {
+    constexpr float infinite = std::numeric_limits<float>::infinity();
+    Box extent{infinite, -infinite, infinite, -infinite};
+    for (const Box& box : boxes) {
+        if (!isSomewhere(box)) continue;
+        extent = {std::min(extent.west, box.west), std::max(extent.east, box.east),
+                  std::min(extent.south, box.south), std::max(extent.north, box.north)};
+    }
+    return extent;
+}
+
+}  // namespace
+
+/// Infinite and vanishing extents have everything in bucket 0.
+BoxIndex::Axis::Axis(float lowest, float highest, std::uint32_t buckets) : origin(lowest), count(buckets) {
+    const float scale = static_cast<float>(buckets) / (highest - lowest);
+    bucketsPerUnit = std::isfinite(scale) && scale > 0 ? scale : 0;
+}
+
+std::uint32_t BoxIndex::Axis::bucketOf(float value) const {
+    const int bucket = base::truncateToInt((value - origin) * bucketsPerUnit);
+    return std::min(static_cast<std::uint32_t>(std::max(bucket, 0)), count - 1);
+}
+
+/// The buckets that a box reaches into.
+struct BoxIndex::Reach {
+    std::uint32_t firstColumn, lastColumn, firstRow, lastRow;
+
+    std::size_t buckets() const {
+        return std::size_t{lastColumn - firstColumn + 1} * std::size_t{lastRow - firstRow + 1};
+    }
+    template <class Visit>
+    void forEach(std::uint32_t columns, Visit visit) const {
+        for (std::uint32_t row = firstRow; row <= lastRow; ++row)
+            for (std::uint32_t column = firstColumn; column <= lastColumn; ++column)
+                visit(std::size_t{row} * columns + column);
+    }
+};
+
+BoxIndex::Reach BoxIndex::reachOf(const Box& box) const {
+    return {columns_.bucketOf(box.west), columns_.bucketOf(box.east), rows_.bucketOf(box.south),
+            rows_.bucketOf(box.north)};
+}
+
+void BoxIndex::setAxes(const Box& extent, std::uint32_t columns, std::uint32_t rows) {
+    columns_ = Axis(extent.west, extent.east, columns);
+    rows_ = Axis(extent.south, extent.north, rows);
+}
+
+std::size_t BoxIndex::entryCount(std::span<const Box> boxes) const {
+    return std::accumulate(boxes.begin(), boxes.end(), std::size_t{0}, [&](std::size_t sum, const Box& box) {
+        return isSomewhere(box) ? sum + reachOf(box).buckets() : sum;
+    });
+}
+
+BoxIndex::BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint32_t rows) {
+    constexpr std::size_t entriesPerBox = 4;
+    const Box extent = extentOf(boxes);
+    setAxes(extent, columns, rows);
+    while ((columns > 1 || rows > 1) && entryCount(boxes) > entriesPerBox * boxes.size()) {
+        columns = std::max(columns / 2, 1U);
+        rows = std::max(rows / 2, 1U);
+        setAxes(extent, columns, rows);
+    }
+    fill(boxes);
+}
+
+void BoxIndex::fill(std::span<const Box> boxes) {
+    // Each list is counted one place further on than it starts, then filled from its start, which moves there.
+    starts_.assign(std::size_t{columns_.count} * rows_.count + 2, 0);
+    const auto forEachEntry = [&](auto visit) {
+        for (std::uint32_t k = 0; k < boxes.size(); ++k)
+            if (isSomewhere(boxes[k]))
+                reachOf(boxes[k]).forEach(columns_.count, [&](std::size_t bucket) { visit(bucket, k); });
+    };
+    forEachEntry([&](std::size_t bucket, std::uint32_t) { ++starts_[bucket + 2]; });
+    std::partial_sum(starts_.begin(), starts_.end(), starts_.begin());
+    entries_.resize(starts_.back());
+    forEachEntry([&](std::size_t bucket, std::uint32_t k) { entries_[starts_[bucket + 1]++] = k; });
+}
+
+std::span<const std::uint32_t> BoxIndex::near(float x, float y) const {
+    if (starts_.empty()) return {};
+    const std::size_t bucket = std::size_t{rows_.bucketOf(y)} * columns_.count + columns_.bucketOf(x);
+    return std::span(entries_).subspan(starts_[bucket], starts_[bucket + 1] - starts_[bucket]);
+}
+
+}  // namespace velmar::regions

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace velmar::regions {
+
+/// An upright rectangle; it is empty, and nowhere, when a lower bound is above the upper one.
+struct Box {
+    float west;
+    float east;
+    float south;
+    float north;
+};
+
+/// Finds the boxes that may hold a place without a look at the others: their common extent is divided into
+/// buckets, each with a list of the boxes that reach into it. Lists take a few entries a box.
+class BoxIndex {
+public:
+    BoxIndex() = default;
+
+    /// There are so many columns and rows of buckets, or fewer where boxes overlap so much that the lists would
+    /// become long.
+    BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint32_t rows);
+
+    /// The numbers, in rising order, of all boxes that hold a place, and of some others near it.
+    std::span<const std::uint32_t> near(float x, float y) const;
+
+private:
+    /// Buckets along one axis. Whatever is between two values has a bucket between theirs.
+    struct Axis {
+        float origin = 0;
+        float bucketsPerUnit = 0;
+        std::uint32_t count = 1;
+
+        Axis(float lowest, float highest, std::uint32_t buckets);
+        Axis() = default;
+        std::uint32_t bucketOf(float value) const;
+    };
+
+    struct Reach;
+    Reach reachOf(const Box& box) const;
+    void setAxes(const Box& extent, std::uint32_t columns, std::uint32_t rows);
+    std::size_t entryCount(std::span<const Box> boxes) const;
+    void fill(std::span<const Box> boxes);
+
+    Axis columns_;
+    Axis rows_;
+    std::vector<std::size_t> starts_;     ///< of each bucket's list, and behind the last one the end
+    std::vector<std::uint32_t> entries_;  ///< all lists, one behind the other
+};
+
+}  // namespace velmar::regions

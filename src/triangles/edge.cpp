@@ -1,0 +1,66 @@
+#include "triangles/edge.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace velmar::triangles {
+namespace {
+
+/// Places less than this north or south of a line are on it, degrees.
+constexpr double onLine = 0.01;
+/// Squared distance below which two places are the same.
+constexpr double samePlace = 1e-6;
+
+double square(double x) { return x * x; }
+
+}  // namespace
+
+EdgeLine::EdgeLine(Place a, Place b) {
+    constexpr double least = 1e-6;
+    double dx = b.x - a.x;
+    if (std::fabs(dx) < least) dx = least;
+    slope = (b.y - a.y) / dx;
+    offset = a.y - slope * a.x;
+}
+
+Side sideOf(const EdgeLine& line, Place p) {
+    const double north = line.northOf(p);
+    if (north < -onLine) return Side::south;
+    return north > onLine ? Side::north : Side::on;
+}
+
+bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side) {
+    const auto [west, south] = extent.lowest;
+    const auto [east, north] = extent.highest;
+    const double atWest = line.slope * west;
+    const double atEast = line.slope * east;
+    // Half of what a place must be off the line allows for rounding, as long as the terms are not too large.
+    constexpr double least = onLine / 2;
+    constexpr double largest = least * 1e14;
+    if (!(std::max(std::fabs(atWest), std::fabs(atEast)) + std::fabs(line.offset) < largest)) return true;
+    const bool reachesNorth = north - std::min(atWest, atEast) - line.offset > least;
+    const bool reachesSouth = south - std::max(atWest, atEast) - line.offset < -least;
+    return (reachesNorth && side != Side::north) || (reachesSouth && side != Side::south);
+}
+
+double viewOf(Place a, Place b, Place from) {
+    const double toB = squaredDistance(from, b);
+    const double toA = squaredDistance(from, a);
+    if (!(toB >= samePlace && toA >= samePlace)) return -1;
+    const double cosine = (toB + toA - squaredDistance(a, b)) / (2 * std::sqrt(toB) * std::sqrt(toA));
+    return 1 - cosine;
+}
+
+double squaredReach(Place a, Place b, double view) {
+    // Views are differences from 1, of squared distances that may be nearly the same: so much may one be wrong by.
+    constexpr double rounding = 1e-10;
+    const double cosine = 1 - (view - rounding);
+    if (!(cosine < 1)) return std::numeric_limits<double>::infinity();
+    // Places with one view lie on a circle through both ends: the farthest is its far end, or the ends themselves.
+    const double factor = cosine > 0 ? (1 + cosine) / std::sqrt(1 - square(cosine)) : 1;
+    const double reach = std::sqrt(squaredDistance(a, b)) / 2 * factor;
+    return square(reach * (1 + 1e-9) + 1e-9);
+}
+
+}  // namespace velmar::triangles

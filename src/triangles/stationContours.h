@@ -1,0 +1,18 @@
+#pragma once
+
+#include <span>
+
+#include "triangles/chains.h"
+#include "triangles/stationLevels.h"
+#include "triangles/stations.h"
+
+namespace velmar::triangles {
+
+/// Draws contour lines from station values over a network of triangles, as SanJiao describes it. Values almost on a
+/// level are changed in place.
+///
+///   levels  those of the call before; gets the ones of this call
+Lines contourStations(std::span<const float> x, std::span<const float> y, std::span<float> values,
+                      const LevelRequest& request, LevelTable& levels);
+
+}  // namespace velmar::triangles

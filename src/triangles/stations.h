@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+namespace velmar::triangles {
+
+/// Stations of a plane map: longitudes, latitudes and values in the same order.
+struct StationsView {
+    std::span<const float> x;
+    std::span<const float> y;
+    std::span<const float> values;
+
+    std::size_t count() const { return x.size(); }
+};
+
+}  // namespace velmar::triangles

@@ -1,0 +1,128 @@
+#include "triangles/triangulation.h"
+
+#include <cmath>
+#include <optional>
+
+#include "triangles/edge.h"
+#include "triangles/edgeCounts.h"
+
+namespace velmar::triangles {
+namespace {
+
+/// The first station is looked for within this distance, degrees.
+constexpr double farthest = 10000;
+
+Place placeOf(const StationsView& stations, std::uint32_t k) { return {stations.x[k], stations.y[k]}; }
+
+/// The station other than 0 that is nearest to a place and fits, the first of several as near.
+template <class Fits>
+std::optional<std::uint32_t> nearestTo(const StationsView& stations, Place place, Fits fits) {
+    std::optional<std::uint32_t> nearest;
+    double best = farthest;
+    for (std::uint32_t k = 1; k < stations.count(); ++k) {
+        if (!fits(k)) continue;
+        const Place p = placeOf(stations, k);
+        const double dx = p.x - place.x;
+        const double dy = p.y - place.y;
+        const double distance = std::sqrt(dx * dx + dy * dy);
+        if (!(distance < best)) continue;
+        best = distance;
+        nearest = k;
+    }
+    return nearest;
+}
+
+std::optional<Triangle> firstTriangle(const StationsView& stations) {
+    constexpr double leastHeight = 2.0;
+    const auto second = nearestTo(stations, placeOf(stations, 0), [](std::uint32_t) { return true; });
+    if (!second) return std::nullopt;
+    const Place a = placeOf(stations, 0);
+    const Place b = placeOf(stations, *second);
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    const double length = std::sqrt(dx * dx + dy * dy);
+    const auto third = nearestTo(stations, {(a.x + b.x) / 2, (a.y + b.y) / 2}, [&](std::uint32_t k) {
+        const Place p = placeOf(stations, k);
+        return k != *second && std::fabs(dx * (p.y - a.y) - dy * (p.x - a.x)) / length > leastHeight;
+    });
+    if (!third) return std::nullopt;
+    return Triangle{0, *second, *third};
+}
+
+/// The triangles and what is needed to find more.
+class Growth {
+public:
+    explicit Growth(const StationsView& stations) : stations_(stations), tree_(stations.x, stations.y) {
+        // Most networks have twice as many triangles as stations, and three times as many edges.
+        triangles_.reserve(2 * stations.count());
+        counts_.reserve(3 * stations.count());
+    }
+
+    std::vector<Triangle> grow(const Triangle& first) {
+        append(first);
+        // Triangles are appended while they are visited.
+        for (std::size_t k = 0; k < triangles_.size(); ++k) {
+            const auto [a, b, c] = triangles_[k];
+            extend(a, b, c);
+            extend(a, c, b);
+            extend(b, c, a);
+        }
+        return std::move(triangles_);
+    }
+
+private:
+    void append(const Triangle& triangle) {
+        triangles_.push_back(triangle);
+        counts_.add(triangle);
+    }
+
+    /// Adds a triangle beyond an open edge, seen from the third vertex of its triangle.
+    void extend(std::uint32_t p1, std::uint32_t p2, std::uint32_t third) {
+        if (counts_(p1, p2) > 1) return;
+        const auto vertex = bestViewOf(p1, p2, third);
+        if (!vertex || counts_(p1, *vertex) > 1 || counts_(p2, *vertex) > 1) return;
+        append({p1, p2, *vertex});
+    }
+
+    /// The station that sees an edge under the largest angle from beyond it; of several the first.
+    std::optional<std::uint32_t> bestViewOf(std::uint32_t p1, std::uint32_t p2, std::uint32_t third) const {
+        const Place a = placeOf(stations_, p1);
+        const Place b = placeOf(stations_, p2);
+        const EdgeLine line(a, b);
+        const Side inner = sideOf(line, placeOf(stations_, third));
+        std::optional<std::uint32_t> best;
+        double bestView = 0;
+        double reach = std::numeric_limits<double>::infinity();
+        const Place middle{(a.x + b.x) / 2, (a.y + b.y) / 2};
+        tree_.search(
+            middle,
+            [&](const Extent& extent, double squaredDistance) {
+                return squaredDistance <= reach && reachesBeyond(extent, line, inner);
+            },
+            [&](std::uint32_t k, Place place) {
+                if (squaredDistance(middle, place) > reach) return;
+                const Side side = sideOf(line, place);
+                if (side == Side::on || side == inner || k == p1 || k == p2 || k == third) return;
+                const double view = viewOf(a, b, place);
+                if (!(view > bestView || (view == bestView && best && k < *best))) return;
+                best = k;
+                bestView = view;
+                reach = squaredReach(a, b, view);
+            });
+        return best;
+    }
+
+    const StationsView& stations_;
+    StationTree tree_;
+    std::vector<Triangle> triangles_;
+    EdgeCounts counts_;
+};
+
+}  // namespace
+
+std::vector<Triangle> growNetwork(const StationsView& stations) {
+    const std::optional<Triangle> first = firstTriangle(stations);
+    return first ? Growth(stations).grow(*first) : std::vector<Triangle>{};
+}
+
+}  // namespace velmar::triangles

@@ -1,0 +1,86 @@
+#include "wind/derivatives.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "base/elementary.h"
+#include "base/wideVectors.h"
+
+namespace velmar::wind {
+namespace {
+
+/// The established results were computed with this value of pi.
+constexpr double pi = 3.1416;
+constexpr double radiansPerDegree = pi / 180;
+constexpr float earthRadius = 6.37e6F;
+/// No point is computed where the earth's radius times the cosine of latitude, in metres, is not above this.
+constexpr double singular = 1e-10;
+
+/// Single precision, in radians, of row or column k. The degrees are rounded once, from double.
+float position(int k, float step, float start) {
+    const auto degrees = static_cast<float>(static_cast<double>(k) * step + start);
+    return static_cast<float>(degrees * radiansPerDegree);
+}
+
+/// What is needed of an inner row. Pointers are to the first elements of rows.
+struct Row {
+    const float* p;
+    const float* southernQ;
+    const float* northernQ;
+    double southernCosine;
+    double northernCosine;
+    double latitudeSpan;  ///< between the neighbouring rows, radians; turned round for the difference
+    float circle;         ///< earth's radius times the cosine of latitude, metres
+};
+
+VELMAR_WIDE_VECTORS
+void differentiateRow(const Row& row, const double* longitudeSpans, int nx, float missing, float* out) {
+    const auto [p, southernQ, northernQ, southernCosine, northernCosine, latitudeSpan, circle] = row;
+    for (int i = 1; i < nx - 1; ++i) {
+        const double west = p[i - 1];
+        const double east = p[i + 1];
+        const auto alongLongitude = static_cast<float>((east - west) / longitudeSpans[i]);
+        const double alongLatitude =
+            (northernCosine * northernQ[i] - southernCosine * southernQ[i]) / latitudeSpan;
+        const float sum = static_cast<float>(alongLongitude + alongLatitude);
+        const bool hasData =
+            p[i - 1] != missing && southernQ[i] != missing && p[i + 1] != missing && northernQ[i] != missing;
+        out[i] = hasData ? sum / circle : missing;
+    }
+}
+
+/// The distance of the neighbours of each inner column, radians.
+std::vector<double> longitudeSpansOf(int nx, const grid::GridPlace& place) {
+    std::vector<double> spans(static_cast<std::size_t>(nx));
+    for (int i = 1; i < nx - 1; ++i) {
+        spans[static_cast<std::size_t>(i)] = static_cast<double>(position(i + 1, place.dx, place.x0)) -
+                                             static_cast<double>(position(i - 1, place.dx, place.x0));
+    }
+    return spans;
+}
+
+}  // namespace
+
+base::Floats differentiate(const FieldPair& fields, const grid::GridPlace& place, Combination combination) {
+    const auto& [p, q, missing] = fields;
+    if (p.size() == 0) return nullptr;
+    base::Floats result = base::allocateFloats(p.size());
+    std::fill_n(result.get(), p.size(), missing);
+    const std::vector<double> longitudeSpans = longitudeSpansOf(p.nx, place);
+    for (int j = 1; j < p.ny - 1; ++j) {
+        const double south = position(j - 1, place.dy, place.y0);
+        const double north = position(j + 1, place.dy, place.y0);
+        const float circle =
+            static_cast<float>(base::cosine(static_cast<double>(position(j, place.dy, place.y0)))) *
+            earthRadius;
+        if (circle <= singular) continue;
+        const double span = combination == Combination::sum ? north - south : south - north;
+        const Row row{p.row(j), q.row(j - 1), q.row(j + 1), base::cosine(south), base::cosine(north),
+                      span,     circle};
+        differentiateRow(row, longitudeSpans.data(), p.nx, missing, result.get() + (p.row(j) - p.values));
+    }
+    return result;
+}
+
+}  // namespace velmar::wind
