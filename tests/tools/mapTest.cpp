@@ -150,8 +150,7 @@ TEST_F(RegionTest, NamesTheRegionsOfPlaces) {
 TEST_F(RegionTest, ListsWhatThereIs) {
     const std::string file = write("r", "diamond 10 x\n1 2 A 3 0 0 5 5 0 5\n3 4 \xC4\xCF 0\n5 6 C 2 1 1");
     const Answer answer = run({"region", file, "--list"});
-    EXPECT_EQ(answer.out,
-              "A  3 points, 0 to 5, 0 to 5\n南  0 points, nowhere\nC  1 points, nowhere\n");
+    EXPECT_EQ(answer.out, "A  3 points, 0 to 5, 0 to 5\n南  0 points, nowhere\nC  1 points, nowhere\n");
     EXPECT_THAT(answer.err, HasSubstr("the file breaks off in region 3"));
     EXPECT_EQ(json::parse(outOf({"region", file, "--json"}))[0]["bounds"], json({0, 5, 0, 5}));
 }
