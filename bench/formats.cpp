@@ -9,8 +9,9 @@
 #include <string>
 
 #include "../tests/formats/plainRegions.h"
-#include "capi/formatsState.h"
+#include "capi/state.h"
 #include "counters.h"
+#include "files/regionFile.h"
 #include "rain/dateKey.h"
 #include "rain/rainTable.h"
 #include "velmarBaseA.h"
@@ -57,10 +58,8 @@ struct Loaded {
 
 Loaded load(int count, int points) {
     const std::string text = textOf(counties(count, points));
-    Loaded loaded;
     base::TextScanner in(text);
-    regions::readRegionHead(in);
-    regions::readRegions(in, loaded.table);
+    Loaded loaded{regions::RegionTable(files::readRegions(in).value()), {}};
     for (const regions::Region& region : loaded.table.regions) {
         const float* const first = loaded.table.pointsOf(region);
         loaded.regions.emplace_back(loaded.table.nameOf(region),
@@ -77,7 +76,7 @@ struct Places {
 
 void regionLookup(benchmark::State& state) {
     Loaded loaded = load(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-    capi::state().regions = std::move(loaded.table);
+    capi::state().regions.emplace(std::move(loaded.table));
     Places places;
     for (auto _ : state)
         benchmark::DoNotOptimize(countyNameFromRegion(places.x(places.random), places.y(places.random)));
@@ -163,18 +162,24 @@ public:
             key = rain::stepDateKey(1, key);
             write(folder_ / (std::to_string(key).substr(2) + ".000"), rainOf(stations, k));
         }
-        end = key;
+        end_ = key;
     }
     RainFolder(const RainFolder&) = delete;
     RainFolder& operator=(const RainFolder&) = delete;
     ~RainFolder() { std::filesystem::remove_all(folder_); }
 
-    std::string path() const { return folder_.string(); }
-
-    static constexpr rain::DateKey start = rain::dateKey(2016, 7, 1, 0);
-    rain::DateKey end = start;
+    /// Says whether the files were read.
+    bool sum() const {
+        const auto part = [this](int scale) { return static_cast<int>(end_ / scale % 100); };
+        float* const block =
+            DiscreteAdd(2016, 7, 1, 0, 2016, part(10000), part(100), part(1), folder_.c_str(), 1);
+        freecPointer(block);
+        return block != nullptr;
+    }
 
 private:
+    static constexpr rain::DateKey start = rain::dateKey(2016, 7, 1, 0);
+
     static void write(const std::filesystem::path& path, const std::vector<RainTable::Station>& stations) {
         std::ofstream file(path);
         file << "diamond 3 rain\n16 7 1 0 0 0 1 0 0 1 " << stations.size() << '\n';
@@ -184,13 +189,13 @@ private:
     }
 
     std::filesystem::path folder_;
+    rain::DateKey end_ = start;
 };
 
 void rainFiles(benchmark::State& state) {
     const RainFolder folder(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     for (auto _ : state) {
-        if (!rain::accumulateRain(folder.path().c_str(), {RainFolder::start, folder.end, 1}))
-            return state.SkipWithError("the files were not read");
+        if (!folder.sum()) return state.SkipWithError("the files were not read");
     }
     bench::reportTimePerValue(state, static_cast<double>(state.range(0) * state.range(1)));
 }

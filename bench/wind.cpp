@@ -6,7 +6,7 @@
 #include <string>
 
 #include "../tests/wind/plainStreamlines.h"
-#include "capi/windState.h"
+#include "capi/state.h"
 #include "counters.h"
 #include "grid/grid.h"
 #include "velmarBaseA.h"
@@ -79,7 +79,8 @@ void calm(benchmark::State& state) {
 
 void streamlinesPlainly(benchmark::State& state) {
     const test::PlainWind wind = windOf(360, 181, static_cast<int>(state.range(0)));
-    capi::state() = {{0, 359, 1, -90, 90, 1}, 0};
+    capi::state().windLattice = {0, 359, 1, -90, 90, 1};
+    capi::state().streamlineColour = 0;
     const test::PlainPlace place{0, 359, -90, 90, 1, 1};
     std::vector<float> plain;
     for (auto _ : state) {

@@ -1,5 +1,4 @@
-#include "capi/contourState.h"
-#include "capi/windState.h"
+#include "capi/state.h"
 #include "contour/plain.h"
 #include "contour/trace.h"
 #include "shade/curveModel.h"
@@ -27,7 +26,7 @@ void compareTraces(Input& in) {
     const std::vector<float> levels = in.levels(4);
     const std::vector<float> field = in.values(size.values());
     const grid::GridView grid{field.data(), size.nx, size.ny};
-    contour::TraceBuffers& buffers = capi::state().buffers;
+    contour::TraceBuffers& buffers = capi::state().contours.buffers;
     for (const float level : levels) {
         contour::LineList list;
         contour::traceLevels(grid, missing, std::vector{level}, buffers, list);
@@ -101,8 +100,9 @@ void compareStreamlines(Input& in) {
     wind.v = in.values(size.values());
     wind.c = in.values(size.values());
     const test::PlainPlace place{100.1F, 130, -12.3F, 40, -0.7F, 0.3F};
-    capi::state() = {
-        {place.startLon, place.endLon, place.lonStep, place.startLat, place.endLat, place.latStep}, 7};
+    capi::state().windLattice = {place.startLon, place.endLon, place.lonStep,
+                                 place.startLat, place.endLat, place.latStep};
+    capi::state().streamlineColour = 7;
     int colour = 7;
     const std::vector<float> expected = test::PlainStreamlines(wind, place, colour).block();
     const Block block(streamAnalyse(wind.u.data(), wind.v.data(), wind.c.data(), wind.nx, wind.ny, wind.undef,

@@ -6,7 +6,7 @@
 #include "base/progress.h"
 #include "base/realText.h"
 #include "base/scanner.h"
-#include "capi/formatsState.h"
+#include "capi/state.h"
 #include "formats/plainRegions.h"
 #include "twins.h"
 

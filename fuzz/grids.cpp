@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "capi/windState.h"
+#include "capi/state.h"
 #include "layouts.h"
 #include "levelCount.h"
 
@@ -147,7 +147,7 @@ void callEmptyForms(Input& in) {
 void drawStreamlines(Input& in) {
     const Size size = in.size(24);
     const Place at(in);
-    velmar::capi::state().lattice = {at.x0, at.x0 + 9, at.dx, at.y0, at.y0 + 9, at.dy};
+    velmar::capi::state().windLattice = {at.x0, at.x0 + 9, at.dx, at.y0, at.y0 + 9, at.dy};
     const int colourFlag = in.below(3);
     Bands bands(in);
     const int count = bands.count(in);
