@@ -39,7 +39,7 @@ StationList stationsOf(int count) {
 
 StationView viewOf(const StationList& list) { return {list.lon, list.lat, list.value}; }
 
-std::vector<float> valuesOf(const base::ResultBlock& block, const Nodes& nodes) {
+std::vector<float> valuesOf(const base::Floats& block, const Nodes& nodes) {
     return {block.get(), block.get() + nodes.count()};
 }
 
