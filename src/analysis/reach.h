@@ -10,6 +10,13 @@ namespace velmar::analysis {
 struct LineRange {
     std::size_t first;
     std::size_t count;
+
+    std::size_t end() const { return first + count; }
+    /// Those that lie in a block, counted from the block's first one.
+    LineRange within(const LineRange& block) const {
+        const std::size_t begin = std::clamp(first, block.first, block.end());
+        return {begin - block.first, std::clamp(end(), begin, block.end()) - begin};
+    }
 };
 
 /// The columns, or rows, that may lie within a distance of a place, and a few more: work on a station keeps to
