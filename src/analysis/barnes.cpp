@@ -148,8 +148,8 @@ void Barnes::stationResidualStats(int pass) {
 /// Gives each point what `combine` makes of its value and its sums; at a station's place that station's value.
 template <class Combine>
 void Barnes::sweepGrid(const BarnesSweep& sweep, Combine combine) {
-    forEachColumnBlock(size_.nx, [&](const LineRange& block) {
-        BarnesRow row(place_, size_.nx, block);
+    forEachColumnBlock(size_.nx, [&](LineRange block) {
+        BarnesRow row(place_, block);
         for (int j = 0; j < size_.ny; ++j) {
             row.sum(rowLatitude(place_, j), stations_, sweep);
             float* const points = gridRow(j) + block.first;

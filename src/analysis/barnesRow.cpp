@@ -83,9 +83,8 @@ BarnesSweep::BarnesSweep(float sweepRadius, double gaussianWidth, std::span<cons
       firstStation(first),
       ordinary(ordinaryMagnitude(brought)) {}
 
-BarnesRow::BarnesRow(const grid::GridPlace& place, int nx, const LineRange& block)
+BarnesRow::BarnesRow(const grid::GridPlace& place, LineRange block)
     : place_(place),
-      nx_(nx),
       block_(block),
       longitudes_(columnLongitudes(place, block)),
       nearestSquares_(block.count),
@@ -132,7 +131,7 @@ void BarnesRow::findReaching(float latitude, const StationView& stations, const 
 void BarnesRow::findNearest(float radius) {
     std::fill(nearestSquares_.begin(), nearestSquares_.end(), std::numeric_limits<float>::infinity());
     for (const Reaching& reaching : reaching_) {
-        const auto [first, count] = reaching.fromRow.columnsWithin(radius, place_, nx_).within(block_);
+        const auto [first, count] = reaching.fromRow.columnsWithin(radius, place_, block_);
         keepNearest(count, longitudes_.data() + first, reaching.fromRow, nearestSquares_.data() + first);
     }
 }
@@ -148,7 +147,7 @@ double BarnesRow::farthestNearest(const BarnesSweep& sweep) const {
 
 void BarnesRow::add(const StationFromRow& station, float radius, double width, float contribution,
                     RowSums& sums) {
-    const auto [first, count] = station.columnsWithin(radius, place_, nx_).within(block_);
+    const auto [first, count] = station.columnsWithin(radius, place_, block_);
     addGaussian({count, longitudes_.data() + first, sums.sums.data() + first, sums.weights.data() + first},
                 station, radius, width, contribution);
 }

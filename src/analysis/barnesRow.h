@@ -37,7 +37,7 @@ struct WeightedSum {
 /// the list, for points where that decides the rounding.
 class BarnesRow {
 public:
-    BarnesRow(const grid::GridPlace& place, int nx, const LineRange& block);
+    BarnesRow(const grid::GridPlace& place, LineRange block);
 
     /// Sums for the row at a latitude.
     void sum(float latitude, const StationView& stations, const BarnesSweep& sweep);
@@ -68,7 +68,6 @@ private:
     void add(const StationFromRow& station, float radius, double width, float contribution, RowSums& sums);
 
     const grid::GridPlace place_;
-    const int nx_;
     const LineRange block_;
     const std::vector<float> longitudes_;
     std::vector<Reaching> reaching_;

@@ -15,19 +15,29 @@ constexpr float blanked = -9999.0F;
 /// What the points of a row have found so far.
 struct RowFindings {
     std::vector<float> largest;
-    std::vector<std::uint8_t> found;
+    std::vector<std::int32_t> found;  ///< as wide as the values, so that both are worked on side by side
 
     explicit RowFindings(std::size_t points) : largest(points), found(points) {}
 
     void clear() {
         std::fill(largest.begin(), largest.end(), -1.0e16F);
-        std::fill(found.begin(), found.end(), std::uint8_t{0});
+        std::fill(found.begin(), found.end(), 0);
     }
 };
 
+/// What a station does to points of a row side by side.
+void addStation(std::size_t count, const float* longitudes, float longitude, float dy, float radius,
+                float value, float* largest, std::int32_t* found) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool near = length(longitudes[i] - longitude, dy) <= radius;
+        found[i] |= static_cast<std::int32_t>(near);
+        largest[i] = near && value > largest[i] ? value : largest[i];
+    }
+}
+
 /// What the stations do to the points of one block.
 void capBlock(float* grid, const grid::GridPlace& place, const GridSize& size, const StationView& stations,
-              float radius, const LineRange& block) {
+              float radius, LineRange block) {
     const auto columns = static_cast<std::size_t>(size.nx);
     const std::vector<float> longitudes = columnLongitudes(place, block);
     RowFindings row(block.count);
@@ -38,14 +48,9 @@ void capBlock(float* grid, const grid::GridPlace& place, const GridSize& size, c
             const float dy = latitude - stations.latitudes[k];
             if (!(std::fabs(dy) <= radius)) continue;
             const float longitude = stations.longitudes[k];
-            const float value = stations.values[k];
-            const auto [first, count] =
-                linesWithin(place.x0, place.dx, columns, longitude, radius).within(block);
-            for (std::size_t i = first; i < first + count; ++i) {
-                const bool near = length(longitudes[i] - longitude, dy) <= radius;
-                row.found[i] |= static_cast<std::uint8_t>(near);
-                row.largest[i] = near && value > row.largest[i] ? value : row.largest[i];
-            }
+            const auto [first, count] = linesWithin(place.x0, place.dx, block, longitude, radius);
+            addStation(count, longitudes.data() + first, longitude, dy, radius, stations.values[k],
+                       row.largest.data() + first, row.found.data() + first);
         }
         float* const points = grid + static_cast<std::size_t>(j) * columns + block.first;
         for (std::size_t i = 0; i < block.count; ++i) {
@@ -60,7 +65,7 @@ void capBlock(float* grid, const grid::GridPlace& place, const GridSize& size, c
 void capByNearbyStations(float* grid, const grid::GridPlace& place, const GridSize& size,
                          const StationView& stations, float radius) {
     forEachColumnBlock(size.nx,
-                       [&](const LineRange& block) { capBlock(grid, place, size, stations, radius, block); });
+                       [&](LineRange block) { capBlock(grid, place, size, stations, radius, block); });
 }
 
 }  // namespace velmar::analysis

@@ -22,7 +22,7 @@ void forEachColumnBlock(int nx, Work work) {
 }
 
 /// The longitudes of a block's columns.
-inline std::vector<float> columnLongitudes(const grid::GridPlace& place, const LineRange& block) {
+inline std::vector<float> columnLongitudes(const grid::GridPlace& place, LineRange block) {
     std::vector<float> longitudes;
     longitudes.reserve(block.count);
     for (std::size_t i = block.first; i < block.end(); ++i)

@@ -34,8 +34,8 @@ struct GriddedStation {
 
 /// Adds what a station brings to these columns of a block. Its weight is (R^2 - d^2) / (R^2 + d^2).
 VELMAR_WIDE_VECTORS
-void addCressman(std::size_t blockStart, const LineRange& columns, float x, float dy, float radius,
-                 double residual, double* sums, double* weights) {
+void addCressman(std::size_t blockStart, LineRange columns, float x, float dy, float radius, double residual,
+                 double* sums, double* weights) {
     const double reach = static_cast<double>(radius) * static_cast<double>(radius);
     const auto start = static_cast<int>(blockStart);
     const auto first = static_cast<int>(columns.first);
@@ -70,7 +70,7 @@ public:
 
 private:
     float estimateAt(const GriddedStation& station) const;
-    void scanBlock(float radius, bool marks, const LineRange& block);
+    void scanBlock(float radius, bool marks, LineRange block);
     void finishPoints(std::size_t first, const RowSums& sums, bool marks);
     std::size_t firstPoint(int j) const {
         return static_cast<std::size_t>(j) * static_cast<std::size_t>(size_.nx);
@@ -128,11 +128,10 @@ float Cressman::estimateAt(const GriddedStation& station) const {
 void Cressman::scan(float radius, bool marks) {
     for (std::size_t k = 0; k < stations_.size(); ++k)
         residuals_[k] = stations_[k].value - estimateAt(stations_[k]);
-    forEachColumnBlock(size_.nx, [&](const LineRange& block) { scanBlock(radius, marks, block); });
+    forEachColumnBlock(size_.nx, [&](LineRange block) { scanBlock(radius, marks, block); });
 }
 
-void Cressman::scanBlock(float radius, bool marks, const LineRange& block) {
-    const auto columns = static_cast<std::size_t>(size_.nx);
+void Cressman::scanBlock(float radius, bool marks, LineRange block) {
     RowSums sums(block.count);
     for (int j = 0; j < size_.ny; ++j) {
         sums.clear();
@@ -140,8 +139,8 @@ void Cressman::scanBlock(float radius, bool marks, const LineRange& block) {
         for (std::size_t k = 0; k < stations_.size(); ++k) {
             const auto [x, y] = std::pair(stations_[k].x, stations_[k].y);
             if (!(row - radius <= y && y <= row + radius)) continue;
-            addCressman(block.first, linesWithin(0.0, 1.0, columns, x, radius).within(block), x, row - y,
-                        radius, residuals_[k], sums.sums.data(), sums.weights.data());
+            addCressman(block.first, linesWithin(0.0, 1.0, block, x, radius), x, row - y, radius,
+                        residuals_[k], sums.sums.data(), sums.weights.data());
         }
         finishPoints(firstPoint(j) + block.first, sums, marks);
     }

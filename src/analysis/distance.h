@@ -36,10 +36,9 @@ struct StationFromRow {
         return dx * dx + dy * dy;
     }
 
-    /// The columns of the row that may lie within a distance.
-    LineRange columnsWithin(float distance, const grid::GridPlace& place, int nx) const {
-        return linesWithin(place.x0, place.dx, static_cast<std::size_t>(nx), longitude,
-                           distance / std::fabs(cosine));
+    /// The columns of a block that may lie within a distance, counted from the block's first one.
+    LineRange columnsWithin(float distance, const grid::GridPlace& place, LineRange block) const {
+        return linesWithin(place.x0, place.dx, block, longitude, distance / std::fabs(cosine));
     }
 
 private:

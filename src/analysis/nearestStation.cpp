@@ -31,7 +31,7 @@ float boxReach(float radius, Reach reach) {
 }
 
 void findInBlock(const grid::GridPlace& place, const GridSize& size, const StationView& stations,
-                 float radius, float box, const LineRange& block, const TakeNearest& take) {
+                 float radius, float box, LineRange block, const TakeNearest& take) {
     const std::vector<float> longitudes = columnLongitudes(place, block);
     RowNearest row(block.count);
     for (int j = 0; j < size.ny; ++j) {
@@ -41,7 +41,7 @@ void findInBlock(const grid::GridPlace& place, const GridSize& size, const Stati
             // Stations as far away as the radius are no different from none.
             if (!(std::fabs(latitude - stations.latitudes[k]) < radius)) continue;
             const StationFromRow station(latitude, stations.longitudes[k], stations.latitudes[k]);
-            const auto [first, count] = station.columnsWithin(radius, place, size.nx).within(block);
+            const auto [first, count] = station.columnsWithin(radius, place, block);
             for (std::size_t i = first; i < first + count; ++i) {
                 const float distance = station.distanceOf(longitudes[i]);
                 const bool nearer =
@@ -62,9 +62,8 @@ void findNearestStations(const grid::GridPlace& place, const GridSize& size, con
                          float radius, Reach reach, const TakeNearest& take) {
     if (grid::valueCount(size.nx, size.ny) == 0) return;
     const float box = boxReach(radius, reach);
-    forEachColumnBlock(size.nx, [&](const LineRange& block) {
-        findInBlock(place, size, stations, radius, box, block, take);
-    });
+    forEachColumnBlock(
+        size.nx, [&](LineRange block) { findInBlock(place, size, stations, radius, box, block, take); });
 }
 
 }  // namespace velmar::analysis
