@@ -8,7 +8,6 @@
 #include "analysis/barnes.h"
 #include "analysis/capAndMask.h"
 #include "analysis/cressman.h"
-#include "analysis/nearestStation.h"
 #include "counters.h"
 
 namespace {
@@ -77,8 +76,7 @@ struct CapAndMask {
 
 struct Nearest {
     static std::vector<int> fast(const Nodes& n, const StationList& s) {
-        return analysis::nearestStations({n.x0, n.y0, n.dx, n.dy}, {n.nx, n.ny}, viewOf(s), maskRadius,
-                                         analysis::Reach::distance);
+        return test::foundNearest(n, s, maskRadius, false);
     }
     static std::vector<int> plain(const Nodes& n, const StationList& s) {
         return test::plainNearest(n, s, maskRadius, false);

@@ -1,4 +1,3 @@
-#include "analysis/nearestStation.h"
 #include "analysis/plainAnalyses.h"
 #include "geometry/plainTriangles.h"
 #include "twins.h"
@@ -66,13 +65,11 @@ void compareCressman(Input& in) {
 void compareNearest(Input& in) {
     const test::Nodes nodes{1 + in.below(20), 1 + in.below(16), 0, 0, in.number(-2, 2), in.number(-2, 2)};
     const float radius = in.number(0, 9);
-    const auto reach = in.oneIn(2) ? analysis::Reach::distance : analysis::Reach::distanceAndBox;
+    const bool inBoxOnly = in.oneIn(2);
     const test::StationList s = someStations(in, 40, 40, 30);
-    const std::vector<int> found =
-        analysis::nearestStations({nodes.x0, nodes.y0, nodes.dx, nodes.dy}, {nodes.nx, nodes.ny},
-                                  {s.lon, s.lat, s.value}, radius, reach);
-    require(found == test::plainNearest(nodes, s, radius, reach == analysis::Reach::distanceAndBox),
-            "nearest stations are not the plain way's");
+    require(
+        test::foundNearest(nodes, s, radius, inBoxOnly) == test::plainNearest(nodes, s, radius, inBoxOnly),
+        "nearest stations are not the plain way's");
 }
 
 void compareTriangles(Input& in) {

@@ -8,6 +8,7 @@
 
 #include "analysis/barnesRow.h"
 #include "analysis/capAndMask.h"
+#include "analysis/columnBlocks.h"
 #include "base/messages.h"
 #include "base/progress.h"
 
@@ -31,8 +32,7 @@ public:
           stations_(stations),
           grid_(base::allocateFloats(grid::valueCount(size.nx, size.ny))),
           estimates_(stations.values.begin(), stations.values.end()),
-          residuals_(stations.count()),
-          row_(place_, size.nx) {}
+          residuals_(stations.count()) {}
 
     Floats analyse(float maskRadius);
 
@@ -47,18 +47,20 @@ private:
     template <class Combine>
     void sweepGrid(const BarnesSweep& sweep, Combine combine);
     template <class Combine>
-    float combined(std::size_t i, float point, const BarnesSweep& sweep, Combine combine) const;
-    float* gridRow(int j) const { return grid_.get() + static_cast<std::size_t>(j) * row_.size(); }
+    static float combined(const BarnesRow& row, std::size_t i, float point, const BarnesSweep& sweep,
+                          Combine combine);
+    float* gridRow(int j) const {
+        return grid_.get() + static_cast<std::size_t>(j) * static_cast<std::size_t>(size_.nx);
+    }
 
     const BarnesParameters parameters_;
     const GridSize size_;
     const WholeBounds bounds_;
     const GridPlace place_;
     const StationView stations_;
-    Floats grid_;  ///< asked for before what else grows with its size
+    Floats grid_;
     std::vector<float> estimates_;
     std::vector<float> residuals_;
-    BarnesRow row_;
 };
 
 Floats Barnes::analyse(float maskRadius) {
@@ -146,27 +148,31 @@ void Barnes::stationResidualStats(int pass) {
 /// Gives each point what `combine` makes of its value and its sums; at a station's place that station's value.
 template <class Combine>
 void Barnes::sweepGrid(const BarnesSweep& sweep, Combine combine) {
-    for (int j = 0; j < size_.ny; ++j) {
-        row_.sum(rowLatitude(place_, j), stations_, sweep);
-        float* const points = gridRow(j);
-        for (std::size_t i = 0; i < row_.size(); ++i) {
-            points[i] = row_.isAtStation(i) ? stations_.values[row_.stationAt(i)]
-                                            : combined(i, points[i], sweep, combine);
+    forEachColumnBlock(size_.nx, [&](LineRange block) {
+        BarnesRow row(place_, block);
+        for (int j = 0; j < size_.ny; ++j) {
+            row.sum(rowLatitude(place_, j), stations_, sweep);
+            float* const points = gridRow(j) + block.first;
+            for (std::size_t i = 0; i < row.size(); ++i) {
+                points[i] = row.isAtStation(i) ? stations_.values[row.stationAt(i)]
+                                               : combined(row, i, points[i], sweep, combine);
+            }
         }
-    }
+    });
 }
 
 /// What `combine` makes of the exact sums. Those at hand are good enough where all that lie as near to the exact
 /// ones as they do come to the same.
 template <class Combine>
-float Barnes::combined(std::size_t i, float point, const BarnesSweep& sweep, Combine combine) const {
-    const auto [sum, weight] = row_.at(i);
-    const double slack = row_.uncertainty(i, sweep);
+float Barnes::combined(const BarnesRow& row, std::size_t i, float point, const BarnesSweep& sweep,
+                       Combine combine) {
+    const auto [sum, weight] = row.at(i);
+    const double slack = row.uncertainty(i, sweep);
     const float lower = combine(point, {sum - slack, weight});
     const float upper = combine(point, {sum + slack, weight});
     const bool decided = std::bit_cast<std::uint32_t>(lower) == std::bit_cast<std::uint32_t>(upper);
-    if (decided && !row_.isFaint(i, sweep)) return lower;
-    return combine(point, row_.exactly(i, sweep));
+    if (decided && !row.isFaint(i, sweep)) return lower;
+    return combine(point, row.exactly(i, sweep));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <limits>
 #include <numbers>
 
+#include "analysis/columnBlocks.h"
 #include "base/elementary.h"
 #include "base/wideVectors.h"
 
@@ -82,12 +83,13 @@ BarnesSweep::BarnesSweep(float sweepRadius, double gaussianWidth, std::span<cons
       firstStation(first),
       ordinary(ordinaryMagnitude(brought)) {}
 
-BarnesRow::BarnesRow(const grid::GridPlace& place, int nx)
+BarnesRow::BarnesRow(const grid::GridPlace& place, LineRange block)
     : place_(place),
-      longitudes_(columnLongitudes(place, nx)),
-      nearestSquares_(longitudes_.size()),
-      all_(nx),
-      wild_(nx) {}
+      block_(block),
+      longitudes_(columnLongitudes(place, block)),
+      nearestSquares_(block.count),
+      all_(block.count),
+      wild_(block.count) {}
 
 void BarnesRow::sum(float latitude, const StationView& stations, const BarnesSweep& sweep) {
     findReaching(latitude, stations, sweep);
@@ -129,12 +131,12 @@ void BarnesRow::findReaching(float latitude, const StationView& stations, const 
 void BarnesRow::findNearest(float radius) {
     std::fill(nearestSquares_.begin(), nearestSquares_.end(), std::numeric_limits<float>::infinity());
     for (const Reaching& reaching : reaching_) {
-        const auto [first, count] = reaching.fromRow.columnsWithin(radius, place_, size());
+        const auto [first, count] = reaching.fromRow.columnsWithin(radius, place_, block_);
         keepNearest(count, longitudes_.data() + first, reaching.fromRow, nearestSquares_.data() + first);
     }
 }
 
-/// The square of the largest distance from a point of the row to its nearest station.
+/// The square of the largest distance from one of the points to its nearest station.
 double BarnesRow::farthestNearest(const BarnesSweep& sweep) const {
     const double reach = squareOf(sweep.radius);
     double farthest = 0.0;
@@ -145,7 +147,7 @@ double BarnesRow::farthestNearest(const BarnesSweep& sweep) const {
 
 void BarnesRow::add(const StationFromRow& station, float radius, double width, float contribution,
                     RowSums& sums) {
-    const auto [first, count] = station.columnsWithin(radius, place_, size());
+    const auto [first, count] = station.columnsWithin(radius, place_, block_);
     addGaussian({count, longitudes_.data() + first, sums.sums.data() + first, sums.weights.data() + first},
                 station, radius, width, contribution);
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/distance.h"
+#include "analysis/reach.h"
 #include "analysis/rowSums.h"
 #include "analysis/stations.h"
 
@@ -27,16 +28,16 @@ struct WeightedSum {
     double weight = 0.0;
 };
 
-/// The sums of a row's points.
+/// The sums of a row's points in a block of columns.
 ///
 /// A Gaussian is soon so low that a station cannot be told from none beside a nearer one. So the distance of
-/// the nearest station is found first, for all points of the row, and sums are taken over stations not much
+/// the nearest station is found first, for all these points, and sums are taken over stations not much
 /// farther than that; one with a wild contribution vanishes a little farther away. They may be off in the last
 /// digits of a double; `uncertainty` says how much, and `exactly` gives those of all stations in the order of
 /// the list, for points where that decides the rounding.
 class BarnesRow {
 public:
-    BarnesRow(const grid::GridPlace& place, int nx);
+    BarnesRow(const grid::GridPlace& place, LineRange block);
 
     /// Sums for the row at a latitude.
     void sum(float latitude, const StationView& stations, const BarnesSweep& sweep);
@@ -67,6 +68,7 @@ private:
     void add(const StationFromRow& station, float radius, double width, float contribution, RowSums& sums);
 
     const grid::GridPlace place_;
+    const LineRange block_;
     const std::vector<float> longitudes_;
     std::vector<Reaching> reaching_;
     std::vector<float> nearestSquares_;

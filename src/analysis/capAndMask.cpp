@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
 
 namespace velmar::analysis {
@@ -14,22 +15,32 @@ constexpr float blanked = -9999.0F;
 /// What the points of a row have found so far.
 struct RowFindings {
     std::vector<float> largest;
-    std::vector<std::uint8_t> found;
+    std::vector<std::int32_t> found;  ///< as wide as the values, so that both are worked on side by side
 
-    explicit RowFindings(int nx) : largest(static_cast<std::size_t>(nx)), found(largest.size()) {}
+    explicit RowFindings(std::size_t points) : largest(points), found(points) {}
 
     void clear() {
         std::fill(largest.begin(), largest.end(), -1.0e16F);
-        std::fill(found.begin(), found.end(), std::uint8_t{0});
+        std::fill(found.begin(), found.end(), 0);
     }
 };
 
-}  // namespace
+/// What a station does to points of a row side by side.
+void addStation(std::size_t count, const float* longitudes, float longitude, float dy, float radius,
+                float value, float* largest, std::int32_t* found) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool near = length(longitudes[i] - longitude, dy) <= radius;
+        found[i] |= static_cast<std::int32_t>(near);
+        largest[i] = near && value > largest[i] ? value : largest[i];
+    }
+}
 
-void capByNearbyStations(float* grid, const grid::GridPlace& place, const GridSize& size,
-                         const StationView& stations, float radius) {
-    const std::vector<float> longitudes = columnLongitudes(place, size.nx);
-    RowFindings row(size.nx);
+/// What the stations do to the points of one block.
+void capBlock(float* grid, const grid::GridPlace& place, const GridSize& size, const StationView& stations,
+              float radius, LineRange block) {
+    const auto columns = static_cast<std::size_t>(size.nx);
+    const std::vector<float> longitudes = columnLongitudes(place, block);
+    RowFindings row(block.count);
     for (int j = 0; j < size.ny; ++j) {
         row.clear();
         const float latitude = rowLatitude(place, j);
@@ -37,20 +48,24 @@ void capByNearbyStations(float* grid, const grid::GridPlace& place, const GridSi
             const float dy = latitude - stations.latitudes[k];
             if (!(std::fabs(dy) <= radius)) continue;
             const float longitude = stations.longitudes[k];
-            const float value = stations.values[k];
-            const auto [first, count] = linesWithin(place.x0, place.dx, longitudes.size(), longitude, radius);
-            for (std::size_t i = first; i < first + count; ++i) {
-                const bool near = length(longitudes[i] - longitude, dy) <= radius;
-                row.found[i] |= static_cast<std::uint8_t>(near);
-                row.largest[i] = near && value > row.largest[i] ? value : row.largest[i];
-            }
+            const auto [first, count] = linesWithin(place.x0, place.dx, block, longitude, radius);
+            addStation(count, longitudes.data() + first, longitude, dy, radius, stations.values[k],
+                       row.largest.data() + first, row.found.data() + first);
         }
-        float* const points = grid + static_cast<std::size_t>(j) * row.largest.size();
-        for (std::size_t i = 0; i < row.largest.size(); ++i) {
+        float* const points = grid + static_cast<std::size_t>(j) * columns + block.first;
+        for (std::size_t i = 0; i < block.count; ++i) {
             const float capped = row.largest[i] < points[i] ? row.largest[i] : points[i];
             points[i] = row.found[i] != 0 ? capped : blanked;
         }
     }
+}
+
+}  // namespace
+
+void capByNearbyStations(float* grid, const grid::GridPlace& place, const GridSize& size,
+                         const StationView& stations, float radius) {
+    forEachColumnBlock(size.nx,
+                       [&](LineRange block) { capBlock(grid, place, size, stations, radius, block); });
 }
 
 }  // namespace velmar::analysis

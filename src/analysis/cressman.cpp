@@ -1,11 +1,11 @@
 #include "analysis/cressman.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <exception>
 #include <utility>
 
 #include "analysis/capAndMask.h"
+#include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
 #include "analysis/rowSums.h"
 #include "base/messages.h"
@@ -32,15 +32,16 @@ struct GriddedStation {
     float value;
 };
 
-/// Adds what a station brings to these columns. Its weight is (R^2 - d^2) / (R^2 + d^2).
+/// Adds what a station brings to these columns of a block. Its weight is (R^2 - d^2) / (R^2 + d^2).
 VELMAR_WIDE_VECTORS
-void addCressman(const LineRange& columns, float x, float dy, float radius, double residual, double* sums,
-                 double* weights) {
+void addCressman(std::size_t blockStart, LineRange columns, float x, float dy, float radius, double residual,
+                 double* sums, double* weights) {
     const double reach = static_cast<double>(radius) * static_cast<double>(radius);
+    const auto start = static_cast<int>(blockStart);
     const auto first = static_cast<int>(columns.first);
-    const auto last = static_cast<int>(columns.first + columns.count);
+    const auto last = static_cast<int>(columns.end());
     for (int i = first; i < last; ++i) {
-        const auto column = static_cast<float>(i);
+        const auto column = static_cast<float>(start + i);
         const float d = length(column - x, dy);
         const bool reached = (column - radius <= x) & (x <= column + radius) & (d <= radius);
         const double squared = static_cast<double>(d) * static_cast<double>(d);
@@ -56,8 +57,7 @@ public:
         : size_(size),
           place_(place),
           grid_(base::allocateFloats(grid::valueCount(size.nx, size.ny))),
-          unreached_(grid::valueCount(size.nx, size.ny)),
-          row_(size.nx) {}
+          unreached_(grid::valueCount(size.nx, size.ny)) {}
 
     /// Puts the stations on the grid. Those outside and those without a value are left out.
     void placeStations(const StationView& stations, const Bounds& bounds);
@@ -70,14 +70,16 @@ public:
 
 private:
     float estimateAt(const GriddedStation& station) const;
-    void finishRow(int j, bool marks);
-    std::size_t firstPoint(int j) const { return static_cast<std::size_t>(j) * row_.sums.size(); }
+    void scanBlock(float radius, bool marks, LineRange block);
+    void finishPoints(std::size_t first, const RowSums& sums, bool marks);
+    std::size_t firstPoint(int j) const {
+        return static_cast<std::size_t>(j) * static_cast<std::size_t>(size_.nx);
+    }
 
     const GridSize size_;
     const GridPlace place_;
     Floats grid_;  ///< asked for before what else grows with its size
-    std::vector<std::uint8_t> unreached_;
-    RowSums row_;
+    std::vector<bool> unreached_;
     std::vector<GriddedStation> stations_;
     std::vector<float> residuals_;
 };
@@ -126,35 +128,40 @@ float Cressman::estimateAt(const GriddedStation& station) const {
 void Cressman::scan(float radius, bool marks) {
     for (std::size_t k = 0; k < stations_.size(); ++k)
         residuals_[k] = stations_[k].value - estimateAt(stations_[k]);
+    forEachColumnBlock(size_.nx, [&](LineRange block) { scanBlock(radius, marks, block); });
+}
+
+void Cressman::scanBlock(float radius, bool marks, LineRange block) {
+    RowSums sums(block.count);
     for (int j = 0; j < size_.ny; ++j) {
-        row_.clear();
+        sums.clear();
         const auto row = static_cast<float>(j);
         for (std::size_t k = 0; k < stations_.size(); ++k) {
             const auto [x, y] = std::pair(stations_[k].x, stations_[k].y);
             if (!(row - radius <= y && y <= row + radius)) continue;
-            addCressman(linesWithin(0.0, 1.0, row_.sums.size(), x, radius), x, row - y, radius, residuals_[k],
-                        row_.sums.data(), row_.weights.data());
+            addCressman(block.first, linesWithin(0.0, 1.0, block, x, radius), x, row - y, radius,
+                        residuals_[k], sums.sums.data(), sums.weights.data());
         }
-        finishRow(j, marks);
+        finishPoints(firstPoint(j) + block.first, sums, marks);
     }
 }
 
-void Cressman::finishRow(int j, bool marks) {
+/// Moves points side by side, of which this is the first.
+void Cressman::finishPoints(std::size_t first, const RowSums& sums, bool marks) {
     constexpr double leastWeight = 1.0e-6;
-    const std::size_t first = firstPoint(j);
-    for (std::size_t i = 0; i < row_.sums.size(); ++i) {
-        if (row_.weights[i] > leastWeight) {
+    for (std::size_t i = 0; i < sums.sums.size(); ++i) {
+        if (sums.weights[i] > leastWeight) {
             float& point = grid_[first + i];
-            point = static_cast<float>(row_.sums[i] / row_.weights[i] + point);
+            point = static_cast<float>(sums.sums[i] / sums.weights[i] + point);
         } else if (marks) {
-            unreached_[first + i] = 1;
+            unreached_[first + i] = true;
         }
     }
 }
 
 void Cressman::blankUnreached() {
     for (std::size_t p = 0; p < unreached_.size(); ++p)
-        if (unreached_[p] != 0) grid_[p] = missing;
+        if (unreached_[p]) grid_[p] = missing;
 }
 
 }  // namespace

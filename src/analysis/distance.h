@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cmath>
-#include <vector>
 
 #include "analysis/area.h"
 #include "analysis/reach.h"
@@ -13,14 +12,6 @@ namespace velmar::analysis {
 
 /// The distance whose components are these.
 inline float length(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }
-
-/// The longitudes of a grid's columns.
-inline std::vector<float> columnLongitudes(const grid::GridPlace& place, int nx) {
-    std::vector<float> longitudes;
-    longitudes.reserve(static_cast<std::size_t>(nx));
-    for (int i = 0; i < nx; ++i) longitudes.push_back(place.x0 + static_cast<float>(i) * place.dx);
-    return longitudes;
-}
 
 inline float rowLatitude(const grid::GridPlace& place, int j) {
     return place.y0 + static_cast<float>(j) * place.dy;
@@ -45,9 +36,9 @@ struct StationFromRow {
         return dx * dx + dy * dy;
     }
 
-    /// The columns of the row that may lie within a distance.
-    LineRange columnsWithin(float distance, const grid::GridPlace& place, std::size_t nx) const {
-        return linesWithin(place.x0, place.dx, nx, longitude, distance / std::fabs(cosine));
+    /// The columns of a block that may lie within a distance, counted from the block's first one.
+    LineRange columnsWithin(float distance, const grid::GridPlace& place, LineRange block) const {
+        return linesWithin(place.x0, place.dx, block, longitude, distance / std::fabs(cosine));
     }
 
 private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
 
 namespace velmar::analysis {
@@ -16,7 +17,7 @@ struct RowNearest {
     std::vector<float> distances;
     std::vector<int> stations;
 
-    explicit RowNearest(int nx) : distances(static_cast<std::size_t>(nx)), stations(distances.size()) {}
+    explicit RowNearest(std::size_t points) : distances(points), stations(points) {}
 
     void clear() {
         std::fill(distances.begin(), distances.end(), 1.0e20F);
@@ -29,17 +30,10 @@ float boxReach(float radius, Reach reach) {
     return reach == Reach::distanceAndBox ? 2.0F * radius : std::numeric_limits<float>::infinity();
 }
 
-}  // namespace
-
-std::vector<int> nearestStations(const grid::GridPlace& place, const GridSize& size,
-                                 const StationView& stations, float radius, Reach reach) {
-    std::vector<int> nearest;
-    const std::size_t points = grid::valueCount(size.nx, size.ny);
-    if (points == 0) return nearest;
-    nearest.reserve(points);
-    const std::vector<float> longitudes = columnLongitudes(place, size.nx);
-    const float box = boxReach(radius, reach);
-    RowNearest row(size.nx);
+void findInBlock(const grid::GridPlace& place, const GridSize& size, const StationView& stations,
+                 float radius, float box, LineRange block, const TakeNearest& take) {
+    const std::vector<float> longitudes = columnLongitudes(place, block);
+    RowNearest row(block.count);
     for (int j = 0; j < size.ny; ++j) {
         row.clear();
         const float latitude = rowLatitude(place, j);
@@ -47,7 +41,7 @@ std::vector<int> nearestStations(const grid::GridPlace& place, const GridSize& s
             // Stations as far away as the radius are no different from none.
             if (!(std::fabs(latitude - stations.latitudes[k]) < radius)) continue;
             const StationFromRow station(latitude, stations.longitudes[k], stations.latitudes[k]);
-            const auto [first, count] = station.columnsWithin(radius, place, longitudes.size());
+            const auto [first, count] = station.columnsWithin(radius, place, block);
             for (std::size_t i = first; i < first + count; ++i) {
                 const float distance = station.distanceOf(longitudes[i]);
                 const bool nearer =
@@ -56,10 +50,20 @@ std::vector<int> nearestStations(const grid::GridPlace& place, const GridSize& s
                 row.stations[i] = nearer ? static_cast<int>(k) : row.stations[i];
             }
         }
-        for (std::size_t i = 0; i < row.stations.size(); ++i)
-            nearest.push_back(row.distances[i] < radius ? row.stations[i] : none);
+        for (std::size_t i = 0; i < block.count; ++i)
+            row.stations[i] = row.distances[i] < radius ? row.stations[i] : none;
+        take(static_cast<std::size_t>(j) * static_cast<std::size_t>(size.nx) + block.first, row.stations);
     }
-    return nearest;
+}
+
+}  // namespace
+
+void findNearestStations(const grid::GridPlace& place, const GridSize& size, const StationView& stations,
+                         float radius, Reach reach, const TakeNearest& take) {
+    if (grid::valueCount(size.nx, size.ny) == 0) return;
+    const float box = boxReach(radius, reach);
+    forEachColumnBlock(
+        size.nx, [&](LineRange block) { findInBlock(place, size, stations, radius, box, block, take); });
 }
 
 }  // namespace velmar::analysis

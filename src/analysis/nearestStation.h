@@ -1,6 +1,8 @@
 #pragma once
 
-#include <vector>
+#include <cstddef>
+#include <functional>
+#include <span>
 
 #include "analysis/area.h"
 #include "analysis/stations.h"
@@ -14,9 +16,13 @@ enum class Reach {
     distanceAndBox,  ///< of those the ones less than twice the radius away in longitude and in latitude
 };
 
-/// The nearest station of each grid point less than a radius (degrees) away, row after row; -1 where there is
-/// none. Of several at the same distance it is the first of the list.
-std::vector<int> nearestStations(const grid::GridPlace& place, const GridSize& size,
-                                 const StationView& stations, float radius, Reach reach);
+/// Takes the nearest stations of points side by side, -1 where there is none. The first point is this one of the
+/// grid, counted row after row.
+using TakeNearest = std::function<void(std::size_t firstPoint, std::span<const int> stations)>;
+
+/// Hands out the nearest station of each grid point less than a radius (degrees) away. Of several at the same
+/// distance it is the first of the list.
+void findNearestStations(const grid::GridPlace& place, const GridSize& size, const StationView& stations,
+                         float radius, Reach reach, const TakeNearest& take);
 
 }  // namespace velmar::analysis

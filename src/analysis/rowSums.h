@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <vector>
 
 namespace velmar::analysis {
@@ -10,7 +11,7 @@ struct RowSums {
     std::vector<double> sums;
     std::vector<double> weights;
 
-    explicit RowSums(int nx) : sums(static_cast<std::size_t>(nx)), weights(sums.size()) {}
+    explicit RowSums(std::size_t points) : sums(points), weights(points) {}
 
     void clear() {
         std::fill(sums.begin(), sums.end(), 0.0);

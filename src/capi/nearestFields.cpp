@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 
 #include "analysis/nearestStation.h"
 #include "base/messages.h"
@@ -43,9 +45,15 @@ ResultBlock makeField(const FieldKind& kind, const SelectedStations& selected,
                           area.longitudeStep, area.latitudeStep});
     out.appendCount(area.size.nx);
     out.appendCount(area.size.ny);
-    for (const int k : analysis::nearestStations(area.place(), area.size, stations, radius, kind.reach))
-        out.append(k < 0 ? -1.0F : kind.valueOf(stations.values[static_cast<std::size_t>(k)]));
-    const grid::GridView field{block.get() + 9, area.size.nx, area.size.ny};
+    const std::span<float> values = out.claim(n);
+    const auto valueAt = [&](int k) {
+        return k < 0 ? -1.0F : kind.valueOf(stations.values[static_cast<std::size_t>(k)]);
+    };
+    analysis::findNearestStations(area.place(), area.size, stations, radius, kind.reach,
+                                  [&](std::size_t firstPoint, std::span<const int> nearest) {
+                                      std::ranges::transform(nearest, &values[firstPoint], valueAt);
+                                  });
+    const grid::GridView field{values.data(), area.size.nx, area.size.ny};
     files::writeDiagnosticGrid(kind.diagnosticFile, kind.beingRead, {field, area.lattice()},
                                {5.0F, 0.0F, 5.0F});
     return block;

@@ -7,7 +7,6 @@
 #include <limits>
 #include <random>
 
-#include "analysis/nearestStation.h"
 #include "analysis/plainAnalyses.h"
 #include "base/progress.h"
 #include "support/files.h"
@@ -132,19 +131,30 @@ TEST_F(Analyses, EqualThePlainWayWhereWeightsHaveFewDigits) {
     }
 }
 
+TEST_F(Analyses, EqualThePlainWayInRowsOfSeveralBlocks) {
+    const Nodes nodes = test::nodesBetween(20000, 2, 0, 40, 0, 1);
+    const StationList list = stations(25, 0, 40, 0, 1);
+    const std::vector<float> scans{9000, 3000, 300};
+    for (const float mask : {0.0F, 1.5F}) {
+        EXPECT_TRUE(same(all(barnesOf(list, nodes, 0, 40, 0, 1, mask), nodes.count()),
+                         test::plainBarnes(0.25F, 20, 0.3F, nodes, list, mask)));
+        EXPECT_TRUE(same(all(cressmanOf(list, nodes, 0, 40, 0, 1, mask, scans), nodes.count()),
+                         test::plainCressman(scans, nodes, list, mask)));
+    }
+    EXPECT_EQ(test::foundNearest(nodes, list, 2, false), test::plainNearest(nodes, list, 2, false));
+}
+
 TEST_F(Analyses, FindTheNearestStation) {
-    using analysis::Reach;
     for (int round = 0; round < 40; ++round) {
         const Nodes nodes{
             30, 20, between(-180, 180), between(-90, 60), between(0.2F, 2), between(0.2F, 1.5F)};
         const StationList list =
             stations(40, nodes.x0, nodes.x0 + 30 * nodes.dx, nodes.y0, nodes.y0 + 20 * nodes.dy);
         const float radius = between(0.1F, 6);
-        const Reach reach = round % 2 == 0 ? Reach::distance : Reach::distanceAndBox;
-        const std::vector<int> found =
-            analysis::nearestStations({nodes.x0, nodes.y0, nodes.dx, nodes.dy}, {nodes.nx, nodes.ny},
-                                      {list.lon, list.lat, list.value}, radius, reach);
-        ASSERT_EQ(found, test::plainNearest(nodes, list, radius, reach == Reach::distanceAndBox)) << round;
+        const bool inBoxOnly = round % 2 != 0;
+        ASSERT_EQ(test::foundNearest(nodes, list, radius, inBoxOnly),
+                  test::plainNearest(nodes, list, radius, inBoxOnly))
+            << round;
     }
 }
 
@@ -230,11 +240,7 @@ TEST_F(Analyses, TakeWhateverTheyAreGiven) {
             barnesOf(list, nodes, 4, 0, 4, 0, 1, 0.25F, parameter, 0.3F);
             EXPECT_NE(barnesOf(list, nodes, 0, 4, 0, 4, 1, parameter), nullptr);
             cressmanOf(list, nodes, parameter, 4, 0, parameter, parameter, {1, parameter, 2, parameter});
-            EXPECT_EQ(analysis::nearestStations({parameter, 0, 1, parameter}, {nx, ny},
-                                                {list.lon, list.lat, list.value}, parameter,
-                                                analysis::Reach::distance)
-                          .size(),
-                      nodes.count());
+            test::foundNearest({nx, ny, parameter, 0, 1, parameter}, list, parameter, false);
         }
     }
     // Nothing else is asked for before a result that cannot be.

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <vector>
 
+#include "analysis/nearestStation.h"
 #include "base/elementary.h"
 
 /// The analyses as they would be written without a thought for speed: every point looks at every station.
@@ -77,6 +79,16 @@ inline std::vector<int> plainNearest(const Nodes& nodes, const StationList& s, f
         }
         if (!(best < radius)) found[p] = -1;
     }
+    return found;
+}
+
+/// The same as the library finds it.
+inline std::vector<int> foundNearest(const Nodes& nodes, const StationList& s, float radius, bool inBoxOnly) {
+    std::vector<int> found(nodes.count());
+    const auto reach = inBoxOnly ? analysis::Reach::distanceAndBox : analysis::Reach::distance;
+    analysis::findNearestStations(
+        {nodes.x0, nodes.y0, nodes.dx, nodes.dy}, {nodes.nx, nodes.ny}, {s.lon, s.lat, s.value}, radius,
+        reach, [&](std::size_t first, auto nearest) { std::ranges::copy(nearest, &found[first]); });
     return found;
 }
 

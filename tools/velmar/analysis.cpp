@@ -22,7 +22,11 @@ constexpr float withoutData = -9999.0F;
 grid::GridPlace placeOf(const GridPlan& plan) { return files::placeOf(plan.lattice); }
 
 std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, float radius) {
-    return nearestStations(placeOf(plan), {plan.nx, plan.ny}, stations, radius, analysis::Reach::distance);
+    std::vector<int> nearest(grid::valueCount(plan.nx, plan.ny));
+    findNearestStations(
+        placeOf(plan), {plan.nx, plan.ny}, stations, radius, analysis::Reach::distance,
+        [&](std::size_t firstPoint, auto found) { std::ranges::copy(found, &nearest[firstPoint]); });
+    return nearest;
 }
 
 Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
