@@ -14,7 +14,7 @@ struct Plan {
 
 void plan(const Plan& plan);
 
-/// Calls an export under the plan.
+/// Calls an export under the plan. Without one, any number of threads may call.
 void during(const std::function<void()>& call);
 
 /// What has become of the last plan.
@@ -34,7 +34,7 @@ struct Alive {
 };
 Alive alive();
 
-/// For how many bytes one of the latest result blocks was allocated.
+/// For how many bytes one of the latest result blocks of this thread was allocated.
 std::size_t bytesOf(const void* block);
 
 }  // namespace velmar::test::faults
