@@ -431,8 +431,8 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  * without a value the two are out of step.
  *
  * The grid is also written to a grid file OAtestC.000 in the current directory, but not through a link, nor over
- * the file itself; its contour values are the smallest and the largest value, its interval 5. The numbers of stations and the limits of their values are
- * printed, and with values below -1000 a line per station.
+ * the file itself; its contour values are the smallest and the largest value, its interval 5. The numbers of
+ * stations and the limits of their values are printed, and with values below -1000 a line per station.
  *
  * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null, and no file, for
  * another method or where the analysis gives null. Errors, in a one-element block: -1 (told on standard
