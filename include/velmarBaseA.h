@@ -27,7 +27,21 @@
  *
  * Paths are NUL-terminated 8-bit strings in the code page of the host's file system.
  *
- * Calls must not overlap: the library keeps state between calls and has no locks.
+ * Threads
+ *   Every export may be called from any thread; calls wait for each other. A returned block stays valid until
+ *   its owner releases it. What else outlives a call is one for the process, not one for each thread, and is
+ *   named where the export is described:
+ *     polygonfill           the outline of 3 to 9 points, until the next such call
+ *     SHClipPntNum          the number of the last SHClip call
+ *     contour2DRaw          uses the refinement factors of the last contour2D or readCntrData call
+ *     contour2D, contour2DRaw, readCntrData
+ *                           return the bold-line value of the last header read by readVelmar4 or readCntrData
+ *     streamAnalyse         uses the place of the last file read by readWindData or readWindDivVor, and the
+ *                           last colour of the streamlines before
+ *     ReadMap9              returns lines once in a process
+ *     readRegionData        loads once in a process; names and points of single regions stay valid as long
+ *   A host with several threads holds a lock of its own around such calls that belong together. The other
+ *   exports keep nothing that a host can see.
  */
 #ifndef VELMAR_BASE_A_H
 #define VELMAR_BASE_A_H
@@ -292,7 +306,8 @@ VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode,
  *
  * Returns the END of the outline, not its start, which is the returned pointer minus 2 * *outCount
  * floats.
- *   n below 10   the outline belongs to the library and is valid until the next call
+ *   n below 10   the outline belongs to the library and is valid until the next call of polygonfill with n
+ *                from 3 to 9, from whatever thread
  *   n from 10    the start of the outline is a block of the caller: release that with freecPointer()
  * With n below 3, or for lack of memory, it returns points and *outCount is 0. The same when points or
  * outCount is null.
@@ -334,7 +349,8 @@ VELMAR_EXPORT int Clip(float* points, float xmin, float ymin, float xmax, float 
 VELMAR_EXPORT float* SHClip(const float* points, float ex1, float ey1, float ex2, float ey2, int n,
                             int* outCount) VELMAR_NOEXCEPT;
 
-/* Returns the number of points that the last SHClip call left, 0 before the first. */
+/* Returns the number of points that the last SHClip call of the process left, from whatever thread it came; 0 before
+ * the first. */
 VELMAR_EXPORT int SHClipPntNum(void) VELMAR_NOEXCEPT;
 
 /* ---- Objective analysis: scattered stations onto a grid ------------------------------------------------ */
@@ -415,8 +431,8 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  * without a value the two are out of step.
  *
  * The grid is also written to a grid file OAtestC.000 in the current directory, but not through a link, nor over
- * the file itself; its contour values are the smallest and the largest value, its interval 5. The numbers of stations and the limits of their values are
- * printed, and with values below -1000 a line per station.
+ * the file itself; its contour values are the smallest and the largest value, its interval 5. The numbers of
+ * stations and the limits of their values are printed, and with values below -1000 a line per station.
  *
  * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null, and no file, for
  * another method or where the analysis gives null. Errors, in a one-element block: -1 (told on standard

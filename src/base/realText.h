@@ -12,8 +12,8 @@ namespace velmar::base {
 /// The longest text of a number with a few decimals: the largest double has 309 digits before the point.
 inline constexpr std::size_t longestRealText = 320;
 
-/// Writes a number as `%.<decimals>f` does in the "C" locale, whatever locale the process has; returns the
-/// end.
+/// Writes a number as `%.2f` does (with 2 as the number of decimals) in the "C" locale, whatever locale the process
+/// has; returns the end of the text.
 template <int decimals>
 char* writeReal(char* begin, char* end, double value) {
     static_assert(0 <= decimals && decimals <= 6);
