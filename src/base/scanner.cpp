@@ -134,7 +134,7 @@ bool TextScanner::readPlain(float& value) {
     return true;
 }
 
-/// Reads every other number, behind its sign; fails on what only begins like one.
+/// Reads every other number, after its sign; fails on what only begins like one.
 bool TextScanner::readUnusual(float& value) {
     if (next_ == end_) return false;
     const char first = lowerCase(*next_);

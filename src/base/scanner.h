@@ -7,7 +7,7 @@
 
 namespace velmar::base {
 
-/// A word of the letters a to z, read as by `%[a-z]` behind a blank: it ends at the first other character.
+/// A word of the letters a to z, read as by `%[a-z]` after a blank: it ends at the first other character.
 struct LowerCaseWord {
     std::string_view text;
 };
