@@ -295,7 +295,7 @@ VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode,
 
 /* Pulls a polygon into a rectangle, so that it can be filled as it stands: points inside or on a side
  * are kept, points outside are moved to the nearest place of the rectangle, and where the outline
- * passes a side, the crossing is put in between. The way from the last point to the first brings no
+ * passes a side, the crossing is inserted. The segment from the last point to the first brings no
  * crossing.
  *
  *   points    n pairs; not changed
@@ -853,7 +853,7 @@ VELMAR_EXPORT float* getAllRegionBoundaryByName(const char* name, int* total) VE
 VELMAR_EXPORT intptr_t SanJiao(const float* x, const float* y, float* values, const float* levels, int n,
                                int mode, float start, float interval, int levelCount) VELMAR_NOEXCEPT;
 
-/* Gives the way from one place to another along a great circle, on a sphere of 6371.11 km.
+/* Gives the path from one place to another along a great circle, on a sphere of 6371.11 km.
  *
  *   lon1, lat1  the start, degrees
  *   lon2, lat2  the end, degrees

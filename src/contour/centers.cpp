@@ -81,7 +81,7 @@ bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
     return any != 0;
 }
 
-/// Orders centres that stand row by row by column, rows staying in order within a column.
+/// Reorders centres from row by row to column by column; within a column they stay in the order of the rows.
 std::vector<Center> orderedByColumn(const std::vector<Center>& centers, int nx) {
     std::vector<std::size_t> next(static_cast<std::size_t>(nx) + 1);
     for (const Center& center : centers) ++next[static_cast<std::size_t>(center.column) + 1];

@@ -154,7 +154,7 @@ private:
     TraceBuffers& buffers_;
     ShadePolygonList& polygons_;
 
-    // The trace under way.
+    // The trace in progress.
     StartKind startKind_{};
     std::optional<Walker> start_;  ///< where it began on a boundary
     bool touchedBoundary_ = false;

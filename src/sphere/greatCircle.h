@@ -8,7 +8,7 @@ struct GeoPlace {
     float latitude;
 };
 
-/// The way from one place to another along a great circle.
+/// The path from one place to another along a great circle.
 struct GreatCircle {
     float bearing;   ///< at the start, radians clockwise from north, 0 to 2 pi
     float angle;     ///< at the earth's centre, radians
@@ -24,7 +24,7 @@ struct GreatCircle {
 ///   angle, bearing, metres, kilometres         each
 ///
 /// The cosine of a small angle is nearly 1, so that the angle is lost in it. Largest errors of the distance, each over
-/// 200,000 ways between 80 S and 80 N, against a formula in double precision that is accurate for all angles:
+/// 200,000 paths between 80 S and 80 N, against a formula in double precision that is accurate for all angles:
 ///
 ///   angle, degrees       0.01  0.03  0.1   0.3   1     3     10    30    90    150   170   179
 ///   distance, km         1     3     11    33    111   334   1112  3336  10008 16680 18903 19904

@@ -57,7 +57,7 @@ private:
         Corners colour;
     };
 
-    /// A line on its way.
+    /// A line that is being traced.
     struct Walk {
         grid::Point place;
         std::int64_t cell;
