@@ -10,7 +10,7 @@
  *   layouts.
  *
  * Error codes of the file readers
- *   -1  the file cannot be opened (told on standard error, with its path when it should be a grid file)
+ *   -1  the file cannot be opened (reported on standard error, with its path when it should be a grid file)
  *   -2  the first line of the header cannot be read
  *   -3  the type number in it is not the one this reader expects
  *   -4  the keyword in it is not "diamond"
@@ -98,7 +98,7 @@ VELMAR_EXPORT int TestRefArrayOfInts(int** values, int* count) VELMAR_NOEXCEPT;
  *   3, 4          start longitude, start latitude
  *   5, 6          end longitude, end latitude
  *   7, 8          longitude step, latitude step
- *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 for none
+ *   9, 10         largest and smallest value, missing ones (9999) included; -1e36 and 1e36 without values
  *   11 to 10 + n  the values, row after row from the start latitude
  *   11 + n ...    contour interval, start and end contour value, smoothing factor, bold-line value
  *
@@ -127,7 +127,7 @@ VELMAR_EXPORT float* readVelmar4(const char* path) VELMAR_NOEXCEPT;
  *   x0, y0        longitude of column 0 and latitude of row 0, degrees
  *   dx, dy        longitude step and latitude step, degrees
  *
- * More than 1,000,000 levels count as none.
+ * More than 1,000,000 levels are taken for a mistake: no line is drawn.
  *
  * Result, with L lines of P(1) ... P(L) points and n = nx * ny:
  *   0             15 + 3 L + 2 (P(1) + ... + P(L)) + n, the element count
@@ -158,7 +158,7 @@ VELMAR_EXPORT float* contour2DRaw(const float* grid, float missing, int nx, int 
  *   count   as in contour2D
  *   levels  as in contour2D
  *
- * A header that asks for more than 10,000 levels gets none.
+ * No levels are used when the header asks for more than 10,000.
  *
  * A grid that circles the globe (nx times the longitude step between 359.5 and 360.01) gets one more column,
  * equal to its first, so that lines cross the seam; the result then counts that column.
@@ -206,8 +206,8 @@ VELMAR_EXPORT float* findCenters(const float* grid, float missing, int nx, int n
  *   nx, ny      columns and rows, at least 2 each, or there is nothing to fill
  *   levels      nlev levels, ascending, in units of the grid
  *   colours     nlev colours, each of the band above its level
- *   nlev        length of both lists; more than 1,000,000 count as none
- *   undefValue  value of grid points without data; values that are not finite have none either
+ *   nlev        length of both lists; no level is used when it is above 1,000,000
+ *   undefValue  value of grid points without data; values that are not finite are undefined too
  *   x0, y0      longitude of column 0 and latitude of row 0, degrees
  *   dx, dy      longitude step and latitude step, degrees
  *   stripRows   the grid is filled in strips of this many rows of cells, from row 0 on; below 1: in one strip
@@ -241,7 +241,7 @@ VELMAR_EXPORT float* velmarCntrShad(const float* grid, int nx, int ny, const flo
                                     float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
 
 /* Shades a grid of class numbers 0, 1, ..., nClasses - 1: as velmarCntrShad with levels and colours 0,
- * 1, ..., nClasses - 1; more than 1,000,000 classes count as none. Result, null and release as there. */
+ * 1, ..., nClasses - 1; no class is used when there are more than 1,000,000. Result, null and release as there. */
 VELMAR_EXPORT float* velmarCntrShadJ(const float* grid, int nx, int ny, int nClasses, float undefValue,
                                      float x0, float y0, float dx, float dy, int stripRows) VELMAR_NOEXCEPT;
 
@@ -254,7 +254,7 @@ VELMAR_EXPORT float* velmarCntrShadJ(const float* grid, int nx, int ny, int nCla
  * Positions of polygons are in the units of the tables: a whole number m of grid steps becomes the sum
  * of entries 0 to m, and a fraction adds that part of entry m + 1. Polygons of holes are counted from 1
  * instead of 0 and so lie one column and one row too far; only they reach the last entry of the tables.
- * The eight values behind the polygons are those of columns and rows counted from 0:
+ * The eight values after the polygons are those of columns and rows counted from 0:
  * nx, ny, 0, 0, nx - 1, ny - 1, 1, 1.
  *
  * Result, null and release as for velmarCntrShad. */
@@ -269,7 +269,7 @@ VELMAR_EXPORT float* velmarCntrShadD(const float* grid, int nx, int ny, const fl
  *   reserved   not used
  *   stripRows  as in velmarCntrShad
  *
- * A header that asks for more than 10,000 levels gets none. A grid that circles the globe (nx times the
+ * No levels are used when the header asks for more than 10,000. A grid that circles the globe (nx times the
  * longitude step between 359.5 and 360.01) gets one more column, equal to its first; the result then
  * counts that column.
  *
@@ -287,7 +287,7 @@ VELMAR_EXPORT float* readCntrShadData(const char* path, int reserved, int stripR
  *   level      the level (mode 1)
  *
  * Result, null and release as for velmarCntrShad. Null too, without an error code, when the file cannot
- * be opened (this is told on standard error), has another keyword, or is shorter than its header says.
+ * be opened (this is reported on standard error), has another keyword, or is shorter than its header says.
  */
 VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode, float level) VELMAR_NOEXCEPT;
 
@@ -295,7 +295,7 @@ VELMAR_EXPORT float* readByteShadData(const char* path, int stripRows, int mode,
 
 /* Pulls a polygon into a rectangle, so that it can be filled as it stands: points inside or on a side
  * are kept, points outside are moved to the nearest place of the rectangle, and where the outline
- * passes a side, the crossing is put in between. The way from the last point to the first brings no
+ * passes a side, the crossing is inserted. The segment from the last point to the first brings no
  * crossing.
  *
  *   points    n pairs; not changed
@@ -427,7 +427,7 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  *
  * A report whose value is 9999 or 999999, fractions left aside, has no value. Reading ends at the first
  * report that is incomplete. Of the reports read the last is not used, nor is the last of the stations with a
- * value. The k-th value found is analysed at the place of the k-th report of the file: behind a report
+ * value. The k-th value found is analysed at the place of the k-th report of the file: after a report
  * without a value the two are out of step.
  *
  * The grid is also written to a grid file OAtestC.000 in the current directory, but not through a link, nor over
@@ -435,7 +435,7 @@ VELMAR_EXPORT float* cressman(int nscan, const float* radii, int nx, int ny, flo
  * stations and the limits of their values are printed, and with values below -1000 a line per station.
  *
  * Returns the bare grid of nx * ny values, row after row; no count stands before it. Null, and no file, for
- * another method or where the analysis gives null. Errors, in a one-element block: -1 (told on standard
+ * another method or where the analysis gives null. Errors, in a one-element block: -1 (reported on standard
  * error) to -3; -4 when the date or the number of reports cannot be read, or for lack of memory. A grid may
  * begin with such a value too. Release with freecPointer(). */
 VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, int autoBounds, float startLon,
@@ -451,7 +451,7 @@ VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, in
  *   autoBounds  as in OAReadVelmar1; stations without a value count too
  *   others      as in OAReadVelmar1
  *
- * A station whose value is 9999 or 999999, fractions left aside, has none and is left out. Reading ends at
+ * A station whose value is 9999 or 999999, fractions left aside, has no value and is left out. Reading ends at
  * the first station that is incomplete. Stations left out before it keep their places then: as many follow the
  * others and are analysed like them. The first of them is the incomplete station, with the items of a station
  * without a value right before it in place of those that it lacks, or 0; the others are zeros.
@@ -468,7 +468,7 @@ VELMAR_EXPORT float* OAReadVelmar1(const char* path, int method, int element, in
  *   per station   number, height, longitude, latitude, value
  *   next n        the grid, row after row; -1e20 at each point when the method or the analysis gives none
  *
- * Errors, in a one-element block: -1 (told on standard error) to -3; -4 the second line; -5 a contour level;
+ * Errors, in a one-element block: -1 (reported on standard error) to -3; -4 the second line; -5 a contour level;
  * -6 the items in front of the boundary; -7 the boundary; -8 another number of values per station than one;
  * -9 the number of stations, or a lack of memory. Errors -2 to -7 are also printed. Release with
  * freecPointer(). */
@@ -550,7 +550,7 @@ VELMAR_EXPORT float* gagexps(const float* grid, int nx, int ny, int fx, int fy, 
  *   13, 14         nx, ny
  *   15 ...         n values of u, then n values of v, both row after row, the southernmost first
  *
- * Errors, in a one-element block: -1 (told on standard error); -2 the first line; -3 the keyword in it is not
+ * Errors, in a one-element block: -1 (reported on standard error); -2 the first line; -3 the keyword in it is not
  * "diamond"; -4 the rest of the header, or nx or ny not positive; -5 a value of u and -6 one of v in a file
  * from south to north; -7 and -8 the same in a file from north to south (-8 also for lack of memory). Release
  * with freecPointer(). */
@@ -570,7 +570,7 @@ VELMAR_EXPORT float* readVelmarData11(const char* path) VELMAR_NOEXCEPT;
  *                     level k to below level k + 1. The first colour also has all that is below, the last all
  *                     that is above and what is not a number. Without levels the colour is 1; where c has no
  *                     data it is 15. Pieces with a colour below 0 are left out; colours above 99 count as 99.
- *   levelCount        length of both; below 1: none
+ *   levelCount        length of both; below 1: no levels
  *   density           5 is usual; larger values give more lines, and cells of 1/10 grid length at most
  *
  * The grids lie where the last wind file lay that readWindData or readWindDivVor read (at 0 before that, with
@@ -588,10 +588,10 @@ VELMAR_EXPORT float* readVelmarData11(const char* path) VELMAR_NOEXCEPT;
  *   next 8     nx, ny, start longitude, start latitude, end longitude, end latitude, longitude step, latitude
  *              step
  *   next 2 n   u and v of each grid point in turn, row after row
- * A result without arrows is told on standard output.
+ * A result without arrows is reported on standard output.
  *
  * Returns null when nx or ny is not positive, when a pointer that is needed is null, or for lack of memory
- * (told on standard output when it is the memory of the cells). Release with freecPointer(). */
+ * (reported on standard output when it is the memory of the cells). Release with freecPointer(). */
 VELMAR_EXPORT float* streamAnalyse(const float* u, const float* v, const float* c, int nx, int ny,
                                    float uUndef, float vUndef, float cUndef, int colourFlag,
                                    const float* levels, const int* colours, int levelCount,
@@ -644,7 +644,7 @@ VELMAR_EXPORT int ffhvor(float* out, const float* p, const float* q, int nx, int
  *   startLonOut, startLatOut  receive longitude of column 0 and latitude of the southernmost row, degrees
  *   lonStepOut, latStepOut    receive the steps, degrees
  *   nxOut, nyOut              receive columns and rows
- * Outputs that are null are left out; on an error none is written.
+ * Outputs that are null are left out; on an error no output is written.
  *
  * Returns a bare block of nx * ny values, all 9999. Errors: those of readVelmarData11. Release with
  * freecPointer(). */
@@ -693,7 +693,7 @@ VELMAR_EXPORT float* ReadVelmarData16(const char* path) VELMAR_NOEXCEPT;
  * elements than the file has bytes. A further value that cannot be read is 0, and the next one is read from there
  * on. The number of stations that the file promises is printed.
  *
- * Errors, in a one-element block: -1 (told on standard error) to -3; -4 the second line; -5 a contour level;
+ * Errors, in a one-element block: -1 (reported on standard error) to -3; -4 the second line; -5 a contour level;
  * -6 the items in front of the boundary; -7 the boundary; -9 the counts of values and stations, or a lack of
  * memory. Errors -2 to -7 are also printed. Release with freecPointer(). */
 VELMAR_EXPORT float* ReadVelmarData3(const char* path) VELMAR_NOEXCEPT;
@@ -711,7 +711,7 @@ VELMAR_EXPORT float* ReadVelmarData3(const char* path) VELMAR_NOEXCEPT;
  *   5         N
  *   next 2 N  pairs of longitude and latitude
  *
- * Return null when the file cannot be opened (told on standard error), has another type, when anything else than
+ * Return null when the file cannot be opened (reported on standard error), has another type, when anything else than
  * the four integers cannot be read, or for lack of memory. Release with freecPointer(). */
 VELMAR_EXPORT float* ReadVelmarData780(const char* path) VELMAR_NOEXCEPT;
 VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
@@ -734,7 +734,7 @@ VELMAR_EXPORT float* ReadVelmarData777(const char* path) VELMAR_NOEXCEPT;
  * Each call writes a log named C:\readmap9.txt, in the current directory where this names no drive; but none through
  * a link, nor over the file itself.
  *
- * Returns null when the file cannot be opened (told on standard error) or read to its end, or for lack of
+ * Returns null when the file cannot be opened (reported on standard error) or read to its end, or for lack of
  * memory. Release with deleteMap9Ptr() or freecPointer(). */
 VELMAR_EXPORT float* ReadMap9(const char* path) VELMAR_NOEXCEPT;
 
@@ -745,15 +745,15 @@ VELMAR_EXPORT void deleteMap9Ptr(float* block) VELMAR_NOEXCEPT;
 
 /* Reads a file of soundings (type 5; keyword "diamond" or "March") and derives freezing level, K index and total
  * totals of each. They stay inside the library. The number of each sounding is printed. Reading ends at the first
- * sounding that is incomplete. Returns 0, also when the file cannot be opened (told on standard error) or read. */
+ * sounding that is incomplete. Returns 0, also when the file cannot be opened (reported on standard error) or read. */
 VELMAR_EXPORT int readVelmarData5(const char* path) VELMAR_NOEXCEPT;
 
 /* ---- Rainfall ------------------------------------------------------------------------------------------ */
 
 /* Adds up the rain of stations over a span of time. Files of station values (type 3, one value a station) are
  * read for each time from the start on, but not the start itself, to the first that is not before the end. The
- * file of 8 h on 15 July 2008 is 08071508.000, behind the directory and a backslash; where a backslash separates
- * nothing and there is no such file, behind the directory and a slash.
+ * file of 8 h on 15 July 2008 is 08071508.000, after the directory and a backslash; where a backslash is no separator
+ * and there is no such file, after the directory and a slash.
  *
  *   startYear ... startHour  the start; years below 100 have 2000 added
  *   endYear ... endHour      the end, which is after the start
@@ -764,14 +764,14 @@ VELMAR_EXPORT int readVelmarData5(const char* path) VELMAR_NOEXCEPT;
  * February is taken to have 29 days in every year. Steps of more than 24 hours carry one day only.
  *
  * Stations of later files are found by their number; others are appended. A station's total starts with its
- * value in the first file that has it, then grows by values above 0.011; 9999 counts as none. Stations of number
+ * value in the first file that has it, then grows by values above 0.011; 9999 counts as missing. Stations of number
  * 0 in later files are not appended.
  *
  * Result, with C stations:
  *   0            5 C + 1, the element count
  *   per station  number, longitude, latitude, height, total, in the order in which stations have come
  *
- * Returns null when start, end or step is not as said, when a file cannot be opened (told on standard error) or
+ * Returns null when start, end or step is not as said, when a file cannot be opened (reported on standard error) or
  * read, when there is no station, or for lack of memory. Release with freecPointer(). */
 VELMAR_EXPORT float* DiscreteAdd(int startYear, int startMonth, int startDay, int startHour, int endYear,
                                  int endMonth, int endDay, int endHour, const char* directory,
@@ -821,7 +821,7 @@ VELMAR_EXPORT float* getAllRegionBoundaryByName(const char* name, int* total) VE
 
 /* ---- Triangles and the sphere -------------------------------------------------------------------------- */
 
-/* Draws contour lines straight from station values, over a network of triangles (docs/limitations.md tells what
+/* Draws contour lines straight from station values, over a triangulation (docs/limitations.md says what
  * its rules make of odd arrangements of stations).
  *
  *   x, y        n longitudes and latitudes, degrees; not changed
@@ -853,7 +853,7 @@ VELMAR_EXPORT float* getAllRegionBoundaryByName(const char* name, int* total) VE
 VELMAR_EXPORT intptr_t SanJiao(const float* x, const float* y, float* values, const float* levels, int n,
                                int mode, float start, float interval, int levelCount) VELMAR_NOEXCEPT;
 
-/* Gives the way from one place to another along a great circle, on a sphere of 6371.11 km.
+/* Gives the path from one place to another along a great circle, on a sphere of 6371.11 km.
  *
  *   lon1, lat1  the start, degrees
  *   lon2, lat2  the end, degrees

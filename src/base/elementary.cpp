@@ -48,7 +48,7 @@ constexpr double polynomial(double x, std::initializer_list<double> coefficients
     return value;
 }
 
-/// An angle less the whole number of right angles that is nearest to it.
+/// An angle minus the nearest whole number of right angles.
 struct ReducedAngle {
     TwoPartNumber rest;    ///< from -pi/4 to pi/4
     unsigned rightAngles;  ///< modulo 4
@@ -63,7 +63,7 @@ ReducedAngle reducedNear(double x) {
     constexpr double first = 0x1.921fb54442c00p+0;
     constexpr double second = 0x1.18469898cc400p-44;
     constexpr double third = 0x1.1701b839a2520p-88;
-    constexpr double rounder = 6755399441055744.0;  // 1.5 * 2^52: adding it leaves no digits behind the point
+    constexpr double rounder = 6755399441055744.0;  // 1.5 * 2^52: adding it rounds to a whole number
     const double shifted = x * perHalfPi + rounder;
     const double k = shifted - rounder;
     TwoPartNumber rest = exactSum(x - k * first, -(k * second));
@@ -71,7 +71,7 @@ ReducedAngle reducedNear(double x) {
     return {rest, static_cast<unsigned>(std::bit_cast<std::uint64_t>(shifted) % 4)};
 }
 
-/// The first binary digits of 2/pi behind the point.
+/// The first binary digits of 2/pi after the point.
 constexpr std::array<std::uint32_t, 40> digitsOf2PerPi{
     0xA2F9836E, 0x4E441529, 0xFC2757D1, 0xF534DDC0, 0xDB629599, 0x3C439041, 0xFE5163AB, 0xDEBBC561,
     0xB7246E3A, 0x424DD2E0, 0x06492EEA, 0x09D1921C, 0xFE1DEB1C, 0xB129A73E, 0xE88235F5, 0x2EBB4484,
@@ -79,7 +79,7 @@ constexpr std::array<std::uint32_t, 40> digitsOf2PerPi{
     0xEF2F118B, 0x5A0A6D1F, 0x6D367ECF, 0x27CB09B7, 0x4F463F66, 0x9E5FEA2D, 0x7527BAC7, 0xEBE5F17B,
     0x3D0739F7, 0x8A5292EA, 0x6BFB5FB1, 0x1F8D5D08, 0x56033046, 0xFC7B6BAB, 0xF0CFBC20, 0x9AF4361D};
 
-/// 32 digits of 2/pi behind the first `position` ones, which may be negative: there are zeros in front of the point.
+/// 32 binary digits of 2/pi after the first `position` ones, which may be negative: there are zeros before the point.
 std::uint32_t digitsOf2PerPiFrom(int position) {
     const auto word = [](int k) { return k < 0 ? 0 : digitsOf2PerPi[static_cast<std::size_t>(k)]; };
     const int shift = position & 31;
@@ -88,8 +88,8 @@ std::uint32_t digitsOf2PerPiFrom(int position) {
     return static_cast<std::uint32_t>(pair >> (32 - shift));
 }
 
-/// x is a whole number times a power of 2, so that digits of 2/pi in front of a certain one make whole turns and need
-/// not be looked at; the product with the next 192 is formed in whole numbers (Payne and Hanek 1983).
+/// x is a whole number times a power of 2, so the digits of 2/pi before a certain one only add whole turns and can be
+/// ignored; the product with the next 192 is formed in whole numbers (Payne and Hanek 1983).
 ReducedAngle reducedFar(double x) {
     constexpr int words = 6;
     const auto bits = std::bit_cast<std::uint64_t>(std::fabs(x));
@@ -145,7 +145,7 @@ double cosineOf(const TwoPartNumber& angle) {
     return head + (((1.0 - head) - half) + (z * z * series - x * rest));
 }
 
-/// The sine of an angle that is a number of right angles larger.
+/// The sine of an angle increased by a number of right angles.
 double sineAhead(double x, unsigned rightAngles) {
     if (!std::isfinite(x)) return notANumber;
     const ReducedAngle angle = reduced(x);
@@ -160,7 +160,7 @@ double sine(double x) { return x == 0 ? x : sineAhead(x, 0); }
 
 double cosine(double x) { return sineAhead(x, 1); }
 
-/// With t = (x - c) / (1 + x c), the arc tangent of x is that of c more than that of t.
+/// With t = (x - c) / (1 + x c), the arc tangent of x is the sum of those of c and t.
 double arcTangent(double x) {
     struct Centre {
         double tangent;

@@ -12,7 +12,7 @@ void releaseFloats(void* floats) noexcept { std::free(floats); }
 
 namespace {
 
-/// Gives an array another length; an empty one is allocated. The old array stays as it was when that fails.
+/// Resizes an array; an empty one is allocated. On failure the old array is unchanged.
 void resizeFloats(Floats& floats, std::size_t elements) {
     constexpr std::size_t most = std::numeric_limits<std::size_t>::max() / 2;
     if (elements > most / sizeof(float)) throw std::bad_alloc();

@@ -7,7 +7,7 @@
 
 namespace velmar::base {
 
-/// Returns what allocateFloats has given to its allocator. Null is allowed.
+/// Releases what allocateFloats has allocated. Null is allowed.
 void releaseFloats(void* floats) noexcept;
 
 struct FloatsRelease {
@@ -15,14 +15,14 @@ struct FloatsRelease {
 };
 
 /// An array of floats whose length its owner knows. All come from one allocator, so that a method's result can be
-/// handed to a host as it is.
+/// handed to a host without a copy.
 using Floats = std::unique_ptr<float[], FloatsRelease>;
 
 /// An array whose elements are not set yet. Throws std::bad_alloc.
 Floats allocateFloats(std::size_t elements);
 
-/// An array that grows at its end, for results whose length shows only when they are made. Large ones do so
-/// without being copied where the system can move pages.
+/// An array that grows at its end, for results whose length is not known in advance. Where the system can move
+/// pages, large ones grow without being copied.
 class GrowingFloats {
 public:
     /// Values in a row: an array or a span.

@@ -10,9 +10,8 @@ std::size_t bytesOf(const std::vector<T>& values) {
     return values.capacity() * sizeof(T);
 }
 
-/// Memory that a subsystem keeps between calls, so that those of usual size find theirs in place, in the hands of a
-/// call. What a call that fails has made it grow to is given back when that ends, and so is what an unusually large
-/// one has.
+/// A call's hold on memory that is kept between calls, so that calls of usual size find it already allocated. When
+/// the call ends, the memory is released if the call has failed or has made it grow unusually large.
 ///
 ///   Memory  has bytes() and release()
 template <class Memory>
@@ -25,7 +24,7 @@ public:
     KeptMemory(const KeptMemory&) = delete;
     KeptMemory& operator=(const KeptMemory&) = delete;
 
-    /// The call has not failed.
+    /// To be called when the call has succeeded.
     void succeed() { stays_ = memory_.bytes() <= mostBytes; }
 
 private:

@@ -1,14 +1,14 @@
 #pragma once
 
-/// Every text that the library prints, in the GBK bytes that its hosts expect. The escapes of a text stand in
-/// pieces where a hexadecimal digit would follow them; the readable text stands above.
+/// Every text that the library prints, in the GBK bytes that its hosts expect. A string is split after an escape that
+/// a hexadecimal digit would follow; the readable text is given above it.
 namespace velmar::base::messages {
 
 // Standard error
 inline constexpr const char* cannotOpenDataFile = "Cannot open data file %s.\n";
-// Said of wind files, and of files of station values
+// For wind files, and for files of station values
 inline constexpr const char* cannotOpenWindFile = "Cannot open wind data file.\n";
-// Said of lines, maps and soundings
+// For lines, maps and soundings
 inline constexpr const char* cannotOpenMapFile = "Cannot open map data file.\n";
 
 // Choice of contour levels
@@ -127,7 +127,7 @@ inline constexpr const char* mapResultSize = "\xCA\xFD\xD7\xE9\xB4\xF3\xD0\xA1 %
 inline constexpr const char* noMemoryForMap = "\xCE\xDE\xB7\xA8\xB7\xD6\xC5\xE4\xC4\xDA\xB4\xE6\n";
 inline constexpr const char* mapLineWritten = "write line ... %zu\n";
 inline constexpr const char* mapReleasing = "delete memory\n";
-// Spelled so since the first version
+// The spelling is part of the output that hosts know
 inline constexpr const char* mapLineReleased = "deete line ...%zu\n";
 inline constexpr const char* mapReleased = "delete memory end\n";
 

@@ -19,7 +19,7 @@ struct ProgressState {
 
 ProgressState state;
 
-/// Makes room for so many more characters; returns where they go.
+/// Makes room for `count` more characters; returns where they go.
 char* makeRoom(std::size_t count) {
     if (state.texts.size() - state.used < count) flushProgress();
     return state.texts.data() + state.used;

@@ -29,13 +29,13 @@ private:
 };
 
 /// Prints a progress text of the catalogue to standard output, each conversion replaced by the next value.
-/// Texts are collected and written at the end of the export.
+/// Texts are collected and written when the export returns.
 void progress(const char* format, std::initializer_list<ProgressArgument> values = {}) noexcept;
 
 /// Writes what has been collected.
 void flushProgress() noexcept;
 
-/// Switches the texts off and on again for hosts that use standard output for something else. On at load.
+/// Switches the texts off and on, for programs that use standard output for something else. They are on at first.
 void setProgressEnabled(bool enabled) noexcept;
 
 }  // namespace velmar::base

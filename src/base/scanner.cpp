@@ -26,8 +26,8 @@ struct Numeral {
     char exponentLetter() const { return hexadecimal ? 'p' : 'e'; }
 };
 
-/// Where a numeral that starts at `first` ends: behind everything that could belong to one, an exponent
-/// letter without an exponent included.
+/// The end of a numeral that starts at `first`: past everything that could belong to one, including an exponent
+/// letter without an exponent.
 Numeral delimit(const char* first, const char* end) {
     const bool hexadecimal = end - first >= 2 && first[0] == '0' && lowerCase(first[1]) == 'x';
     Numeral numeral{hexadecimal ? first + 2 : first, end, hexadecimal};
@@ -51,7 +51,7 @@ Numeral delimit(const char* first, const char* end) {
     return numeral;
 }
 
-/// Whether a numeral that is out of range is so because it is large, not because it is small.
+/// Whether a numeral out of range is too large, rather than too small.
 bool isLarge(const Numeral& numeral) {
     const char* const letter = std::find_if(numeral.first, numeral.last,
                                             [&](char c) { return lowerCase(c) == numeral.exponentLetter(); });
@@ -105,7 +105,7 @@ bool TextScanner::read(float& value) {
 
 /// Reads a decimal numeral without exponent whose digits make a whole number that a double holds exactly. So
 /// is the power of ten that it is divided by, and their quotient, rounded once more to single, is right
-/// unless it lies just half way between two singles.
+/// unless it lies exactly halfway between two singles.
 bool TextScanner::readPlain(float& value) {
     constexpr std::ptrdiff_t digitLimit = 17;
     constexpr std::uint64_t mostExact = std::uint64_t{1} << 53U;
@@ -134,7 +134,7 @@ bool TextScanner::readPlain(float& value) {
     return true;
 }
 
-/// Reads every other number, behind its sign; fails on what only begins like one.
+/// Reads every other number, after its sign; fails on what only begins like one.
 bool TextScanner::readUnusual(float& value) {
     if (next_ == end_) return false;
     const char first = lowerCase(*next_);
@@ -151,7 +151,7 @@ bool TextScanner::readNumeral(float& value) {
         value = isLarge(numeral) ? std::numeric_limits<float>::infinity() : 0.0F;
         return true;
     }
-    // Behind 0x even a lone point is enough: the 0 has been read by then.
+    // After 0x even a lone decimal point is enough: the 0 has been read by then.
     if (error != std::errc() && numeral.hexadecimal) value = 0.0F;
     return error == std::errc() || numeral.hexadecimal;
 }
@@ -166,7 +166,7 @@ bool TextScanner::readName(float& value) {
     return next_ == end_ || lowerCase(*next_) != 'i' || skipLetters("inity");
 }
 
-/// Skips letters that must follow. The first one that differs is lost too.
+/// Skips letters that must follow. The first one that differs is consumed as well.
 bool TextScanner::skipLetters(std::string_view lowerCaseLetters) {
     for (const char letter : lowerCaseLetters) {
         if (next_ == end_ || lowerCase(*next_++) != letter) return false;

@@ -7,15 +7,15 @@
 
 namespace velmar::base {
 
-/// A word of the letters a to z, read as by `%[a-z]` behind a blank: it ends at the first other character.
+/// A word of the letters a to z, read as by `%[a-z]` after a blank: it ends at the first other character.
 struct LowerCaseWord {
     std::string_view text;
 };
 
 /// A cursor over the text of a file. It reads as formatted scanning of the C library does, in the "C" locale
 /// whatever locale the process has: white space before a field is skipped, a field ends where no further
-/// character can belong to it, and a field that does not convert leaves its variable alone but has eaten what
-/// could have begun it.
+/// character can belong to it, and a field that does not convert leaves its variable unchanged but has consumed
+/// what could have begun it.
 ///
 /// White space is that of ASCII, so that the bytes of GBK characters are never taken for blanks.
 class TextScanner {
@@ -37,11 +37,12 @@ public:
     /// Reads numbers until one does not convert or the span is full; returns how many.
     std::size_t read(std::span<float> values);
 
-    /// Whether so many numbers can follow. Two numbers are never one character each, so a count that an
-    /// author got wrong, or made up, is noticed before memory is taken for it.
+    /// Whether the rest of the text is long enough for this many numbers: two of them take more than two characters. So
+    /// a count that is wrong, by mistake or on purpose, is noticed before memory is taken for it.
     bool mayHold(std::size_t numbers) const { return numbers <= (remaining() + 1) / 2; }
 
-    /// How many of the promised records of so many numbers each can follow; a negative promise counts as none.
+    /// How many of the promised records, of a given number of numbers each, the rest of the text can hold; a negative
+    /// promise counts as 0.
     std::size_t recordsAtMost(int promised, std::size_t numbersEach) const {
         const std::size_t room = (remaining() + 1) / 2 / numbersEach;
         return promised < 0 ? 0 : std::min(static_cast<std::size_t>(promised), room);

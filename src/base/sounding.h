@@ -13,7 +13,7 @@ struct SoundingLevel {
     float windSpeed;      ///< as the file has it
 };
 
-/// A sounding, from the lowest level up, and what is derived from it: 0 where it cannot be.
+/// A sounding, from the lowest level up, and what is derived from it: 0 where it cannot be derived.
 struct Sounding {
     int number;
     float longitude;  ///< degrees

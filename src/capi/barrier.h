@@ -9,15 +9,15 @@
 
 namespace velmar::capi {
 
-/// Exports wait for each other here, whatever thread they are called from: what they keep between calls is one for the
-/// process. Within a call the same thread may come by again.
+/// The lock at which exports wait for each other, whatever thread they are called from, because what they keep between
+/// calls is shared by the whole process. It is recursive: a barrier may stand within another one.
 inline std::recursive_mutex& door() {
     static std::recursive_mutex mutex;
     return mutex;
 }
 
 /// The only way from an export into the library. Nothing crosses it: an exception, in practice a lack of
-/// memory, becomes the export's failure result. Progress texts of the call are out when it returns.
+/// memory, becomes the export's failure result. Progress texts of the call have been written when it returns.
 template <class Result, class Body>
 Result guarded(Result failure, Body&& body) noexcept {
     Result result = std::move(failure);

@@ -10,7 +10,7 @@ namespace velmar::capi {
 /// A result on its way to the host, which takes it over with release().
 using ResultBlock = base::Floats;
 
-/// Fills a block from its first element to its last. The caller has counted: it appends exactly as many
+/// Fills a block from its first element to its last. The caller has counted beforehand, and appends exactly as many
 /// elements as the block holds.
 class BlockWriter {
 public:
@@ -31,7 +31,7 @@ private:
     float* next_;
 };
 
-/// Appends what stands behind lines and polygons: -1, the grid's sizes and place, and its values.
+/// Appends what follows lines and polygons: -1, the grid's sizes and place, and its values.
 void appendGrid(BlockWriter& out, const grid::GridView& grid, const grid::GridPlace& place);
 
 }  // namespace velmar::capi

@@ -83,7 +83,7 @@ ResultBlock packCenters(std::span<const Center> centers, const GridPlace& place)
     return block;
 }
 
-/// Nullopt for an unknown mode, and for one that lacks its list.
+/// Nullopt for an unknown mode, and for mode 2 without a list.
 std::optional<LevelRequest> levelRequest(int mode, float start, float end, float interval,
                                          const float* levels, int count) {
     const std::optional<LevelMode> known = contour::levelMode(mode);
@@ -98,7 +98,7 @@ ResultBlock contourLines(const GridView& grid, float missing, const std::optiona
     State& kept = state();
     ContourWork& work = kept.contours;
     work.lines.clear();
-    // A call that is refused has its factors too: contour2DRaw divides by those of the last call, whatever came of it.
+    // Stored even by a call that is refused: contour2DRaw divides by the factors of the last call, whatever its result.
     if (smoothing == Smoothing::refine) kept.factors = grid::chooseFactors(grid.nx, grid.ny);
     if (!request || (grid.values == nullptr && grid.size() > 0)) return nullptr;
 

@@ -46,11 +46,11 @@ float* polylineOf(const char* path, files::PolylineKind kind) noexcept {
     });
 }
 
-/// The log has this very name on every platform. Where it names no drive, it stands in the current directory.
+/// The log has this very name on every platform. Where it does not name a drive, it is in the current directory.
 constexpr const char* logName = "C:\\readmap9.txt";
 
-/// What a result says about the lines of its file. The diamond form has never been counted: hosts find no lines
-/// and 1 there, and the lines behind.
+/// The counts that a result announces. Lines of the diamond form are never counted: hosts find 1 and 0 at the front,
+/// and then the lines.
 struct MapCounts {
     std::size_t lines = 0;
     std::size_t points = 0;
@@ -62,7 +62,7 @@ MapCounts countLines(const MapLines& lines) { return {lines.lines.size(), lines.
 
 ResultBlock pack(const MapLines& lines, const MapCounts& told, std::FILE* logFile) try {
     tell(logFile, messages::mapResultSize, told.lastIndex());
-    // A host that steps through as many lines as it is told stays within the block, even when others are there.
+    // The block holds the announced number of lines even when fewer are there, for hosts that step through them.
     MapCounts there = countLines(lines);
     there.lines = std::max(there.lines, told.lines);
     const std::size_t size = std::max(told.lastIndex(), there.lastIndex()) + 1;
@@ -86,7 +86,7 @@ ResultBlock pack(const MapLines& lines, const MapCounts& told, std::FILE* logFil
     throw;
 }
 
-/// Reads a map file as ReadMap9 describes it; null when that fails.
+/// Reads a map file as described for ReadMap9; null when that fails.
 ResultBlock readMap(const char* path, MapState& state) {
     files::OpenFile logFile = files::openDiagnosticFile(logName, path);
     const std::optional<files::FileText> file = files::readWholeFile(path);
@@ -100,7 +100,7 @@ ResultBlock readMap(const char* path, MapState& state) {
     const std::optional<MapForm> form = files::readMapHead(in);
     if (!form) return nullptr;
 
-    // The state changes when nothing can fail any more: a call that lacks memory does not count.
+    // The state changes only when nothing can fail any more: a call that runs out of memory does not count.
     MapLines own;
     if (!files::readMapLines(in, *form, own, logFile.get())) {
         if (!state.hasFirstMap) state = {true, std::move(own)};

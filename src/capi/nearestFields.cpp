@@ -24,12 +24,12 @@ std::optional<float> flaggedValue(const files::SurfaceReport& report, int elemen
     return found ? 1.0F : -1.0F;
 }
 
-/// What makes one field differ from the other.
+/// In what the two kinds of fields differ.
 struct FieldKind {
     analysis::Reach reach;
     float (*valueOf)(float nearest);
     const char* diagnosticFile;
-    const char* beingRead;  ///< the file of the stations; null when they come from none
+    const char* beingRead;  ///< the file of the stations; null when they come from the host
 };
 
 ResultBlock makeField(const FieldKind& kind, const SelectedStations& selected,

@@ -18,14 +18,14 @@ namespace {
 using polygon::PolygonView;
 using polygon::Rectangle;
 
-/// The diagnostic file has this very name on every platform. Where it names no drive, the file stands in the
+/// The diagnostic file has this very name on every platform. Where it does not name a drive, the file is in the
 /// current directory.
 constexpr const char* diagnosticFile = "C:\\clipdebug.txt";
 
-/// Polygons of fewer points have their outline in the area that is kept between calls.
+/// Polygons of fewer points have their outline in the array that is kept between calls.
 constexpr int largePolygon = 10;
 
-/// Fills a polygon as polygonfill describes it. Marks in the diagnostic file tell how far the call has come.
+/// Fills a polygon as described for polygonfill. Marks in the diagnostic file show how far the call has come.
 float* fillPolygon(float* points, int n, const Rectangle& rectangle, int& count) {
     const files::OpenFile marks = files::openDiagnosticFile(diagnosticFile);
     if (marks == nullptr) {
@@ -57,7 +57,7 @@ float* fillPolygon(float* points, int n, const Rectangle& rectangle, int& count)
     return end;
 }
 
-/// No polygon when there are no points.
+/// Empty when there are no points.
 PolygonView polygonOf(const float* points, int n) {
     return {points, points == nullptr || n < 1 ? 0 : static_cast<std::size_t>(n)};
 }

@@ -22,14 +22,14 @@ using base::TextScanner;
 using rain::DateKey;
 using Station = base::StationValue;
 
-/// A span of time in steps of so many hours.
+/// A span of time in steps of some hours.
 struct RainSpan {
     DateKey start;  ///< not part of the sum
     DateKey end;
     int stepHours;
 };
 
-/// Four-digit years. Two digits mean the years from 2000 on.
+/// The four-digit year: years below 100 count from 2000 on.
 int fullYear(int year) { return year < 100 ? year + 2000 : year; }
 
 /// Whether the hours are those that accumulations of more than an hour start and end at.
@@ -39,8 +39,8 @@ bool areObservationHours(int startHour, int endHour) {
     return (isOne(startHour) || (startHour == 5 && endHour == 5)) && (isOne(endHour) || endHour == 5);
 }
 
-/// The file of a time in a directory. Where backslashes separate nothing, a file whose name has one in it may
-/// stand for it.
+/// The file of a time in a directory. On platforms where a backslash is no separator, a file with a backslash in its
+/// name counts as well.
 std::string fileNameOf(const std::string& directory, DateKey key) {
     const DateKey year = key / 1000000;
     std::array<char, 128> name{};
@@ -85,8 +85,8 @@ ResultBlock pack(std::span<const Station> stations) {
     return block;
 }
 
-/// Adds up the files of a directory as DiscreteAdd describes it; null when one of them cannot be read, or no file has a
-/// station.
+/// Adds up the files of a directory as described for DiscreteAdd; null when one of them cannot be read, or no file has
+/// a station.
 ResultBlock accumulateRain(const char* directory, const RainSpan& span) {
     if (directory == nullptr || span.start >= span.end || span.stepHours < 1) return nullptr;
     rain::RainTable table;

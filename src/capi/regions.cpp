@@ -49,7 +49,7 @@ const Region* firstOfName(const RegionTable& table, const char* name) {
     return nullptr;
 }
 
-/// The points of the region that is chosen from the table, and their number, which may go nowhere.
+/// The points of the region that is chosen from the table, and their number (`count` may be null).
 template <class Choose>
 const float* boundary(int* count, Choose choose) noexcept {
     if (count != nullptr) *count = 0;

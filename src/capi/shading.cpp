@@ -46,11 +46,12 @@ ResultBlock packPolygons(const ShadePolygonList& list, const grid::GridView& gri
         }
     }
     appendGrid(out, grid, place);
-    out.append(0.0F);  // slack: the count has always been one more than what is laid out
+    out.append(0.0F);  // the block is one element longer than its layout needs
     return block;
 }
 
-/// The polygons that `trace` leaves in the memory for them, packed. Null when there are none or the tracing fails.
+/// Runs `trace` in the memory that is kept for it and packs the polygons. Null when there are no polygons or the
+/// tracing fails.
 template <class Trace>
 ResultBlock tracedAndPacked(const grid::GridView& grid, const GridPlace& place, Trace trace) {
     ShadeWork& work = state().shading;
@@ -75,7 +76,7 @@ ResultBlock shadeUneven(const ShadeRequest& request, const shade::GridLineSteps&
                            });
 }
 
-/// The levels that a grid file's header asks for. Contour lines of the file have the same.
+/// The levels that a grid file's header asks for, the same as for contour lines of the file.
 std::vector<float> levelsOf(const files::GridHeader& header) {
     const contour::LevelRequest request{
         contour::LevelMode::interval, header.startValue, header.endValue, header.interval, {}, 0,
@@ -90,7 +91,7 @@ Outcome<ResultBlock> shadeGridFile(const char* path, int stripRows) {
     Outcome<files::GridHeader> header = files::readGridHeader(in);
     if (!header) return header.failure();
     base::progress(messages::fileTitle, {header->title});
-    // The code of the header deliberately also stands for a value of a grid that circles the globe.
+    // A value of a cyclic grid deliberately has the same code as the header.
     Outcome<Grid> grid = files::readGridValues(in, header->field, {.circling = -5, .other = -6});
     if (!grid) return grid.failure();
     base::progress(messages::fileEnd);

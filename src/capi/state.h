@@ -16,21 +16,21 @@
 
 namespace velmar::capi {
 
-/// Contour lines on their way to a result, and the memory that they are traced in.
+/// Contour lines on their way to a result, and the memory used to trace them.
 struct ContourWork {
     contour::LineList lines;
     contour::TraceBuffers buffers;
 
     std::size_t bytes() const { return lines.bytes() + buffers.bytes(); }
 
-    /// Gives the memory back. The size of the work buffer stays: it is that of the largest grid so far.
+    /// Releases the memory. The size of the work buffer, that of the largest grid until now, is kept.
     void release() {
         lines = {};
         buffers = {{}, {}, {}, {}, buffers.workBufferFloats};
     }
 };
 
-/// Polygons on their way to a result, and the memory that they are traced in.
+/// Polygons on their way to a result, and the memory used to trace them.
 struct ShadeWork {
     shade::ShadePolygonList polygons;
     shade::TraceBuffers buffers;
@@ -42,8 +42,8 @@ struct ShadeWork {
 /// The maps that ReadMap9 has read.
 struct MapState {
     bool hasFirstMap = false;
-    /// Lines of the first map that could not be read to its end: the next result hands them out. Lines of
-    /// later maps are never handed out, so they are not kept.
+    /// Lines of the first map, when it could not be read to its end: the next result hands them out. Lines of later
+    /// maps are never handed out, so they are not kept.
     files::MapLines firstMap;
 };
 
@@ -62,14 +62,15 @@ struct State {
 
     /// Number of points that the last clipping by a single edge left.
     int lastClipCount = 0;
-    /// The filled outline of the last small polygon, pairs x, y. Its caller reads it until the next call.
+    /// The filled outline of the last small polygon, pairs x, y. The host may read it until the next call of
+    /// polygonfill for a small polygon.
     std::array<float, 40> smallOutline{};
 
     /// Levels of the last SanJiao call: they are printed beside those of the next.
     triangles::LevelTable stationLevels;
 
-    /// Where the last wind file said that its grids lie, rows from south to north. streamAnalyse, which is told
-    /// no place, takes its grids to lie here.
+    /// Where the grids of the last wind file lie, rows from south to north. streamAnalyse gets its grids without a
+    /// place and takes them to lie here.
     grid::Lattice windLattice{};
     /// Colour of the last piece of streamline that was coloured. The first points of the next call carry it.
     int streamlineColour = 0;

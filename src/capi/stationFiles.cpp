@@ -24,7 +24,7 @@ using files::ReportLayout;
 using files::StationValuesHeader;
 namespace messages = base::messages;
 
-/// Appends the integers of the header; returns the last of them, nothing when the header is incomplete.
+/// Appends the integers of the header; returns the last of them, or nullopt when the header is incomplete.
 std::optional<int> readHeader(TextScanner& in, const ReportLayout& layout, base::GrowingFloats& out) {
     if (!files::readFirstLine(in)) return std::nullopt;
     int value = 0;
@@ -35,8 +35,8 @@ std::optional<int> readHeader(TextScanner& in, const ReportLayout& layout, base:
     return value;
 }
 
-/// Reads a file of reports: the integers of its header, with the number of reports that could be read, then the reports.
-/// Null when the file cannot be opened, its header not be read, or none of the reports that it promises.
+/// Reads a file of reports: the integers of its header, with the number of reports that could be read, then these.
+/// Null when the file cannot be opened, when its header cannot be read, or when none of the promised reports can.
 ResultBlock readReports(const char* path, const ReportLayout& layout) {
     const std::optional<files::FileText> file = files::readWholeFile(path);
     if (!file) return nullptr;
@@ -59,7 +59,7 @@ float* reportsOf(const char* path, const ReportLayout& layout) noexcept {
     return guarded<float*>(nullptr, [&] { return readReports(path, layout).release(); });
 }
 
-/// Appends the stations that can be read, as long as there are no more than so many elements; returns how many. A
+/// Appends the stations that can be read, up to a number of elements; returns how many stations there are. A
 /// station counts as soon as its first value is there. A further value that does not scan is 0, and the next is
 /// scanned from where that scan stopped.
 int readStations(TextScanner& in, int promised, int valuesPerStation, std::size_t mostElements,
@@ -80,7 +80,7 @@ int readStations(TextScanner& in, int promised, int valuesPerStation, std::size_
     return count;
 }
 
-/// Reads a file of station values as ReadVelmarData3 describes it.
+/// Reads a file of station values as described for ReadVelmarData3.
 Outcome<ResultBlock> readStationValues(const char* path) {
     const std::optional<files::FileText> file = files::readWholeFile(path);
     if (!file) {

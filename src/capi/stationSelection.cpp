@@ -71,7 +71,7 @@ Outcome<SurfaceFile> readSurfaceFile(const char* path) {
 
     progress(messages::reportsPromised, {header.reportCount});
     SurfaceFile reports{header.reportCount, readReports(in, header.reportCount)};
-    // A file without a single report is told to have one.
+    // For a file without any report, 1 is printed.
     progress(messages::reportsRead, {std::max<std::size_t>(reports.reports.size(), 1)});
     if (!reports.reports.empty()) reports.reports.pop_back();
     return reports;

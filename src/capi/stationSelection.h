@@ -20,8 +20,7 @@ inline analysis::AreaRequest areaRequest(int autoBounds, float startLon, float e
     return {autoBounds != 0, {startLon, endLon, startLat, endLat}, lonStep, latStep};
 }
 
-/// The stations with a value, in the order in which they were found, how far they reach and between which
-/// limits their values lie.
+/// The stations with a value, in the order in which they were found, their extent and the range of their values.
 struct SelectedStations {
     analysis::Stations stations;
     analysis::Extent extent;
@@ -30,11 +29,10 @@ struct SelectedStations {
 
     void add(float longitude, float latitude, float value);
 
-    /// The stations that go into a field. The last one is deliberately left out: fields have always been made
-    /// so.
+    /// The stations that go into a field. The last one is deliberately left out: this is established behaviour.
     analysis::StationView used() const;
 
-    /// Prints how many stations are used, the largest and the smallest value. Without stations it says -1.
+    /// Prints how many stations are used (-1 without stations), and the largest and the smallest value.
     void tell() const;
 };
 
@@ -49,10 +47,10 @@ struct SurfaceFile {
 /// first line, -3 type number, -4 date line.
 base::Outcome<SurfaceFile> readSurfaceFile(const char* path);
 
-/// The value that is analysed of a report, for an element code. Nothing for a code that there is not.
+/// The value of a report that an element code stands for; nullopt for an unknown code.
 using ElementChoice = std::optional<float> (*)(const files::SurfaceReport& report, int element);
 
-/// Selects the reports that have a value and prints what there is; values below -1000 are told one by one.
+/// Selects the reports that have a value and prints a summary; values below -1000 are printed one by one.
 SelectedStations selectStations(const std::vector<files::SurfaceReport>& reports, int element,
                                 ElementChoice choose);
 

@@ -31,7 +31,7 @@ std::optional<float> analysedValue(const files::SurfaceReport& report, int eleme
 }
 
 /// The values of the stations used, at the positions of as many reports from the start of the file. The two
-/// deliberately fall out of step behind a report without a value.
+/// deliberately fall out of step after a report without a value.
 analysis::Stations stationsInFileOrder(const std::vector<files::SurfaceReport>& reports,
                                        const analysis::StationView& used) {
     analysis::Stations stations;

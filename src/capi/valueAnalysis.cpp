@@ -47,11 +47,11 @@ struct KeptStations {
 /// Reads as many of the promised stations as there are.
 KeptStations readStations(TextScanner& in, int promised) {
     KeptStations kept;
-    // A station is read over one without a value before it, so that what does not convert is still that one's.
+    // A station is read over the one before it if that has no value, so that items that do not convert keep its items.
     base::StationValue station{};
     for (int k = 0; k < promised; ++k) {
         const int converted = files::scanStationValue(in, station);
-        // Also the position of a record that is cut off behind it counts for the extent.
+        // The position counts for the extent even when the record is cut off after it.
         if (converted >= 2) kept.extent.addLongitude(station.longitude);
         if (converted >= 3) kept.extent.addLatitude(station.latitude);
         if (converted < base::StationValue::fieldCount) {

@@ -24,8 +24,8 @@ using grid::Grid;
 using grid::Lattice;
 using grid::missingInFiles;
 
-/// Element 0 has never been the number of elements, but eight times that of the points, and the header, cut to 32
-/// bits.
+/// Element 0 is not the number of elements but, by established behaviour, eight times that of the points plus the
+/// length of the header, cut to 32 bits.
 float announcedSize(std::size_t values) {
     return static_cast<float>(static_cast<std::uint32_t>(8 * values + 15));
 }
@@ -64,7 +64,7 @@ ResultBlock packStreamlines(wind::Drawing drawing, const wind::Wind& wind, const
     base::GrowingFloats& out = drawing.points;
     out.append(drawing.arrows);
     const std::size_t drawn = out.size();
-    // The first of the two in front of the sizes is reserved.
+    // The first of the two elements before the sizes is reserved.
     out.append(std::array{0.0F, -1.0F, static_cast<float>(wind.u.nx), static_cast<float>(wind.u.ny),
                           lattice.startLongitude, lattice.startLatitude, lattice.endLongitude,
                           lattice.endLatitude, lattice.longitudeStep, lattice.latitudeStep});
@@ -89,7 +89,7 @@ ResultBlock streamlines(const wind::Wind& wind, const wind::LineColours& colours
     if (!drawing) return nullptr;
     const int lastColour = drawing->currentColour;
     ResultBlock block = packStreamlines(std::move(*drawing), wind, kept.windLattice);
-    // Not before: a call that lacks memory leaves nothing behind.
+    // Only now: a call that runs out of memory leaves nothing behind.
     kept.streamlineColour = lastColour;
     return block;
 }
@@ -112,7 +112,7 @@ float* differentiateGrids(const wind::FieldPair& fields, const grid::GridPlace& 
                            [&] { return wind::differentiate(fields, place, combination).release(); });
 }
 
-/// Writes an output that the host may not want.
+/// Writes an output unless its pointer is null.
 template <class T>
 void write(T* out, T value) {
     if (out != nullptr) *out = value;
@@ -172,7 +172,7 @@ float* hvor(const float* p, const float* q, int nx, int ny, float missing, float
                               wind::Combination::difference);
 }
 
-// These two have never written their output; hosts that call them rely on it being left alone.
+// These two do not write their output; hosts that call them rely on its being left unchanged.
 
 int ffhdiv(float* /*out*/, const float* /*p*/, const float* /*q*/, int /*nx*/, int /*ny*/, float /*missing*/,
            float /*startLon*/, float /*startLat*/, float /*lonStep*/, float /*latStep*/) noexcept {
@@ -190,7 +190,7 @@ float* readWindDivVor(const char* path, int /*vorticity*/, float* startLonOut, f
         Outcome<files::WindFile> file = files::readWindFile(path, state().windLattice);
         if (!file) return file.failure();
         const auto& [header, u, v] = *file;
-        // The field is computed nowhere here: hosts get a block of missing values, and call hdiv or hvor.
+        // No field is computed here: hosts get a block of missing values, and call hdiv or hvor.
         ResultBlock block = base::allocateFloats(u.values.size());
         std::fill_n(block.get(), u.values.size(), missingInFiles);
         write(startLonOut, header.lattice.startLongitude);

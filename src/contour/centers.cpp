@@ -21,9 +21,9 @@ struct Slope {
     int steps = 0;
 };
 
-/// Adds the differences at the indices from `from` towards `stop` while they keep the centre's sense. Where
-/// one stops the walk the sum becomes a mean, not a number when it is the first; a walk that comes to the
-/// edge of the grid keeps its sum.
+/// Adds the differences at the indices from `from` towards `stop` while they have the sign of the centre. Where
+/// a difference of the other sign ends the walk, the sum becomes a mean (not a number when that difference is the
+/// first); a walk that reaches the edge of the grid keeps its sum.
 template <class Difference>
 Slope walkSlope(bool high, int from, int stop, int step, Difference difference) {
     Slope slope;
@@ -48,7 +48,7 @@ Center measure(const GridView& grid, int column, int row, bool high) {
     const Slope east = walkSlope(high, column, grid.nx - 1, 1, toNextColumn);
     const Slope south = walkSlope(high, row, 0, -1, toPreviousRow);
     // The walk to the north takes the same differences as the one to the south, so that it mostly ends with
-    // the second: strengths have always been measured so.
+    // the second. This is established behaviour: strengths are measured this way.
     const Slope north = walkSlope(high, row, grid.ny - 1, 1, toPreviousRow);
     Center center{};
     center.column = column;
@@ -68,8 +68,8 @@ bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
     unsigned char any = 0;
     for (int i = 1; i + 1 < grid.nx; ++i) {
         const float p = here[i];
-        // A low is not compared with its south-west neighbour, and the one to the east may be equal: charts
-        // have always shown their centres so.
+        // A low is not compared with its south-west neighbour, and the one to the east may be equal. This is
+        // established behaviour: the centres on existing charts depend on it.
         const bool low = (p <= here[i + 1]) & (p < here[i - 1]) & (p < south[i]) & (p < north[i]) &
                          (p < north[i + 1]) & (p < north[i - 1]) & (p < south[i + 1]);
         const bool high = (p >= here[i + 1]) & (p > here[i - 1]) & (p > south[i]) & (p > north[i]) &
@@ -81,7 +81,7 @@ bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
     return any != 0;
 }
 
-/// Orders centres that stand row by row by column, rows staying in order within a column.
+/// Reorders centres from row by row to column by column; within a column they stay in the order of the rows.
 std::vector<Center> orderedByColumn(const std::vector<Center>& centers, int nx) {
     std::vector<std::size_t> next(static_cast<std::size_t>(nx) + 1);
     for (const Center& center : centers) ++next[static_cast<std::size_t>(center.column) + 1];

@@ -19,7 +19,7 @@ struct Center {
 };
 
 /// Finds the centres of a grid: inner points below or above their neighbours, ordered by column, then by row.
-/// `missing` is left out of the range of the data; such points are compared like others.
+/// `missing` is left out of the range of the data; such points are still compared like others.
 std::vector<Center> findGridCenters(const grid::GridView& grid, float missing);
 
 }  // namespace velmar::contour

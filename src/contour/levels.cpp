@@ -21,7 +21,7 @@ using base::truncateToInt;
 using grid::Extremes;
 namespace messages = base::messages;
 
-/// An interval and the power of ten that it was rounded with.
+/// An interval and the power of ten used to round it.
 struct RoundedInterval {
     float interval;
     int multiplier;
@@ -87,7 +87,7 @@ float chooseStart(const Extremes& data, int multiplier) {
     return start;
 }
 
-/// The levels start + k * interval for k = 0, 1, ... up to the first that is not below `end`; none when they
+/// The levels start + k * interval for k = 0, 1, ... up to the first that is not below `end`; empty when there
 /// are too many. An interval that does not advance gives the first level only.
 std::vector<float> levelsUpTo(float end, float start, float interval) {
     std::vector<float> levels;

@@ -16,20 +16,20 @@ enum class LevelMode : unsigned {
     list = 2,       ///< the host's own
 };
 
-/// No mode when the number is none.
+/// Nullopt unless the number is 0, 1 or 2.
 constexpr std::optional<LevelMode> levelMode(int mode) {
     if (mode < 0 || mode > 2) return std::nullopt;
     return static_cast<LevelMode>(mode);
 }
 
-/// More levels than this count as a mistake and give none.
+/// More levels than this are taken for a mistake, and the list of levels is empty then.
 inline constexpr std::size_t mostLevels = 1'000'000;
 
-/// The same for levels that a file's header asks for. A header is short, but each level may take as long, and leave as
-/// many points, as the grid has.
+/// The same limit for the levels that a file's header asks for. A header is short, but each of its levels may cost as
+/// much time and as many points as the grid has.
 inline constexpr std::size_t mostLevelsOfHeader = 10'000;
 
-/// What a host says about levels; units are those of the grid.
+/// The levels that a host asks for, in units of the grid.
 struct LevelRequest {
     LevelMode mode;
     float start;
@@ -37,7 +37,7 @@ struct LevelRequest {
     float interval;
     std::span<const float> list;
     int count;                      ///< wanted number of intervals (automatic)
-    std::size_t most = mostLevels;  ///< between start and end (interval)
+    std::size_t most = mostLevels;  ///< largest number of levels (interval)
 };
 
 /// Levels in the order in which they are traced, not necessarily ascending.
@@ -46,10 +46,10 @@ struct Levels {
     float start;  ///< the start that was asked for, or the one chosen from data that do not straddle zero
 };
 
-/// Chooses the levels of a grid. Grid values equal to `missing` take no part in an automatic choice.
+/// Chooses the levels of a grid. Grid values equal to `missing` are left out of an automatic choice.
 ///
 /// Automatic levels are multiples of a rounded interval, from 0 both ways when the data lie on both sides of
-/// zero, else from a rounded start upward, so far that they reach past the data. The interval is the data's
+/// zero, else from a rounded start upward, far enough to reach past the data. The interval is the data's
 /// range divided by the wanted count, rounded to one significant digit (above 10, below 1) or to its integer
 /// part.
 Levels chooseLevels(const grid::GridView& grid, float missing, const LevelRequest& request);

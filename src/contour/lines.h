@@ -28,13 +28,13 @@ struct LineList {
         return {points.data() + line.firstPoint, line.pointCount};
     }
 
-    /// Memory is kept for the next call.
+    /// Keeps the memory for the next call.
     void clear() {
         lines.clear();
         points.clear();
     }
 
-    /// Of memory.
+    /// Size of the memory in use.
     std::size_t bytes() const { return base::bytesOf(lines) + base::bytesOf(points); }
 };
 

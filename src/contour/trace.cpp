@@ -25,14 +25,14 @@ struct WalkRoom {
     std::size_t backward;
 };
 
-/// Two floats a point, from the middle of the work buffer outward; the last four floats at either end stay
-/// free.
+/// Two floats a point, from the middle of the work buffer outward; the last four floats at either end remain
+/// unused.
 WalkRoom walkRoom(std::size_t workBufferFloats) {
     const std::size_t middle = workBufferFloats / 2 / 2 * 2;
     return {(workBufferFloats - 6 - middle) / 2, (middle - 4) / 2};
 }
 
-/// Traces one level. The marks of the edges that lines pass are used up.
+/// Traces one level. The mark of an edge is cleared when a line passes it.
 class LevelTracer {
 public:
     LevelTracer(float level, TraceBuffers& buffers, LineList& lines)
@@ -83,8 +83,8 @@ void LevelTracer::traceFrom(const Edge& start) {
     forward.clear();
     backward.clear();
 
-    // The start's mark stays until the first walk is over, so that a ring finds back to it, through a saddle
-    // too.
+    // The start edge stays marked until the first walk is over, so that a ring can return to it, even through a
+    // saddle.
     const Side below = start.alongRow ? Side::bottom : Side::left;
     const Cell first{start.i, start.j};
     const bool closed = walk(first, below, start, room_.forward, forward);
@@ -100,7 +100,7 @@ void LevelTracer::traceFrom(const Edge& start) {
     points.insert(points.end(), forward.begin(), forward.end());
 }
 
-/// Follows the line from the cell that it enters, adding the points behind the entry. Returns whether it came
+/// Follows the line from the cell that it enters, adding the points after the entry. Returns whether it came
 /// back to its start.
 bool LevelTracer::walk(Cell cell, Side entry, const Edge& start, std::size_t room,
                        std::vector<Point>& points) {
@@ -110,7 +110,7 @@ bool LevelTracer::walk(Cell cell, Side entry, const Edge& start, std::size_t roo
         const bool saddle = (exits & (exits - 1)) != 0;
         const Side exit =
             saddle ? partner(pairingOf(cell), entry) : static_cast<Side>(std::countr_zero(exits));
-        // In a saddle the way on may be gone: a line that was cut short has used it up.
+        // In a saddle the exit may already be cleared: a line that was cut short has passed it.
         if ((exits & bit(exit)) == 0) return false;
 
         const Edge edge = cell.edge(exit);

@@ -10,9 +10,9 @@ namespace velmar::contour {
 
 /// Buffers of the tracing, reused from call to call.
 ///
-/// Lines are as long as they were when a line was written from the middle of one work buffer towards both its
-/// ends: that buffer had a float per point of the largest grid so far, border included, so a very long line
-/// is cut where it would have met the end. Only the buffer's size lives on.
+/// The length of lines is limited as if a line were written from the middle of a work buffer towards both its
+/// ends: the buffer has a float per point of the largest grid so far, border included, and a very long line is
+/// cut where it would reach an end. Only the size of that buffer is kept.
 struct TraceBuffers {
     grid::LevelIndex index;
     Crossings crossings;
@@ -20,7 +20,7 @@ struct TraceBuffers {
     std::vector<Point> backward;
     std::size_t workBufferFloats = 0;
 
-    /// Of memory.
+    /// Size of the memory in use.
     std::size_t bytes() const {
         return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
                base::bytesOf(forward) + base::bytesOf(backward);

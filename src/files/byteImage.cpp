@@ -20,7 +20,7 @@ constexpr std::size_t headerBytes = 149;
 
 constexpr int kindWithUndefinedPoints = 5;
 
-/// Returns the header's keyword. Integers that no reader needs are passed over.
+/// Returns the header's keyword. Integers that no reader needs are skipped.
 std::string_view scanHeader(std::string_view text, ByteImage& image) {
     base::TextScanner in(text);
     std::string_view keyword;

@@ -18,14 +18,14 @@ struct ByteImage {
     std::string_view pixels;  ///< nx * ny bytes, row after row
 };
 
-/// Reads the bytes of a file. What its header lacks is 0. Nothing when the keyword is another, or when the
-/// file is shorter than its header says.
+/// Reads the bytes of a file. What its header lacks is 0. Nullopt when the keyword is another, or when the file is
+/// shorter than its header says.
 std::optional<ByteImage> readByteImage(std::string_view file);
 
 /// The pixels as numbers: 0 to 254, and -1 for 255.
 grid::Grid valuesOf(const ByteImage& image);
 
-/// The value of points without data: 20 in images of kind 5, in all others 255, which no point has.
+/// The missing value: 20 in images of kind 5, in all others 255, which no point has.
 float undefinedValueOf(const ByteImage& image);
 
 }  // namespace velmar::files

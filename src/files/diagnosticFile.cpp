@@ -15,7 +15,7 @@
 
 namespace velmar::files {
 
-// What is there is looked at through the opened file, so that it cannot change in between, and before it is emptied.
+// The checks are made on the opened file, so that it cannot be exchanged in between, and before it is truncated.
 
 #if defined(_WIN32)
 
@@ -25,7 +25,7 @@ constexpr DWORD anyShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 
 using Description = BY_HANDLE_FILE_INFORMATION;
 
-/// Nothing for pipes and devices.
+/// Nullopt for pipes and devices.
 std::optional<Description> descriptionOf(HANDLE file) {
     Description found;
     if (GetFileInformationByHandle(file, &found) == 0) return std::nullopt;

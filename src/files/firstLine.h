@@ -14,7 +14,7 @@ struct FirstLine {
     std::string_view title;
 };
 
-/// Nothing when one of the three is not there.
+/// Nullopt when one of the three is missing.
 inline std::optional<FirstLine> readFirstLine(base::TextScanner& in) {
     FirstLine line{};
     if (base::scan(in, line.keyword, line.type, line.title) < 3) return std::nullopt;

@@ -9,7 +9,7 @@
 
 namespace velmar::files {
 
-/// The fields that the grid files and the wind grid files begin with, behind keyword, type and title.
+/// The fields that the grid files and the wind grid files begin with, after keyword, type and title.
 struct FieldHeader {
     int year;
     int month;
@@ -38,10 +38,10 @@ struct GridHeader {
     float boldValue;
 };
 
-/// Failures: -2 first line, -3 type number, -4 keyword, -5 the rest.
+/// Failures: -2 first line, -3 type number, -4 keyword, -5 the rest of the header.
 base::Outcome<GridHeader> readGridHeader(base::TextScanner& in);
 
-/// The codes of a value that cannot be read, in a grid that circles the globe and in any other.
+/// The failure codes of a value that cannot be read, in a cyclic grid and in any other.
 struct UnreadableValue {
     int circling;
     int other;
@@ -50,12 +50,11 @@ struct UnreadableValue {
 /// Whether nx times the longitude step lies between 359.5 and 360.01, so that the first column follows the last.
 bool circlesGlobe(const FieldHeader& field);
 
-/// Reads a grid file's values. A grid that circles the globe is closed: its first column is repeated behind its
-/// last.
+/// Reads a grid file's values. A cyclic grid is closed: its first column is repeated after its last.
 base::Outcome<grid::Grid> readGridValues(base::TextScanner& in, const FieldHeader& field,
                                          UnreadableValue unreadable);
 
-/// Where a grid file says that its grid lies; the end positions play no part.
+/// Where the grid of a file lies, from its start and its steps; the end positions are not used.
 constexpr grid::GridPlace placeOf(const grid::Lattice& lattice) {
     return {lattice.startLongitude, lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep};
 }

@@ -76,7 +76,7 @@ private:
 
 void writeHeader(TextWriter& out, const WrittenGrid& grid, const DrawingHints& hints) {
     out.write(base::messages::analysisTitle);
-    // The date is deliberately this one, whatever that of the stations is.
+    // The date is deliberately fixed, whatever the date of the stations.
     out.write("2006 6 2 8 0 1000\n");
     const grid::Lattice& at = grid.lattice;
     const char* separator = "";

@@ -5,8 +5,8 @@
 
 namespace velmar::files {
 
-/// A grid to be written: its values, where its header says that it lies, and the sizes that it tells. Sizes that are
-/// not positive go with no values.
+/// A grid to be written: its values, and the place and sizes for its header. There are no values when a size is not
+/// positive.
 struct WrittenGrid {
     grid::GridView values;
     grid::Lattice lattice;
@@ -19,13 +19,13 @@ struct DrawingHints {
     float endValue;
 };
 
-/// Writes a grid file ("diamond" type 4) to a text stream and closes that. The title and the date are always
-/// the same. Of a grid without values there is the header only.
+/// Writes a grid file ("diamond" type 4) to a text stream and closes the stream. The title and the date are always
+/// the same. For a grid without values, only the header is written.
 void writeAnalysisGrid(OpenFile file, const WrittenGrid& grid, const DrawingHints& hints);
 
 /// The same to a diagnostic file of this name in the current directory, where one may be written.
 ///
-///   beingRead  the file that the grid is made from; null when it is made from none
+///   beingRead  the file that the grid is made from; null when there is none
 void writeDiagnosticGrid(const char* name, const char* beingRead, const WrittenGrid& grid,
                          const DrawingHints& hints);
 

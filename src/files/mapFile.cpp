@@ -22,7 +22,7 @@ struct LineHead {
 
 enum class LineHeadResult { read, atEnd, failed };
 
-/// Reads the head of a line. A head that the end of the file cuts off has failed, unless nothing of it is there.
+/// Reads the header of a line. One that is cut off by the end of the file is a failure, unless nothing of it is there.
 LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::FILE* logFile) {
     std::array<int, 3> others{};
     int converted = 0;
@@ -51,7 +51,7 @@ bool readPoints(TextScanner& in, std::size_t points, std::vector<float>& coordin
     const std::span<float> read = std::span(coordinates).subspan(first);
     if (in.read(read) < read.size()) {
         coordinates.resize(first);
-        coordinates.shrink_to_fit();  // The lines so far may stay as long as the process.
+        coordinates.shrink_to_fit();  // The lines read until now may be kept for the life of the process.
         return false;
     }
     for (std::size_t k = 0; k < read.size(); k += 2)

@@ -22,10 +22,10 @@ struct MapLines {
     std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees; longitudes from 0 on
 };
 
-/// How the lines of a map file begin: its keyword says so.
+/// The form of the lines of a map file, given by its keyword.
 enum class MapForm { diamond, march };
 
-/// Reads the head of a map file (type 9), up to its lines; nothing when that fails.
+/// Reads the header of a map file (type 9), up to its lines; nullopt when that fails.
 std::optional<MapForm> readMapHead(base::TextScanner& in);
 
 /// Reads lines to the end of the file; what can be read is in the lines even when it fails.

@@ -10,7 +10,7 @@ namespace {
 
 using base::TextScanner;
 
-/// The part that the types have in common: four header integers, which may be lacking, and the points.
+/// The part that the types have in common: four header integers, which may be missing, and the points.
 std::optional<Polyline> readPoints(TextScanner& in) {
     Polyline line;
     auto& [header, coordinates] = line;
@@ -24,7 +24,7 @@ std::optional<Polyline> readPoints(TextScanner& in) {
     return line;
 }
 
-/// Reads what stands in front of the header integers, and says whether it is right.
+/// Reads what precedes the header integers; returns whether it is as it should be.
 bool readHead(TextScanner& in, PolylineKind kind) {
     const std::optional<FirstLine> line = readFirstLine(in);
     if (!line) return false;

@@ -16,7 +16,7 @@ struct Polyline {
     std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees
 };
 
-/// Reads the text of a file of one line; nullopt when its head or a point is not there.
+/// Reads the text of a file of one line; nullopt when its header or a point is missing.
 std::optional<Polyline> readPolyline(std::string_view text, PolylineKind kind);
 
 }  // namespace velmar::files

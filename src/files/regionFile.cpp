@@ -30,7 +30,7 @@ std::size_t readPoints(TextScanner& in, int promised, std::vector<float>& coordi
     return points;
 }
 
-/// Reads a region; says whether all of it is there. Of one that lacks points the others stay.
+/// Reads a region; returns whether it is complete. Of an incomplete one, the points that could be read are kept.
 bool readRegion(TextScanner& in, NamedOutlines& regions) {
     float unused[2];
     std::string_view name;

@@ -9,7 +9,7 @@ namespace velmar::files {
 
 /// A type of station file whose records are rows of numbers.
 struct ReportLayout {
-    std::size_t headerIntegers;  ///< behind keyword, type and description; the last is the number of records
+    std::size_t headerIntegers;  ///< after keyword, type and description; the last is the number of records
     std::size_t fields;          ///< numbers of a record in the file
     std::size_t extraFields;     ///< numbers that follow where the last two fields say so
 };
@@ -19,8 +19,8 @@ inline constexpr ReportLayout upperAirReports{6, 10, 0};  // type 2
 inline constexpr ReportLayout forecastReports{6, 12, 0};  // type 8
 inline constexpr ReportLayout shortReports{1, 4, 0};      // type 16
 
-/// Reads a report, which has room for the extra fields that its type can have; says whether it is complete. Extra
-/// fields are in the file where the last two others are 1 and 2, and 9999 otherwise.
+/// Reads a report, which has room for the extra fields that its type can have; returns whether it is complete. The
+/// extra fields are in the file only where the last two others are 1 and 2; they are 9999 otherwise.
 bool readReport(base::TextScanner& in, const ReportLayout& layout, std::span<float> report);
 
 }  // namespace velmar::files

@@ -11,7 +11,7 @@ namespace {
 using base::SoundingLevel;
 using base::TextScanner;
 
-/// Reads the levels that a number of values makes; says whether all are there.
+/// Reads as many levels as the number of values makes; returns whether all of them are there.
 bool readLevels(TextScanner& in, int valueCount, std::vector<SoundingLevel>& levels) {
     constexpr int valuesEach = 6;
     const int promised = std::max(valueCount / valuesEach, 0);

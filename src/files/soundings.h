@@ -16,8 +16,8 @@ struct SoundingFile {
     std::vector<base::Sounding> soundings;
 };
 
-/// Reads a file of soundings ("diamond" or "March" type 5) up to the first that is not whole. Nothing is derived from
-/// them. A file that is none leaves no soundings.
+/// Reads a file of soundings ("diamond" or "March" type 5) up to the first that is incomplete. Nothing is derived from
+/// them. A file of another kind gives no soundings.
 SoundingFile readSoundings(base::TextScanner& in);
 
 }  // namespace velmar::files

@@ -10,7 +10,7 @@ using base::TextScanner;
 
 namespace {
 
-/// Reads a list that begins with its number of entries; a negative number counts as none.
+/// Reads a list that begins with its number of entries; a negative number counts as 0.
 bool readEntries(TextScanner& in, int entries, std::size_t numbersEach, std::vector<float>& list) {
     const std::size_t count = entries < 0 ? 0 : static_cast<std::size_t>(entries) * numbersEach;
     if (!in.mayHold(count)) return false;

@@ -9,7 +9,7 @@
 namespace velmar::files {
 
 /// Header of a file of surface reports ("diamond" type 1). Keyword and title are views into the file's text;
-/// what did not convert is empty or 0.
+/// fields that did not convert are empty or 0.
 struct SurfaceHeader {
     std::string_view keyword;
     int type = 0;
@@ -38,7 +38,7 @@ struct SurfaceReport {
     float latitude() const { return field(3); }
 };
 
-/// Reads the next report; says whether all of its fields converted.
+/// Reads the next report; returns whether all of its fields converted.
 bool readSurfaceReport(base::TextScanner& in, SurfaceReport& report);
 
 }  // namespace velmar::files

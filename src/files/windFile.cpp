@@ -21,7 +21,7 @@ using grid::Lattice;
 
 enum class RowOrder { southFirst, northFirst };
 
-/// Takes over the bounds of a lattice, but not its steps.
+/// Copies the bounds of a lattice, but not its steps.
 void setBounds(Lattice& lattice, const Lattice& read) {
     lattice = {read.startLongitude, read.endLongitude, lattice.longitudeStep,
                read.startLatitude,  read.endLatitude,  lattice.latitudeStep};
@@ -58,7 +58,7 @@ Outcome<WindFile> readWindFile(const char* path, Lattice& lattice) {
     TextScanner in(text->view());
     const std::optional<files::FirstLine> line = files::readFirstLine(in);
     if (!line) return Failure{-2};
-    // A keyword ends at a NUL, as texts do that are compared in C.
+    // A keyword ends at a NUL, as strings in C do.
     if (line->keyword.substr(0, line->keyword.find('\0')) != "diamond") return Failure{-3};
 
     FieldHeader header{};

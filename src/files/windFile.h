@@ -12,13 +12,13 @@ struct WindFile {
 };
 
 /// Reads a wind file ("diamond" type 11; the type is not checked). Where its latitude step is not above 0, its
-/// rows are turned round.
+/// rows are reversed.
 ///
-///   lattice  gets the four bounds as soon as the header is read (or those that could be), the two steps when
-///            both grids are
+///   lattice  receives the four bounds as soon as the header is read (or those of them that convert), and the two
+///            steps when both grids have been read
 ///
-/// Failures: -1 (told on standard error), -2 first line, -3 keyword, -4 header or nothing in the grids, -5 u and
-/// -6 v from south to north, -7 and -8 from north to south.
+/// Failures: -1 cannot be opened (reported on standard error), -2 first line, -3 keyword, -4 header or empty grids,
+/// -5 u and -6 v from south to north, -7 and -8 from north to south.
 base::Outcome<WindFile> readWindFile(const char* path, grid::Lattice& lattice);
 
 }  // namespace velmar::files

@@ -14,7 +14,7 @@ class BitPlane {
 public:
     static constexpr int wordBits = 64;
 
-    /// Memory is kept when a smaller plane follows; the bits are the caller's to set.
+    /// Memory is kept when the new plane is smaller; the caller has to set the bits.
     void resize(int nx, int ny) {
         wordsPerRow_ = (static_cast<std::size_t>(nx) + wordBits - 1) / wordBits;
         words_.resize(wordsPerRow_ * static_cast<std::size_t>(ny));

@@ -11,8 +11,7 @@ namespace {
 constexpr std::size_t laneCount = 32;
 using Lanes = std::array<float, laneCount>;
 
-/// 0 and -0 are equal, so that lanes may settle on either; it is the first of the two in the grid that
-/// counts.
+/// 0 and -0 are equal, so lanes may end up with either; the result is the one that comes first in the grid.
 float firstEqual(std::span<const float> values, float extreme) {
     return extreme == 0.0F ? *std::find(values.begin(), values.end(), extreme) : extreme;
 }

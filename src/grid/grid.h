@@ -11,8 +11,8 @@ namespace velmar::grid {
 /// Grid points without data carry this value in the files of the diamond family.
 inline constexpr float missingInFiles = 9999.0F;
 
-/// Number of values of an nx by ny grid; a grid whose nx or ny is not positive holds none. A number that no memory and
-/// no file can hold, as those of a 32-bit host, comes out as one that leaves room for what is added to it.
+/// Number of values of an nx by ny grid, 0 when nx or ny is not positive. A number too large for any memory or file
+/// (on a 32-bit host, for instance) is replaced by one that leaves room for what callers add to it.
 constexpr std::size_t valueCount(int nx, int ny) {
     constexpr std::uint64_t most = std::numeric_limits<std::size_t>::max() / 2;
     if (nx <= 0 || ny <= 0) return 0;
@@ -20,7 +20,7 @@ constexpr std::size_t valueCount(int nx, int ny) {
         std::min(static_cast<std::uint64_t>(nx) * static_cast<std::uint64_t>(ny), most));
 }
 
-/// A grid somebody else owns: element (column i, row j) is values[j * nx + i].
+/// A view of a grid: element (column i, row j) is values[j * nx + i].
 struct GridView {
     const float* values;
     int nx;
@@ -42,7 +42,7 @@ struct Grid {
     GridView view() const { return {values.data(), nx, ny}; }
 };
 
-/// Where a grid lies: its first column and row, its last ones and the steps between, in degrees.
+/// Where a grid lies: its first and last columns and rows and the grid spacing, in degrees.
 struct Lattice {
     float startLongitude;
     float endLongitude;

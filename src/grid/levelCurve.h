@@ -33,7 +33,7 @@ struct Cell {
 
 namespace detail {
 
-/// Where the cell beyond a side lies, and where the side's own edge begins, seen from the cell.
+/// Where the cell beyond a side lies, and where the edge of that side begins, relative to the cell.
 struct SideGeometry {
     int di;
     int dj;

@@ -31,8 +31,7 @@ Word pack(const Flags& flags) {
 /// The values of the points of one word.
 using WordOfValues = std::array<float, wordBits>;
 
-/// The values of word `w` of a row. Behind the end of the row there are none: not-a-number stands for them in
-/// `padded`.
+/// The values of word `w` of a row. Past the end of the row, `padded` is filled with not-a-number.
 const float* valuesOf(std::span<const float> row, std::size_t w, WordOfValues& padded) {
     const std::span<const float> rest = row.subspan(w * wordBits);
     if (rest.size() >= wordBits) return rest.data();

@@ -19,15 +19,15 @@ struct DataRule {
 };
 
 /// What is the same for all levels of a grid: which points have data and, for each word of 64 points of a
-/// row, the range of their values. A level outside the range of a word is classified without a look at the
-/// values, so that the cost of a level is that of the places where it lies.
+/// row, the range of their values. Words whose range does not include the level are classified without looking at
+/// their values, so that a level costs only as much as the places where it lies.
 class LevelIndex {
 public:
     void build(const GridView& grid, const DataRule& rule);
 
     const GridView& grid() const { return grid_; }
 
-    /// Whether any point with data is above the level and any other not.
+    /// Whether some point with data is above the level and some other is not.
     bool reaches(float level) const { return whole_.lowest <= level && level < whole_.highest; }
 
     /// The bits of the points of row j that have data and lie above the level.
@@ -40,10 +40,10 @@ public:
 
     std::size_t wordsPerRow() const { return defined_.wordsPerRow(); }
 
-    /// Of memory.
+    /// Size of the memory in use.
     std::size_t bytes() const { return defined_.bytes() + base::bytesOf(ranges_); }
 
-    /// Smallest and largest value with data; upside down when there is none.
+    /// Smallest and largest value of points with data; the bounds are reversed when there are no such points.
     struct Range {
         float lowest = std::numeric_limits<float>::infinity();
         float highest = -std::numeric_limits<float>::infinity();

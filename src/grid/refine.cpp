@@ -12,7 +12,7 @@ namespace {
 using grid::Grid;
 using grid::GridView;
 
-/// The values that lie before, at both ends of, and behind each of a run of intervals. `before` or `after` is
+/// The values before, at both ends of, and after each of a run of intervals. `before` or `after` is
 /// null at an edge of the grid.
 struct Neighbours {
     const float* before;
@@ -62,7 +62,7 @@ void interpolate(const Neighbours& in, std::size_t count, const Position& at, fl
         const bool oneSidedFirst = opens | (before[c] == missing);
         const bool oneSidedLast = closes | (after[c] == missing);
         const bool undefined = (a0 == missing) | (a1 == missing);
-        // All is worked out before anything is chosen: that is what makes vectors of it.
+        // Everything is computed before anything is selected, so that the loop vectorises.
         const float centredFirst = (a1 - before[c]) * 0.5F;
         const float centredLast = (after[c] - a0) * 0.5F;
         const float s0 = oneSidedFirst ? across : centredFirst;
@@ -101,7 +101,7 @@ public:
         copyToEvery(factor, row, out);
         if (row.size() < 2) return;
         for (int k = 1; k < factor_; ++k) {
-            // Neighbours first, so that vectors are stored; then each goes to its place.
+            // Side by side first, so that whole vectors are stored; then each value is moved to its place.
             interpolateRow<form>(row, innerPosition(k, factor_), missing_, between_.data());
             copyToEvery(factor, between_, ++out);
         }
@@ -143,7 +143,7 @@ void refineRowsAndColumns(const GridView& grid, float missing, const RefinementF
 
 int chooseFactor(int wantedSize, int size) {
     const int factor = size > 0 ? wantedSize / size : 0;
-    // 5 itself stays, but what exceeds it becomes 4: charts have always been drawn so.
+    // 5 itself stays, but anything above becomes 4: this is established behaviour.
     if (factor > 5) return 4;
     return std::max(factor, 1);
 }

@@ -25,7 +25,7 @@ enum class CubicForm {
 /// is missing or beyond the edge. An interval with a missing end is missing inside.
 grid::Grid refine(const grid::GridView& grid, float missing, const RefinementFactors& factors);
 
-/// The same into memory that somebody else has taken.
+/// The same, into memory that the caller provides.
 void refineInto(const grid::GridView& grid, float missing, const RefinementFactors& factors, CubicForm form,
                 float* fine);
 

@@ -40,7 +40,7 @@ struct HalfPlane {
         return false;
     }
 
-    /// Where the way between two points, one inside and one not, passes the line.
+    /// Where the segment between two points, one inside and one not, passes the line.
     Point crossing(Point from, Point to) const {
         if (inside == Inside::above || inside == Inside::below)
             return {from.x + (to.x - from.x) * (on.y - from.y) / (to.y - from.y), on.y};

@@ -15,9 +15,9 @@ float clamped(float value, float low, float high) {
     return value > high ? high : value;
 }
 
-/// Where the way between two points, one inside and one not, passes the rim. The vertical sides are tried
-/// first; a crossing on one of them is final. One that rounding has put beyond the end of its side stands
-/// too, as long as the way itself does not leave the range of y.
+/// Where the segment between two points, one inside and one not, passes the rim. The vertical sides are tried
+/// first; a crossing on one of them is final, even one that rounding has put beyond the end of its side, as long
+/// as the segment itself stays within the range of y.
 Point crossing(const Rectangle& r, Point a, Point b) {
     const bool withinRows = within(a.y, r.ylo, r.yhi) && within(b.y, r.ylo, r.yhi);
     if (!(within(a.x, r.xlo, r.xhi) && within(b.x, r.xlo, r.xhi))) {

@@ -6,7 +6,7 @@
 
 namespace velmar::polygon {
 
-/// A polygon somebody else owns: pairs x, y. The last point joins the first.
+/// A view of a polygon: pairs x, y. The last point joins the first.
 struct PolygonView {
     const float* coordinates;
     std::size_t count;

@@ -11,8 +11,8 @@ constexpr DateKey dateKey(int year, int month, int day, int hour) {
     return ((DateKey{year} * 100 + month) * 100 + day) * 100 + hour;
 }
 
-/// The time so many hours later. February has 29 days in every year: the times of an accumulation have always
-/// been counted so. Only one day is carried: hours above 23 stay where the step is longer than a day.
+/// The time a number of hours later. February has 29 days in every year: this is how accumulations name their
+/// files. Only one day is carried: with steps longer than a day, hours above 23 remain.
 DateKey stepDateKey(int stepHours, DateKey key);
 
 }  // namespace velmar::rain

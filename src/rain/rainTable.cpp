@@ -78,7 +78,7 @@ void RainTable::shareTotalsOfZeros() {
     }
 }
 
-/// Adds to the totals of the rows of number 0 from some row on.
+/// Adds to the totals of the rows of number 0, from a row on.
 void RainTable::addToZerosFrom(std::size_t row, float amount) {
     const auto first = std::ranges::lower_bound(firstRows_, row) - firstRows_.begin();
     addToAll(zeroTotals_.data() + first, zeroTotals_.size() - static_cast<std::size_t>(first), amount);

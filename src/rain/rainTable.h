@@ -15,7 +15,7 @@ namespace velmar::rain {
 /// The first file is taken as it is, with stations of one number as different ones. In later files a station's
 /// number finds the first station of that number, and amounts of 0.011 and less do not count for it. Number 0 is
 /// not a station's: it is never appended, and one that the first file has gathers everything of a later file
-/// that stations before it in the table have taken already, besides other zeros. All this has always been so.
+/// that stations before it in the table have taken already, besides other zeros. All this is established behaviour.
 class RainTable {
 public:
     using Station = base::StationValue;
@@ -29,7 +29,7 @@ private:
     /// A row of number 0.
     struct ZeroRow {
         std::size_t row;
-        std::size_t total;  ///< which of the totals is its own
+        std::size_t total;  ///< which of the totals it has
     };
 
     void append(const Station& station);
@@ -40,7 +40,7 @@ private:
     std::unordered_map<int, std::size_t> rowOfNumber_;  ///< the first row of each number but 0
     std::vector<ZeroRow> zeroRows_;
 
-    // Rows of number 0 with no others between them gather the same, so those that begin with the same total share it.
+    // Adjacent rows of number 0 gather the same amounts, so those that begin with the same total share one.
     std::vector<float> zeroTotals_;
     std::vector<std::size_t> firstRows_;  ///< of each of these totals, in rising order
 };

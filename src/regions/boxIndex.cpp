@@ -80,7 +80,8 @@ BoxIndex::BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint3
 }
 
 void BoxIndex::fill(std::span<const Box> boxes) {
-    // Each list is counted one place further on than it starts, then filled from its start, which moves there.
+    // The list of a bucket is counted two places further on, so that the sums leave its start one place further on;
+    // filling the list moves that to its end, which is the start of the next one.
     starts_.assign(std::size_t{columns_.count} * rows_.count + 2, 0);
     const auto forEachEntry = [&](auto visit) {
         for (std::uint32_t k = 0; k < boxes.size(); ++k)

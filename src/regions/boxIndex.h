@@ -6,7 +6,7 @@
 
 namespace velmar::regions {
 
-/// An upright rectangle; it is empty, and nowhere, when a lower bound is above the upper one.
+/// An upright rectangle; it is empty when a lower bound is above the upper one.
 struct Box {
     float west;
     float east;
@@ -14,13 +14,13 @@ struct Box {
     float north;
 };
 
-/// Finds the boxes that may hold a place without a look at the others: their common extent is divided into
-/// buckets, each with a list of the boxes that reach into it. Lists take a few entries a box.
+/// Finds the boxes that may hold a place without looking at the others: their common extent is divided into
+/// buckets, each with a list of the boxes that reach into it. The lists have a few entries for each box.
 class BoxIndex {
 public:
     BoxIndex() = default;
 
-    /// There are so many columns and rows of buckets, or fewer where boxes overlap so much that the lists would
+    /// Divides into this many columns and rows of buckets, or fewer where boxes overlap so much that the lists would
     /// become long.
     BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint32_t rows);
 
@@ -28,7 +28,8 @@ public:
     std::span<const std::uint32_t> near(float x, float y) const;
 
 private:
-    /// Buckets along one axis. Whatever is between two values has a bucket between theirs.
+    /// Buckets along one axis. They are in the order of the values: a value between two others is in a bucket between
+    /// theirs.
     struct Axis {
         float origin = 0;
         float bucketsPerUnit = 0;
@@ -47,8 +48,8 @@ private:
 
     Axis columns_;
     Axis rows_;
-    std::vector<std::size_t> starts_;     ///< of each bucket's list, and behind the last one the end
-    std::vector<std::uint32_t> entries_;  ///< all lists, one behind the other
+    std::vector<std::size_t> starts_;     ///< of each bucket's list, then the end of the last one
+    std::vector<std::uint32_t> entries_;  ///< all lists, one after another
 };
 
 }  // namespace velmar::regions

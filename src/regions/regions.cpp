@@ -14,7 +14,7 @@ namespace {
 using grid::Point;
 namespace messages = base::messages;
 
-/// Boundaries of fewer edges are walked, and those of more than an index can number.
+/// Boundaries of fewer edges are tested edge by edge, and so are those of more than an index can number.
 constexpr std::size_t fewEdges = 16;
 constexpr std::size_t mostEdges = std::numeric_limits<std::uint32_t>::max();
 
@@ -36,8 +36,8 @@ float sideOf(const Edge& edge, Point p) {
            (edge.second.y - edge.first.y) * (p.x - edge.first.x);
 }
 
-/// Whether an edge crosses a segment or touches it, in single precision: where the product of the sides is too
-/// small for that, it does.
+/// Whether an edge crosses a segment or touches it, in single precision: where the product of the sides underflows,
+/// it does.
 bool cross(const Segment& segment, const Edge& edge) {
     const auto [x1, y1] = edge.first;
     const auto [x2, y2] = edge.second;
@@ -83,7 +83,7 @@ bool contains(const Box& box, float x, float y) {
     return box.west <= x && x <= box.east && box.south <= y && y <= box.north;
 }
 
-/// No place lies in these.
+/// Bounds that hold no place.
 constexpr float beyond = 999;
 constexpr Box noBounds{beyond, -beyond, beyond, -beyond};
 
@@ -100,7 +100,7 @@ Box boundsOf(const float* points, std::size_t count) {
     return box;
 }
 
-/// Two edges a bucket: an outline passes a parallel at least twice.
+/// Two edges for each bucket: an outline passes a parallel at least twice.
 std::unique_ptr<BoxIndex> indexEdges(const RegionTable& table, const Region& region,
                                      std::vector<Box>& boxes) {
     if (edgeCount(region) < fewEdges || edgeCount(region) > mostEdges) return nullptr;

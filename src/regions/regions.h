@@ -15,7 +15,7 @@ struct Region {
     std::size_t name;        ///< where the name begins among the names
     std::size_t firstPoint;  ///< where its points begin among the coordinates, counted in points
     std::size_t points;
-    Box bounds;                       ///< none where points are missing
+    Box bounds;                       ///< empty where points are missing
     std::unique_ptr<BoxIndex> edges;  ///< of its edges by latitude; null where there are few
 };
 
@@ -32,9 +32,10 @@ struct RegionTable {
     const float* pointsOf(const Region& region) const { return coordinates.data() + 2 * region.firstPoint; }
 };
 
-/// The first region whose boundary has a point inside; null when none has. By the crossings with a line from
-/// longitude 0 to the point or, when there is none, from there to longitude 360: their number is odd. Both
-/// numbers are printed. A boundary is not closed: its last point should repeat its first.
+/// The first region whose boundary has a point inside; null when there is no such region. A point is inside when the
+/// boundary crosses the line from longitude 0 to the point an odd number of times or, when it does not cross it at all,
+/// the line from the point to longitude 360. Both numbers are printed. A boundary is not closed: its last point
+/// should repeat its first.
 const Region* findRegion(const RegionTable& table, float longitude, float latitude);
 
 }  // namespace velmar::regions

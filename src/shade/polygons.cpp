@@ -9,7 +9,7 @@ namespace velmar::shade {
 
 namespace {
 
-/// The point array is x and y in turn; of its floats only as many are printed as there are points.
+/// Prints the point array, x and y in turn, but only as many of its floats as there are points.
 void printPoints(std::span<const Point> points) {
     for (std::size_t k = 0; k < points.size(); ++k) {
         const Point& point = points[k / 2];

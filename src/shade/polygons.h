@@ -28,7 +28,7 @@ struct ShadePolygonList {
         return {points.data() + polygon.firstPoint, polygon.pointCount};
     }
 
-    /// Of memory.
+    /// Size of the memory in use.
     std::size_t bytes() const { return base::bytesOf(polygons) + base::bytesOf(points); }
 };
 

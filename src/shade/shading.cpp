@@ -19,7 +19,7 @@ namespace messages = base::messages;
 
 namespace {
 
-/// Calls `allocate`; false, and the text printed, when there is no memory, or more is asked for than there can be.
+/// Calls `allocate`; false, and the text printed, when there is not enough memory or the size is impossible.
 template <class Allocate>
 bool succeeds(Allocate&& allocate, const char* textOfFailure) try {
     allocate();
@@ -92,8 +92,8 @@ bool shadeGrid(const ShadeRequest& request, const GridPlace& place, TraceBuffers
 
 bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, TraceBuffers& buffers,
                      ShadePolygonList& polygons) {
-    // Holes keep grid coordinates that count from 1, all other polygons get such that count from 0; the
-    // tables are applied to both alike.
+    // Holes keep grid coordinates that count from 1, those of all other polygons count from 0; the tables are
+    // applied to both alike.
     if (!tracePolygons(request, gridColumns, HolePlace::gridColumns, buffers, polygons)) return false;
     if (polygons.polygons.empty()) return true;
     const LineTable columns(steps.x, request.grid.nx);

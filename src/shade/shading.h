@@ -11,7 +11,7 @@
 namespace velmar::shade {
 
 /// The levels of a shading, lowest first, and the colours of the bands above them: the host's own lists, or
-/// the numbers 0, 1, 2, ... of classes. Too many count as none, as they do for contour lines.
+/// the numbers 0, 1, 2, ... of classes. Too many are taken for a mistake, as for contour lines: the list is empty then.
 class ShadeLevels {
 public:
     static ShadeLevels listed(const float* levels, const int* colours, int count) {
@@ -23,10 +23,10 @@ public:
     float level(int k) const { return levels_ != nullptr ? levels_[k] : static_cast<float>(k); }
     int colour(int k) const { return colours_ != nullptr ? colours_[k] : k; }
 
-    /// The level that stands last; there is one.
+    /// The last level. The list must not be empty.
     float last() const { return level(count_ - 1); }
 
-    /// How many levels there are up to the last one that may not be above a value.
+    /// How many levels there are up to the last one that is not certainly above a value.
     int countUpTo(float value) const;
 
 private:
@@ -61,8 +61,8 @@ struct GridLineSteps {
 /// The place of a grid whose positions are numbers of columns and rows.
 inline constexpr grid::GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
 
-/// Leave the polygons of a grid in the list, which is emptied first. False, told on standard output, when the tracing
-/// fails; the list may hold something then.
+/// Trace the polygons of a grid into the list, which is emptied first. False when the tracing fails, which is reported
+/// on standard output; the list is incomplete then.
 bool shadeGrid(const ShadeRequest& request, const grid::GridPlace& place, TraceBuffers& buffers,
                ShadePolygonList& polygons);
 bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, TraceBuffers& buffers,

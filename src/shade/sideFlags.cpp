@@ -22,7 +22,7 @@ void findDefinedCells(const LevelIndex& index, const Strip& strip, BitPlane& cel
     }
 }
 
-/// The strip's edge is no undefined boundary: on its first and last row there is one cell only to look at.
+/// The strip's edge is not an undefined boundary: sides on its first and last row belong to one cell only.
 void markRowSides(const BitPlane& cells, const Strip& strip, SideFlags& flags) {
     for (int j = strip.jmin; j <= strip.jmax; ++j) {
         const bool onEdge = j == strip.jmin || j == strip.jmax;

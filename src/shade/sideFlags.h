@@ -18,15 +18,15 @@ enum class SideFlag {
     traced = 1,     ///< a crossing on it is part of a polygon, or, on the strip's edge, it has been walked
     walkedBoundary = 7,  ///< a boundary that has been crossed or walked
     boundary = 8,        ///< a side between a defined cell and one with an undefined corner
-    blocked = 9,         ///< a side of no defined cell
+    blocked = 9,         ///< a side without a defined cell
 };
 
 constexpr bool isBoundary(SideFlag flag) {
     return flag == SideFlag::boundary || flag == SideFlag::walkedBoundary;
 }
 
-/// The flags of the sides along rows, or of those along columns, one bit plane a property. The planes are as
-/// large as the grid; the rows of the strip are in use.
+/// The flags of the sides along rows, or of those along columns, one bit plane for each property. The planes are as
+/// large as the grid; only the rows of the strip are used.
 struct SideFlags {
     grid::BitPlane usable;    ///< sides of defined cells
     grid::BitPlane boundary;  ///< sides with a defined cell and an undefined one
@@ -51,7 +51,7 @@ struct StripSides {
     /// Finds the undefined boundaries of a strip.
     void markUndefinedSides(const grid::LevelIndex& index, const Strip& strip);
 
-    /// Forgets what has been walked.
+    /// Clears the flags of sides that have been walked.
     void clearWalked(const Strip& strip);
 
     SideFlags& of(const grid::Edge& side) { return side.alongRow ? sideFlagsH : sideFlagsV; }

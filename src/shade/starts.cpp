@@ -16,10 +16,10 @@ struct SideBits {
     Word vertical;
 };
 
-/// What traces start from: sides that the level crosses, or sides of a boundary that is above it all along.
+/// What traces start from: sides that the level crosses, or sides of a boundary that lie above it from end to end.
 enum class StartsFrom { crossings, edges };
 
-/// Looks for sides where no trace has come by yet.
+/// Finds the sides that no trace has passed yet.
 class StartSearch {
 public:
     StartSearch(const Strip& strip, TraceBuffers& buffers, RegionTracer& tracer)
@@ -115,7 +115,7 @@ bool StartSearch::trace() {
                 if (isSet(horizontal, i) && !walkedH.test(i, j))
                     traced =
                         tracer_.traceShadeRegion(crossings ? crossingAlongRow(i, j) : edgeAlongRow(i, j));
-                // On edges, the failure of a point's first trace is passed over when there is a second one.
+                // On edges, a failure of a point's first trace is ignored when there is a second one.
                 const bool goesOn = traced || !crossings;
                 if (goesOn && isSet(vertical, i) && !walkedV.test(i, j))
                     traced = tracer_.traceShadeRegion(crossings ? crossingAlongColumn(i, j)

@@ -11,8 +11,8 @@ using grid::GridView;
 
 namespace {
 
-/// Empties the stack of holes into the polygon list, the newest first. Whatever level a hole belongs to, it
-/// carries the one that stands last: that is what the level variable holds by then.
+/// Moves the stack of holes into the polygon list, the newest first. Whatever level a hole belongs to, it carries
+/// the last one of the list: this is established behaviour.
 void popHoles(HoleStack& stack, const ShadeLevels& levels, const GridPlace& place, HolePlace holePlace,
               ShadePolygonList& polygons) {
     if (holePlace == HolePlace::degrees) {

@@ -120,7 +120,7 @@ RegionTracer::Next RegionTracer::walkCells() {
         const Edge side = cell_.edge(entry_);
         if (!addShadePoint(curve_.crossing(side))) return Next::failure;
         const SideFlag flag = buffers_.sides.flag(side);
-        // A walk that comes off the undefined boundary has the crossed side of that boundary still before it.
+        // A walk that leaves an undefined boundary has yet to pass the crossed side of that boundary.
         if (!offBoundary_) {
             if (flag == SideFlag::traced || flag == SideFlag::walkedBoundary) return Next::finish;
             if (flag == SideFlag::blocked) {
@@ -136,7 +136,7 @@ RegionTracer::Next RegionTracer::walkCells() {
     }
 }
 
-/// Goes on into the neighbour behind the exit. False when there is none.
+/// Enters the neighbour beyond the exit. False when there is no defined one.
 bool RegionTracer::leaveCell() {
     const auto [i, j] = cell_;
     const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |

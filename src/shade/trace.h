@@ -40,15 +40,15 @@ struct TraceBuffers {
     std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
     HoleStack holeStack;
 
-    /// Of memory.
+    /// Size of the memory in use.
     std::size_t bytes() const {
-        constexpr std::size_t planes = 8;  // those of the sides are all as large as that of the points
+        constexpr std::size_t planes = 8;  // each plane of the sides is as large as that of the points
         return index.bytes() + planes * above.bytes() + base::bytesOf(xyBuffer) +
                base::bytesOf(holeStack.records) + base::bytesOf(holeStack.points);
     }
 };
 
-/// A level of a strip, and what its polygons look like.
+/// A level of a strip and the colours of its polygons.
 struct ShadeLevel {
     float level;
     int levelColour;  ///< of the band above the level
@@ -79,8 +79,8 @@ struct RegionStart {
     int j;
 };
 
-/// A direction of walking from grid point to grid point, counter-clockwise. Who walks along a side of a cell
-/// in the direction of the same number has that cell at the left hand.
+/// A direction of walking from grid point to grid point, counter-clockwise. A walker along a side of a cell, in the
+/// direction of the same number, has that cell on the left hand.
 enum class Direction : unsigned { right, up, left, down };
 
 /// On which hand a walker along a boundary has the cells that it follows, as quarter turns to the left.
@@ -93,21 +93,21 @@ enum class DiagonalCase { risingUndefined = 1, fallingUndefined = 2, contradicti
 ///
 /// A region's outline follows the level through defined cells (a cell walk), and where the defined part of
 /// the strip ends, the edge of the strip or an undefined boundary, from grid point to grid point. The high
-/// ground stays on the same hand all along.
+/// ground is on the same hand throughout.
 class RegionTracer {
 public:
     RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
                  TraceBuffers& buffers, ShadePolygonList& polygons);
 
     /// Traces one polygon. High ground is added to the polygons, low ground to the stack of holes. False on
-    /// failure, which has been told on standard output unless the point buffer is full.
+    /// failure, which is reported on standard output unless the point buffer is full.
     [[nodiscard]] bool traceShadeRegion(const RegionStart& start);
 
 private:
-    /// What a walk leads to.
+    /// What follows a walk.
     enum class Next { cells, stripEdge, undefinedBoundary, finish, failure };
 
-    /// Somebody who walks along a boundary, at a grid point.
+    /// A position on a boundary walk: a grid point and where the walk goes from there.
     struct Walker {
         int i;
         int j;
@@ -154,7 +154,7 @@ private:
     TraceBuffers& buffers_;
     ShadePolygonList& polygons_;
 
-    // The trace under way.
+    // The trace in progress.
     StartKind startKind_{};
     std::optional<Walker> start_;  ///< where it began on a boundary
     bool touchedBoundary_ = false;

@@ -46,7 +46,7 @@ Edge sideFrom(int i, int j, Direction direction) {
     return {isAlongRow(direction), i + di, j + dj};
 }
 
-/// The side of the cell at a walker's hand that the walker goes along.
+/// The side that a walker goes along, as a side of the cell at its hand.
 constexpr Side sideAtHand(Direction direction, Hand hand) {
     const auto atLeftHand = static_cast<Side>(direction);
     return hand == Hand::left ? atLeftHand : opposite(atLeftHand);
@@ -141,7 +141,7 @@ std::optional<Direction> RegionTracer::chooseBoundarySide() const {
     const DiagonalCase diagonal = undefDiagonalCase(i, j);
     if (diagonal == DiagonalCase::contradiction) return std::nullopt;
     // The walk stays with the defined cell that it follows. Where the defined cells are the upper left and
-    // the lower right one, that is a turn to the left for who comes along a row, to the right along a column.
+    // the lower right one, that is a turn to the left on a walk along a row, to the right along a column.
     const Hand turn =
         (diagonal == DiagonalCase::risingUndefined) == isAlongRow(direction) ? Hand::left : Hand::right;
     if (turn != hand) {
@@ -151,7 +151,7 @@ std::optional<Direction> RegionTracer::chooseBoundarySide() const {
     return turned(direction, turn);
 }
 
-/// Tells which cells are undefined where two of them touch at an inner point only.
+/// Which cells are undefined where two of them touch at an inner point only.
 DiagonalCase RegionTracer::undefDiagonalCase(int i, int j) const {
     if (i < 1 || i > grid_.nx - 2 || j < 1 || j > grid_.ny - 2) {
         progress(messages::diagonalOutside);
@@ -184,7 +184,7 @@ RegionTracer::Next RegionTracer::stepAlong(Direction direction) {
     return arriveAt(i, j, undefined ? Next::undefinedBoundary : Next::stripEdge);
 }
 
-/// Adds the grid point that the walk has come to. A trace that began at it is closed.
+/// Adds the grid point that the walk has reached. A trace that began there is closed.
 RegionTracer::Next RegionTracer::arriveAt(int i, int j, Next next) {
     walker_.i = i;
     walker_.j = j;

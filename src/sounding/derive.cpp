@@ -9,7 +9,7 @@ using base::SoundingLevel;
 
 namespace {
 
-/// Where the temperature is 0 between two levels: heights go with it, and the logarithms of pressures.
+/// Where the temperature is 0 between two levels: height and the logarithm of pressure are linear in temperature.
 void interpolateFreezing(const SoundingLevel& below, const SoundingLevel& above, Sounding& sounding) {
     const double tBelow = below.temperature;
     const double tAbove = above.temperature;

@@ -29,7 +29,7 @@ float longitudeDifference(float from, float to) {
 float angleOf(float& cosine) {
     const double squaredSine = 1.0 - static_cast<double>(cosine) * static_cast<double>(cosine);
     constexpr double almost = 1.0e-6;
-    // Places that are nearly the same: the cosine is set to that of a small angle, on purpose not to 1.
+    // Places that are nearly the same: the cosine is deliberately set to that of a small angle, not to 1.
     if (squaredSine < 0 && std::fabs(static_cast<double>(cosine) - 1.0) <= almost)
         cosine = 0.999999F;
     else if (cosine == 0.0F)
@@ -49,7 +49,7 @@ struct SineAndCosine {
           cosine(static_cast<float>(base::cosine(static_cast<double>(angle)))) {}
 };
 
-/// Of the terms of a bearing that point east and north.
+/// The bearing from its eastward and northward terms.
 float bearingOf(float eastward, float northward, bool isWestward) {
     constexpr double none = 1.0e-16;
     if (std::fabs(static_cast<double>(northward)) < none) return isWestward ? threeHalvesOfPi : halfPi;

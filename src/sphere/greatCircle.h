@@ -8,23 +8,23 @@ struct GeoPlace {
     float latitude;
 };
 
-/// The way from one place to another along a great circle.
+/// The path from one place to another along a great circle.
 struct GreatCircle {
     float bearing;   ///< at the start, radians clockwise from north, 0 to 2 pi
     float angle;     ///< at the earth's centre, radians
     float distance;  ///< kilometres
 };
 
-/// By the cosine rule of spherical triangles, on a sphere of 6371.11 km, with the roundings to single precision that
-/// hosts know:
+/// By the cosine rule of spherical triangles, on a sphere of 6371.11 km. Results depend on these roundings to single
+/// precision:
 ///
 ///   radians             of each longitude and latitude, and their difference
 ///   sines, cosines      of the difference and of both latitudes
 ///   cosine of the angle, terms of the bearing  their sums, products and quotients are in double
 ///   angle, bearing, metres, kilometres         each
 ///
-/// The cosine of a small angle is nearly 1, and so loses it. Largest errors of the distance, of 200,000 ways each
-/// between 80 S and 80 N, against a formula in double precision that is good for all angles:
+/// The cosine of a small angle is nearly 1, so that the angle is lost in it. Largest errors of the distance, each over
+/// 200,000 paths between 80 S and 80 N, against a formula in double precision that is accurate for all angles:
 ///
 ///   angle, degrees       0.01  0.03  0.1   0.3   1     3     10    30    90    150   170   179
 ///   distance, km         1     3     11    33    111   334   1112  3336  10008 16680 18903 19904

@@ -23,10 +23,10 @@ bool match(Point a, Point b) {
            static_cast<double>(std::fabs(a.y - b.y)) < sameEnd;
 }
 
-/// The ends of pieces by where they are. The plane is cut into cells, and cells share lists by chance (a hash
-/// table), so that the ends near a place are in one list, or up to four where it is near the rim of its cell. Lists
-/// are in the order of the pieces; used ends leave them. An end's number is twice its piece's, and 1 more for the
-/// second.
+/// Endpoints of pieces, found by place. They are hashed by cell of the plane; unrelated cells may share a bucket. The
+/// endpoints near a place are in the bucket of its cell, or in up to four where the place is near the rim of the cell.
+/// A bucket lists them in the order of the pieces; those of used pieces are removed. The first endpoint of a piece
+/// has twice the number of the piece, the second one more.
 class EndIndex {
 public:
     static constexpr std::uint32_t noEnd = std::numeric_limits<std::uint32_t>::max();
@@ -39,14 +39,14 @@ public:
             nexts_[end] = std::exchange(headOf(place(end)), static_cast<std::uint32_t>(end));
     }
 
-    /// Whether an end at a place is the only one there.
+    /// Whether there is exactly one endpoint at a place.
     bool isAlone(Point point) const {
         int found = 0;
         forEachAt(point, [&](std::uint32_t) { return ++found > 1; });
         return found == 1;
     }
 
-    /// The first piece with an end at a place, by its first end where it can be.
+    /// The first piece with an endpoint at a place, by its first endpoint where both are there.
     std::uint32_t firstAt(Point point) const {
         std::uint32_t first = noEnd;
         forEachAt(point, [&](std::uint32_t end) {
@@ -83,7 +83,7 @@ private:
 
     std::uint32_t& headOf(Point point) { return heads_[listOf(cellAlong(point.x), cellAlong(point.y))]; }
 
-    /// Visits the ends at a place, list by list, until the visitor has had enough of a list.
+    /// Visits the endpoints at a place, bucket by bucket; goes on to the next bucket when the visitor returns true.
     template <class Visit>
     void forEachAt(Point point, Visit visit) const {
         constexpr double reach = 1.01 * sameEnd;
@@ -108,7 +108,7 @@ private:
     std::vector<std::uint32_t> nexts_;
 };
 
-/// Turns pieces that have an end to themselves so that it is the first, and says which ones have.
+/// Finds the pieces with an endpoint that no other piece matches, and reverses them where it is their second.
 std::vector<bool> markStarts(std::vector<Segment>& segments) {
     const EndIndex ends(segments);
     std::vector<bool> isStart(segments.size());

@@ -35,7 +35,7 @@ bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side) {
     const auto [east, north] = extent.highest;
     const double atWest = line.slope * west;
     const double atEast = line.slope * east;
-    // Half of what a place must be off the line allows for rounding, as long as the terms are not too large.
+    // Half the distance within which a place is on the line allows for rounding, while the terms are not too large.
     constexpr double least = onLine / 2;
     constexpr double largest = least * 1e14;
     if (!(std::max(std::fabs(atWest), std::fabs(atEast)) + std::fabs(line.offset) < largest)) return true;
@@ -53,11 +53,12 @@ double viewOf(Place a, Place b, Place from) {
 }
 
 double squaredReach(Place a, Place b, double view) {
-    // Views are differences from 1, of squared distances that may be nearly the same: so much may one be wrong by.
+    // Views are differences from 1 of squared distances that may be nearly the same: this is how wrong one may be.
     constexpr double rounding = 1e-10;
     const double cosine = 1 - (view - rounding);
     if (!(cosine < 1)) return std::numeric_limits<double>::infinity();
-    // Places with one view lie on a circle through both ends: the farthest is its far end, or the ends themselves.
+    // Places with the same view lie on a circle through both ends of the edge: the farthest one is the far side of the
+    // circle, or the ends themselves.
     const double factor = cosine > 0 ? (1 + cosine) / std::sqrt(1 - square(cosine)) : 1;
     const double reach = std::sqrt(squaredDistance(a, b)) / 2 * factor;
     return square(reach * (1 + 1e-9) + 1e-9);

@@ -21,16 +21,16 @@ enum class Side { south, on, north };
 /// A place less than a hundredth of a degree north or south of a line counts as on it.
 Side sideOf(const EdgeLine& line, Place p);
 
-/// Whether a place in the extent can be on a side other than this one, and not on the line. Rounding is allowed
-/// for.
+/// Whether a place in the extent can be on the other side of the line than this one, and not on the line, rounding
+/// allowed for.
 bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side);
 
-/// 1 minus the cosine of the angle under which a place sees the edge from a to b; nothing is seen from too near
-/// to its ends, which gives -1.
+/// 1 minus the cosine of the angle under which a place sees the edge from a to b; -1 for a place too near to one of
+/// its ends.
 double viewOf(Place a, Place b, Place from);
 
-/// No place farther from the middle of an edge than this has as large a view of it, rounding allowed for: square of
-/// the distance.
+/// The square of a distance from the middle of an edge: no place farther away sees the edge under as large an angle,
+/// rounding allowed for.
 double squaredReach(Place a, Place b, double view);
 
 }  // namespace velmar::triangles

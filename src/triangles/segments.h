@@ -14,7 +14,7 @@ struct Segment {
     grid::Point second;
 };
 
-/// A triangle and its smallest and largest value.
+/// A triangle and the smallest and largest value of its vertices.
 struct RangedTriangle {
     Triangle vertices;
     float smallest;

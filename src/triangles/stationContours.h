@@ -8,10 +8,10 @@
 
 namespace velmar::triangles {
 
-/// Draws contour lines from station values over a network of triangles, as SanJiao describes it. Values almost on a
-/// level are changed in place.
+/// Draws contour lines from station values over a triangulation, as described for SanJiao. Values almost on a level are
+/// changed in place.
 ///
-///   levels  those of the call before; gets the ones of this call
+///   levels  the levels of the call before; receives those of this call
 Lines contourStations(std::span<const float> x, std::span<const float> y, std::span<float> values,
                       const LevelRequest& request, LevelTable& levels);
 

@@ -10,8 +10,8 @@ namespace {
 
 void addLevel(LevelTable& table, float level) { table.levels[table.count++] = level; }
 
-/// Multiples of the interval between the bounds. Of smallest values between the interval below 0 and 0 the level 0
-/// is left out: hosts know it so.
+/// Multiples of the interval between the bounds. Where the smallest value is between -interval and 0, the level 0 is
+/// left out: this is established behaviour.
 void chooseByInterval(const LevelRequest& request, float smallest, float largest, LevelTable& table) {
     const float interval = request.interval;
     if (!(interval > 0)) return;
@@ -19,7 +19,7 @@ void chooseByInterval(const LevelRequest& request, float smallest, float largest
     const float whole = std::trunc(quotient);
     float start = whole * interval;
     if (quotient == whole || start < 0) start -= interval;
-    // Intervals too small for the values do not get on.
+    // An interval too small for the values does not advance.
     constexpr int mostSteps = 1'000'000;
     for (int k = 1; k <= mostSteps && table.count < LevelTable::most; ++k) {
         const float level = start + static_cast<float>(k) * interval;

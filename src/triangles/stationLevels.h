@@ -17,8 +17,8 @@ struct LevelRequest {
     int count;  ///< of the list
 };
 
-/// The levels of a call. Those of the call before are still there when a list is copied: they are printed beside
-/// the new ones. Lives as long as the process.
+/// The levels of a call. When a list is copied into it, the levels of the call before are printed beside the new
+/// ones; that is why the table is kept between calls.
 struct LevelTable {
     static constexpr std::size_t most = 50;
 
@@ -28,7 +28,7 @@ struct LevelTable {
     std::span<const float> view() const { return std::span(levels).first(count); }
 };
 
-/// Chooses the levels of values between two bounds, as SanJiao describes it.
+/// Chooses the levels of values between two bounds, as described for SanJiao.
 void chooseLevels(const LevelRequest& request, float smallest, float largest, LevelTable& table);
 
 /// Moves values that lie almost on a level off it: up from a level above 0, down from another.

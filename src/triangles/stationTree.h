@@ -36,8 +36,8 @@ struct Extent {
     }
 };
 
-/// Stations in a balanced tree of extents, so that a search passes over those that lie together in a wrong
-/// place, whether stations are spread evenly or not (a k-d tree, after Bentley 1975).
+/// Stations in a balanced tree of extents (a k-d tree, after Bentley 1975). A search skips whole extents that cannot
+/// matter, whether stations are spread evenly or not.
 class StationTree {
 public:
     /// Stations without a finite place are left out, as is station 0.
@@ -45,7 +45,7 @@ public:
 
     /// Visits stations, those of nearer extents first.
     ///
-    ///   isWorthIt(extent, squaredDistance)  whether the stations of an extent, so far from the centre, matter
+    ///   isWorthIt(extent, squaredDistance)  whether the stations of an extent at this distance from the centre matter
     ///   visit(station, place)
     template <class IsWorthIt, class Visit>
     void search(Place center, IsWorthIt isWorthIt, Visit visit) const {

@@ -5,7 +5,7 @@
 
 namespace velmar::triangles {
 
-/// Stations of a plane map: longitudes, latitudes and values in the same order.
+/// Stations on a plane map: longitudes, latitudes and values in the same order.
 struct StationsView {
     std::span<const float> x;
     std::span<const float> y;

@@ -14,7 +14,7 @@ constexpr double farthest = 10000;
 
 Place placeOf(const StationsView& stations, std::uint32_t k) { return {stations.x[k], stations.y[k]}; }
 
-/// The station other than 0 that is nearest to a place and fits, the first of several as near.
+/// The nearest station to a place, other than station 0, that fits; of several at the same distance the first.
 template <class Fits>
 std::optional<std::uint32_t> nearestTo(const StationsView& stations, Place place, Fits fits) {
     std::optional<std::uint32_t> nearest;
@@ -49,11 +49,11 @@ std::optional<Triangle> firstTriangle(const StationsView& stations) {
     return Triangle{0, *second, *third};
 }
 
-/// The triangles and what is needed to find more.
+/// The triangles, and what is needed to grow more.
 class Growth {
 public:
     explicit Growth(const StationsView& stations) : stations_(stations), tree_(stations.x, stations.y) {
-        // Most networks have twice as many triangles as stations, and three times as many edges.
+        // Most triangulations have twice as many triangles as stations, and three times as many edges.
         triangles_.reserve(2 * stations.count());
         counts_.reserve(3 * stations.count());
     }

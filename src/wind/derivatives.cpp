@@ -10,7 +10,7 @@
 namespace velmar::wind {
 namespace {
 
-/// The established results were computed with this value of pi.
+/// Established results depend on this value of pi.
 constexpr double pi = 3.1416;
 constexpr double radiansPerDegree = pi / 180;
 constexpr float earthRadius = 6.37e6F;
@@ -30,7 +30,7 @@ struct Row {
     const float* northernQ;
     double southernCosine;
     double northernCosine;
-    double latitudeSpan;  ///< between the neighbouring rows, radians; turned round for the difference
+    double latitudeSpan;  ///< between the neighbouring rows, radians; negated for the difference
     float circle;         ///< earth's radius times the cosine of latitude, metres
 };
 
@@ -50,7 +50,7 @@ void differentiateRow(const Row& row, const double* longitudeSpans, int nx, floa
     }
 }
 
-/// The distance of the neighbours of each inner column, radians.
+/// The distance between the two neighbours of each inner column, radians.
 std::vector<double> longitudeSpansOf(int nx, const grid::GridPlace& place) {
     std::vector<double> spans(static_cast<std::size_t>(nx));
     for (int i = 1; i < nx - 1; ++i) {

@@ -5,7 +5,7 @@
 
 namespace velmar::wind {
 
-/// What the difference along latitude does to that along longitude.
+/// How the difference along latitude is combined with that along longitude.
 enum class Combination { sum, difference };
 
 /// Two fields on one lattice, to be differentiated.

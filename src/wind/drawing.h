@@ -14,16 +14,15 @@ struct Position {
     float latitude;
 };
 
-/// Whether the pen is up or down on its way to a point, as results say it.
+/// Whether the pen is up or down on its way to a point, as encoded in results.
 enum class Pen { up = 0, down = 1 };
 
-/// Streamlines and arrows on their way to a result. Points go into the array of that result at once, as there can be
+/// Streamlines and arrows on their way to a result. Points go straight into the array of that result, as there can be
 /// gigabytes of them.
 struct Drawing {
-    base::GrowingFloats
-        points;  ///< behind some elements for whoever wants the array: pen, longitude, latitude, colour
-    std::vector<float> arrows;  ///< 2, tail, head, colour
-    int currentColour;          ///< of the last piece of line that was coloured
+    base::GrowingFloats points;  ///< after the first elements: pen, longitude, latitude, colour
+    std::vector<float> arrows;   ///< 2, tail, head, colour
+    int currentColour;           ///< of the last piece of line that was coloured
 
     /// Leaves the first elements of the points to the caller.
     Drawing(std::size_t headElements, int firstColour) : currentColour(firstColour) {

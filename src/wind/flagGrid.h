@@ -10,7 +10,7 @@ namespace velmar::wind {
 /// bit, so that the question whether any cell nearby is flagged is answered for about sixty cells at once.
 class FlagGrid {
 public:
-    /// All flags are down. Throws std::bad_alloc.
+    /// No flag is set at first. Throws std::bad_alloc.
     FlagGrid(std::int64_t columns, std::int64_t rows);
 
     std::int64_t columns() const { return columns_; }
@@ -20,14 +20,14 @@ public:
     bool test(std::int64_t cell) const { return (words_[wordOf(cell)] & bitOf(cell)) != 0; }
     void set(std::int64_t cell) { words_[wordOf(cell)] |= bitOf(cell); }
 
-    /// How many cells nearFlags can answer for.
+    /// How many cells nearFlags answers for at once.
     static constexpr int chunk(int reach) { return wordBits - 2 * reach; }
 
     /// The lowest bits, fewer than 64.
     static std::uint64_t firstBits(std::int64_t count) { return bitOf(count) - 1; }
 
-    /// Which of the cells from this one of the row on, to the right, have a flagged cell within so many columns
-    /// and rows; bit 0 is the first one's. Beyond the row's end the bits mean nothing.
+    /// Which cells of the row, from this one to the right, have a flagged cell within this many columns and rows;
+    /// bit 0 stands for the first of them. Bits beyond the end of the row have no meaning.
     std::uint64_t nearFlags(std::int64_t column, std::int64_t row, int reach) const;
 
 private:
@@ -38,7 +38,7 @@ private:
         return std::uint64_t{1} << (static_cast<std::uint64_t>(cell) % wordBits);
     }
 
-    /// The flags of 64 columns of a row; those beyond its ends are down.
+    /// The flags of 64 columns of a row; those beyond its ends are not set.
     std::uint64_t flagsFrom(std::int64_t column, std::int64_t row) const;
 
     std::int64_t columns_;

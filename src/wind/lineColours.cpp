@@ -14,7 +14,7 @@ std::size_t firstBand(std::span<const float> levels, float value) {
     return levels.size() - 1;
 }
 
-/// Where levels that are not numbers stand, they do not rise.
+/// Whether levels ascend. Those with a value that is not a number do not.
 bool isRising(std::span<const float> levels) {
     const auto falls = [](float lower, float upper) { return !(lower <= upper); };
     return std::ranges::adjacent_find(levels, falls) == levels.end();

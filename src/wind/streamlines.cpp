@@ -13,7 +13,7 @@ namespace {
 
 constexpr int usualDensity = 5;
 
-/// How many cells there are to a grid length: about 200 to the longer side at the usual density.
+/// How many cells make a grid length: about 200 along the longer side at the usual density.
 int cellsPerLength(const grid::GridView& grid, int density) {
     constexpr int cellsPerSide = 200;
     const long long wanted =
@@ -21,7 +21,7 @@ int cellsPerLength(const grid::GridView& grid, int density) {
     return static_cast<int>(std::clamp(wanted, 1LL, 10LL));
 }
 
-/// How many cells around a line start none.
+/// The distance from a line, in cells, within which no other line starts.
 int freeCells(int density) {
     if (density == usualDensity) return 2;
     return density < usualDensity ? 3 : 1;
@@ -35,7 +35,7 @@ std::optional<FlagGrid> allocateFlags(const grid::GridView& grid, int scale) try
 }
 
 /// Starts lines in the lower left corners of the cells of a row that have no flagged cell near them. Which ones
-/// have is asked again only when a line has flagged some.
+/// these are is worked out again only when a line has flagged some.
 void seedRow(std::int64_t row, int reach, int scale, const FlagGrid& flags, Tracer& tracer) {
     const auto place = [scale](std::int64_t cell) {
         return static_cast<float>(cell) / static_cast<float>(scale);

@@ -10,11 +10,12 @@
 namespace velmar::wind {
 
 /// Draws evenly spaced streamlines: every cell of a fine grid, row after row, starts a line when no line has
-/// passed near it. Nullopt for an empty field, or, told on standard output, when there is no memory for the cells.
+/// passed near it. Nullopt for an empty field, or when there is no memory for the cells, which is reported on standard
+/// output.
 ///
 ///   lattice  where the wind lies
 ///   density  5 is usual; larger values give more lines
-///   drawing  what is drawn is added to it
+///   drawing  receives what is drawn
 std::optional<Drawing> drawStreamlines(const Wind& wind, const LineColours& colours,
                                        const grid::Lattice& lattice, int density, Drawing drawing);
 

@@ -47,7 +47,7 @@ bool Tracer::trace(Point start) {
 }
 
 bool Tracer::trace(Point start, Direction direction) {
-    // A line against the flow gets its first arrow soon, so that short lines have one too.
+    // A line against the flow gets its first arrow early, so that short lines have one too.
     const int stepsSinceArrow = direction == Direction::withFlow ? 0 : stepsBetweenArrows - 1;
     Walk walk{start, noCell, 0, stepsSinceArrow, false, false, degrees(start)};
     while (step(walk, direction) && enterCell(walk)) draw(walk, direction);
@@ -129,7 +129,7 @@ bool Tracer::step(Walk& walk, Direction direction) {
 }
 
 /// Flags the cell that the last step has left, if any. Returns false where the line ends: in a flagged cell, or
-/// when it does not get on.
+/// when it makes no progress.
 bool Tracer::enterCell(Walk& walk) {
     const std::int64_t cell = cellOf(walk.place);
     if (!flags_.contains(cell) || flags_.test(cell)) return false;

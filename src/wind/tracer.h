@@ -57,7 +57,7 @@ private:
         Corners colour;
     };
 
-    /// A line on its way.
+    /// A line that is being traced.
     struct Walk {
         grid::Point place;
         std::int64_t cell;
@@ -88,7 +88,7 @@ private:
     Drawing& drawing_;
 
     GridCell gridCell_{};
-    int colour_ = 1;           ///< the last one looked up; below 0 nothing is drawn
+    int colour_ = 1;           ///< the last one looked up; nothing is drawn when it is below 0
     int previousColour_ = -9;  ///< the one before; no colour at first
     Position previous_{};      ///< where the last step ended, whatever line it was on
 };
