@@ -48,6 +48,8 @@
 
 #include <stdint.h>
 
+#define VELMAR_VERSION "1.0.0"
+
 #if defined(_WIN32)
 #define VELMAR_EXPORT __declspec(dllexport)
 #elif defined(__GNUC__)

@@ -40,6 +40,12 @@ installPackages() {
     quietly asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
+# What has been compiled before is not compiled again, where ccache is installed.
+if command -v ccache >/dev/null; then
+    export CMAKE_C_COMPILER_LAUNCHER=${CMAKE_C_COMPILER_LAUNCHER-ccache}
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+fi
+
 # buildPreset PRESET [CMAKE-OPTION...]
 buildPreset() {
     step "Building preset $1 in build/$1"

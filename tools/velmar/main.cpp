@@ -8,6 +8,7 @@
 #include "jobs.h"
 #include "problem.h"
 #include "standardStreams.h"
+#include "velmarBaseA.h"
 
 int main(int argc, char** argv) try {
     using namespace velmar::tool;
