@@ -1,4 +1,4 @@
-#include "streamlines.h"
+#include "compute/streamlines.h"
 
 #include <algorithm>
 #include <cmath>

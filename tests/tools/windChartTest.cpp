@@ -1,8 +1,8 @@
 #include "chart/chartTexts.h"
-#include "chart/coverageLayer.h"
-#include "chart/flowField.h"
-#include "chart/palette.h"
-#include "chart/streamlineLayer.h"
+#include "chart/layers/coverageLayer.h"
+#include "chart/layers/streamlineLayer.h"
+#include "chart/paper/palette.h"
+#include "compute/flowField.h"
 #include "picture.h"
 #include "windText.h"
 

@@ -1,0 +1,102 @@
+#include "compute/analysis.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+#include "analysis/methods.h"
+#include "analysis/nearestStation.h"
+#include "base/floats.h"
+#include "cli/problem.h"
+
+namespace velmar::tool {
+namespace {
+
+using analysis::Stations;
+using analysis::StationView;
+
+/// What the analyses of the library put where there is no data.
+constexpr float withoutData = -9999.0F;
+
+grid::GridPlace placeOf(const GridPlan& plan) { return files::placeOf(plan.lattice); }
+
+std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, float radius) {
+    return nearestStations(placeOf(plan), {plan.nx, plan.ny}, stations, radius, analysis::Reach::distance);
+}
+
+Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
+    const auto [kappa, radius, gamma] = analysis::barnesParameters;
+    // The first of the list takes no part in the first guess. So that no station is left out, that place goes
+    // to one far off the globe: outside every radius it plays no part in the corrections and in masking either,
+    // whereas a station that is listed twice would count twice in them.
+    constexpr float offTheGlobe = 1000;
+    Stations listed;
+    listed.add(plan.lattice.startLongitude, offTheGlobe, 0);
+    for (std::size_t k = 0; k < stations.count(); ++k)
+        listed.add(stations.longitudes[k], stations.latitudes[k], stations.values[k]);
+    const auto whole = [](float degrees) { return static_cast<int>(std::lround(degrees)); };
+    const grid::Lattice& lattice = plan.lattice;
+    Block grid = ownedBlock(barnes(
+        kappa, radius, gamma, plan.nx, plan.ny, whole(lattice.startLongitude), whole(lattice.endLongitude),
+        whole(lattice.startLatitude), whole(lattice.endLatitude), static_cast<int>(listed.values.size()),
+        listed.longitudes.data(), listed.latitudes.data(), listed.values.data(), maskRadius));
+    // The first guess of points that no station reaches is 0, which is a value like any other.
+    const std::vector<int> nearest = nearestTo(plan, stations, radius);
+    for (std::size_t k = 0; k < nearest.size(); ++k)
+        if (nearest[k] < 0) grid[k] = withoutData;
+    return grid;
+}
+
+Block analyseByCressman(const GridPlan& plan, const StationView& stations, float maskRadius) {
+    const auto& radii = analysis::cressmanRadii;
+    // The first guess is the sum of all values, which takes digits from what the scans make of it. The sum of
+    // deviations from the mean is near 0.
+    const double sum = std::accumulate(stations.values.begin(), stations.values.end(), 0.0);
+    const auto mean = static_cast<float>(sum / static_cast<double>(stations.count()));
+    std::vector<float> deviations;
+    for (const float value : stations.values) deviations.push_back(value - mean);
+    const grid::Lattice& lattice = plan.lattice;
+    Block grid = ownedBlock(cressman(
+        static_cast<int>(radii.size()), radii.data(), plan.nx, plan.ny, lattice.startLongitude,
+        lattice.endLongitude, lattice.startLatitude, lattice.endLatitude, static_cast<int>(stations.count()),
+        stations.longitudes.data(), stations.latitudes.data(), deviations.data(), maskRadius));
+    for (float& value : std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)))
+        if (value != withoutData) value += mean;
+    return grid;
+}
+
+Block analyseByNearest(const GridPlan& plan, const StationView& stations, float maskRadius) {
+    constexpr float anywhere = 1000;
+    const std::vector<int> nearest = nearestTo(plan, stations, maskRadius > 0 ? maskRadius : anywhere);
+    Block grid(base::allocateFloats(nearest.size()).release());
+    std::ranges::transform(nearest, grid.get(), [&](int k) {
+        return k < 0 ? withoutData : stations.values[static_cast<std::size_t>(k)];
+    });
+    return grid;
+}
+
+bool anyInside(const grid::Lattice& lattice, const StationView& stations) {
+    for (std::size_t k = 0; k < stations.count(); ++k)
+        if (stations.longitudes[k] >= lattice.startLongitude &&
+            stations.longitudes[k] <= lattice.endLongitude &&
+            stations.latitudes[k] >= lattice.startLatitude && stations.latitudes[k] <= lattice.endLatitude)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+Block analyseStations(AnalysisMethod method, const GridPlan& plan, const StationView& stations,
+                      float maskRadius) {
+    const Stations brought = broughtTo(plan.lattice, stations);
+    if (!anyInside(plan.lattice, brought.view()))
+        throw Problem("no station with a value lies within the bounds");
+    constexpr std::array methods{analyseByBarnes, analyseByCressman, analyseByNearest};
+    Block grid = methods[static_cast<std::size_t>(method)](plan, brought.view(), maskRadius);
+    std::ranges::replace(std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)), withoutData,
+                         grid::missingInFiles);
+    return grid;
+}
+
+}  // namespace velmar::tool
