@@ -14,7 +14,7 @@ class WindChartTest : public PictureTest {
 protected:
     WindFile wind(const WindText& text) const {
         const std::string file = write("w.000", text.text());
-        return readWindFile(file, readFileHead(file));
+        return readWindFile(readFileHead(file));
     }
 };
 

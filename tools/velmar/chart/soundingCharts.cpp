@@ -43,7 +43,7 @@ void drawIntoFolder(const Job& job, const SoundingFile& file, const std::optiona
 
 void chartSoundings(const Job& job, const FileHead& head, const SoundingChartRequest& request,
                     CallFiles& files, Reporter& reporter) {
-    SoundingFile file = readSoundingFile(job.input, head);
+    SoundingFile file = readSoundingFile(head);
     reporter.tell(job.input, file.notice());
     if (request.station) keepStation(file, *request.station);
     if (file.soundings.empty()) throw Problem("it has no sounding that can be read");

@@ -96,8 +96,8 @@ Analysis analyse(const Job& job, const AnalyseOptions& options, const StationFil
     grid.header.field.nx = plan.nx;
     grid.header.field.ny = plan.ny;
     grid.header.boldValue = file.boldValue;
-    grid.block = analyseStations(options.method, plan, stations.view(), options.maskRadius);
-    grid.values = {grid.block.get(), plan.nx, plan.ny};
+    grid.storage = analyseStations(options.method, plan, stations.view(), options.maskRadius);
+    grid.values = {grid.storage.get(), plan.nx, plan.ny};
     return result;
 }
 

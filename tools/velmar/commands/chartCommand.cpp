@@ -63,7 +63,7 @@ void tellUnused(const Job& job, Reporter& reporter, std::string_view file,
 
 std::string gridChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
                       Reporter& reporter) {
-    const GridFile file = readGridFile(job.input, head);
+    const GridFile file = readGridFile(head);
     const LevelPlan plan = planLevels(options.levels, file);
     reporter.tell(job.input, plan.notice);
     if (options.fillQuantity)
@@ -122,7 +122,7 @@ std::string windChart(const Job& job, const FileHead& head, const ChartCommandOp
     constexpr float shownDifference = 1e5F;     // in 10^-5 1/s
     constexpr std::size_t mostLineLevels = 99;  // the library colours lines in 100 bands
     tellUnused(job, reporter, "a wind file", {centersTopic(options), stationsTopic(options)});
-    const WindFile file = readWindFile(job.input, head);
+    const WindFile file = readWindFile(head);
     const WindQuantity quantity = options.fillQuantity.value_or(WindQuantity::speed);
     const GridFile values =
         windQuantity(file, quantity, quantity == WindQuantity::speed ? 1 : shownDifference);

@@ -10,7 +10,7 @@
 #include "cli/problem.h"
 #include "cli/text.h"
 #include "commands/commands.h"
-#include "velmarBaseA.h"
+#include "sphere/greatCircle.h"
 #include "write/geoJson.h"
 
 namespace velmar::tool {
@@ -36,10 +36,8 @@ GeoPoint parsePlaceOnEarth(const std::string& name, const std::string& text) {
 int tellDistance(const DistanceOptions& options) {
     const GeoPoint from = parsePlaceOnEarth("FROM", options.from);
     const GeoPoint to = parsePlaceOnEarth("TO", options.to);
-    float bearing = 0;
-    float angle = 0;
-    float distance = 0;
-    FJJS2(from.longitude, from.latitude, to.longitude, to.latitude, &bearing, &angle, &distance);
+    const auto [bearing, angle, distance] =
+        sphere::greatCircle({from.longitude, from.latitude}, {to.longitude, to.latitude});
     constexpr double degrees = 180 / std::numbers::pi;
     if (!std::isfinite(distance) || !std::isfinite(bearing))
         throw Problem("the way has no direction: the places lie opposite each other, or one is a pole");

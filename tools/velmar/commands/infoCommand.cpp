@@ -146,7 +146,7 @@ LineMap readMap(const std::string& path, const FileHead& head, Reporter& reporte
 }
 
 SoundingFile readSoundings(const std::string& path, const FileHead& head, Reporter& reporter) {
-    SoundingFile file = readSoundingFile(path, head);
+    SoundingFile file = readSoundingFile(head);
     reporter.tell(path, file.notice());
     return file;
 }
@@ -158,10 +158,10 @@ Json describeJson(const std::string& path, Reporter& reporter) {
               {"type", head.kind.type},
               {"kind", head.kind.name},
               {"title", head.title}};
-    if (head.kind.type == gridFileType) addGridJson(readGridFile(path, head), json);
+    if (head.kind.type == gridFileType) addGridJson(readGridFile(head), json);
     if (isByteImage(head)) addImageJson(readByteImageFile(head), json);
     if (isStationFile(head)) addStationsJson(readStationFile(head), json);
-    if (isWindFile(head)) addWindFileJson(readWindFile(path, head), json);
+    if (isWindFile(head)) addWindFileJson(readWindFile(head), json);
     if (isLineMap(head)) addMapJson(readMap(path, head, reporter), json);
     if (isSoundingFile(head)) addSoundingsJson(readSoundings(path, head, reporter), json);
     return json;
@@ -172,10 +172,10 @@ std::string describe(const std::string& path, Reporter& reporter) {
     std::string text = path + "\n";
     addLine(text, "file type", fmt::format("{} ({} {})", head.kind.name, head.keyword, head.kind.type));
     if (!head.title.empty()) addLine(text, "title", head.title);
-    if (head.kind.type == gridFileType) addGridText(readGridFile(path, head), text);
+    if (head.kind.type == gridFileType) addGridText(readGridFile(head), text);
     if (isByteImage(head)) addImageText(readByteImageFile(head), text);
     if (isStationFile(head)) addStationsText(readStationFile(head), text);
-    if (isWindFile(head)) addWindFileText(readWindFile(path, head), text);
+    if (isWindFile(head)) addWindFileText(readWindFile(head), text);
     if (isLineMap(head)) addMapText(readMap(path, head, reporter), text);
     if (isSoundingFile(head)) addSoundingsText(readSoundings(path, head, reporter), text);
     return text;

@@ -79,13 +79,13 @@ void refineGrid(GridFile& file, const grid::RefinementFactors& factors) {
     field = refinedHeader(field, factors);
     const grid::Grid wide = circles ? wrapped(file.values) : grid::Grid{};
     const grid::GridView grid = circles ? wide.view() : file.values;
-    file.block =
-        ownedBlock(gagexps(grid.values, grid.nx, grid.ny, factors.x, factors.y, grid::missingInFiles));
     const int columns = (grid.nx - 1) * factors.x + 1;
+    base::Floats fine = base::allocateFloats(grid::valueCount(columns, field.ny));
+    grid::refineInto(grid, grid::missingInFiles, factors, grid::CubicForm::descending, fine.get());
     if (circles)
-        keepColumns(file.block.get(), {file.block.get(), columns, field.ny}, columnsBefore * factors.x,
-                    field.nx);
-    file.values = {file.block.get(), field.nx, field.ny};
+        keepColumns(fine.get(), {fine.get(), columns, field.ny}, columnsBefore * factors.x, field.nx);
+    file.storage = std::move(fine);
+    file.values = {file.storage.get(), field.nx, field.ny};
 }
 
 int runRefine(const RefineOptions& options) {

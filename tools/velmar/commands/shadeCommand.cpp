@@ -47,7 +47,7 @@ Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& opt
 }
 
 Shading shadeGridFile(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
-    const GridFile file = readGridFile(job.input, head);
+    const GridFile file = readGridFile(head);
     const LevelPlan plan = planLevels(options.levels, file);
     reporter.tell(job.input, plan.notice);
     // Without levels the contouring just closes a grid that circles the globe.

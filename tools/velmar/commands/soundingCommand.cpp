@@ -45,7 +45,7 @@ struct Answers {
 };
 
 SoundingFile readSoundings(const Job& job, const SoundingOptions& options, Reporter& reporter) {
-    SoundingFile file = readSoundingFile(job.input, readFileHead(job.input));
+    SoundingFile file = readSoundingFile(readFileHead(job.input));
     reporter.tell(job.input, file.notice());
     if (options.station) keepStation(file, *options.station);
     return file;

@@ -111,7 +111,7 @@ std::string geoJson(const StreamlineSet& set, bool split) {
 
 int runStreamlines(const StreamlinesOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const WindFile file = readWindFile(job.input, readFileHead(job.input));
+        const WindFile file = readWindFile(readFileHead(job.input));
         std::string notice;
         const std::vector<float> bands = planBands(options, file, notice);
         const StreamlineSet set = traceStreamlines(file, options.density, bands);

@@ -38,7 +38,7 @@ float parseScale(const std::string& text) {
 int runWind(const WindOptions& options) {
     return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
         const GridFile grid =
-            windQuantity(readWindFile(job.input, readFileHead(job.input)), options.quantity, options.scale);
+            windQuantity(readWindFile(readFileHead(job.input)), options.quantity, options.scale);
         if (std::none_of(grid.values.values, grid.values.values + grid.values.size(), isPresent))
             reporter.tell(job.input,
                           fmt::format("there is no point with a {}", quantityName(options.quantity)));

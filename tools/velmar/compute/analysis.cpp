@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "analysis/cressman.h"
 #include "analysis/methods.h"
 #include "analysis/nearestStation.h"
 #include "base/floats.h"
@@ -25,8 +26,7 @@ std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, fl
     return nearestStations(placeOf(plan), {plan.nx, plan.ny}, stations, radius, analysis::Reach::distance);
 }
 
-Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
-    const auto [kappa, radius, gamma] = analysis::barnesParameters;
+base::Floats analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
     // The first of the list takes no part in the first guess. So that no station is left out, that place goes
     // to one far off the globe: outside every radius it plays no part in the corrections and in masking either,
     // whereas a station that is listed twice would count twice in them.
@@ -37,19 +37,18 @@ Block analyseByBarnes(const GridPlan& plan, const StationView& stations, float m
         listed.add(stations.longitudes[k], stations.latitudes[k], stations.values[k]);
     const auto whole = [](float degrees) { return static_cast<int>(std::lround(degrees)); };
     const grid::Lattice& lattice = plan.lattice;
-    Block grid = ownedBlock(barnes(
-        kappa, radius, gamma, plan.nx, plan.ny, whole(lattice.startLongitude), whole(lattice.endLongitude),
-        whole(lattice.startLatitude), whole(lattice.endLatitude), static_cast<int>(listed.values.size()),
-        listed.longitudes.data(), listed.latitudes.data(), listed.values.data(), maskRadius));
+    base::Floats grid = analysis::analyseBarnes(analysis::barnesParameters, {plan.nx, plan.ny},
+                                                {whole(lattice.startLongitude), whole(lattice.endLongitude),
+                                                 whole(lattice.startLatitude), whole(lattice.endLatitude)},
+                                                listed.view(), maskRadius);
     // The first guess of points that no station reaches is 0, which is a value like any other.
-    const std::vector<int> nearest = nearestTo(plan, stations, radius);
+    const std::vector<int> nearest = nearestTo(plan, stations, analysis::barnesParameters.radius);
     for (std::size_t k = 0; k < nearest.size(); ++k)
         if (nearest[k] < 0) grid[k] = withoutData;
     return grid;
 }
 
-Block analyseByCressman(const GridPlan& plan, const StationView& stations, float maskRadius) {
-    const auto& radii = analysis::cressmanRadii;
+base::Floats analyseByCressman(const GridPlan& plan, const StationView& stations, float maskRadius) {
     // The first guess is the sum of all values, which takes digits from what the scans make of it. The sum of
     // deviations from the mean is near 0.
     const double sum = std::accumulate(stations.values.begin(), stations.values.end(), 0.0);
@@ -57,19 +56,20 @@ Block analyseByCressman(const GridPlan& plan, const StationView& stations, float
     std::vector<float> deviations;
     for (const float value : stations.values) deviations.push_back(value - mean);
     const grid::Lattice& lattice = plan.lattice;
-    Block grid = ownedBlock(cressman(
-        static_cast<int>(radii.size()), radii.data(), plan.nx, plan.ny, lattice.startLongitude,
-        lattice.endLongitude, lattice.startLatitude, lattice.endLatitude, static_cast<int>(stations.count()),
-        stations.longitudes.data(), stations.latitudes.data(), deviations.data(), maskRadius));
+    base::Floats grid = analysis::analyseCressman(
+        analysis::cressmanRadii, {plan.nx, plan.ny},
+        {lattice.startLongitude, lattice.endLongitude, lattice.startLatitude, lattice.endLatitude},
+        {stations.longitudes, stations.latitudes, deviations}, maskRadius);
+    if (!grid) throw Problem("its values cannot be analysed");
     for (float& value : std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)))
         if (value != withoutData) value += mean;
     return grid;
 }
 
-Block analyseByNearest(const GridPlan& plan, const StationView& stations, float maskRadius) {
+base::Floats analyseByNearest(const GridPlan& plan, const StationView& stations, float maskRadius) {
     constexpr float anywhere = 1000;
     const std::vector<int> nearest = nearestTo(plan, stations, maskRadius > 0 ? maskRadius : anywhere);
-    Block grid(base::allocateFloats(nearest.size()).release());
+    base::Floats grid = base::allocateFloats(nearest.size());
     std::ranges::transform(nearest, grid.get(), [&](int k) {
         return k < 0 ? withoutData : stations.values[static_cast<std::size_t>(k)];
     });
@@ -87,13 +87,13 @@ bool anyInside(const grid::Lattice& lattice, const StationView& stations) {
 
 }  // namespace
 
-Block analyseStations(AnalysisMethod method, const GridPlan& plan, const StationView& stations,
-                      float maskRadius) {
+base::Floats analyseStations(AnalysisMethod method, const GridPlan& plan, const StationView& stations,
+                             float maskRadius) {
     const Stations brought = broughtTo(plan.lattice, stations);
     if (!anyInside(plan.lattice, brought.view()))
         throw Problem("no station with a value lies within the bounds");
     constexpr std::array methods{analyseByBarnes, analyseByCressman, analyseByNearest};
-    Block grid = methods[static_cast<std::size_t>(method)](plan, brought.view(), maskRadius);
+    base::Floats grid = methods[static_cast<std::size_t>(method)](plan, brought.view(), maskRadius);
     std::ranges::replace(std::span(grid.get(), grid::valueCount(plan.nx, plan.ny)), withoutData,
                          grid::missingInFiles);
     return grid;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "compute/prominence.h"
+#include "contour/centers.h"
 
 namespace velmar::tool {
 namespace {
@@ -42,27 +43,22 @@ bool isComplete(const grid::GridView& grid, int column, int row) {
 
 std::vector<Center> prominentCenters(const ContourSet& set, float leastProminence) {
     const WrappedGrid wrapped = wrap(set);
-    // With steps of one degree from zero the places of the result are columns and rows.
-    const Block found = checkedBlock(findCenters(wrapped.values.data(), grid::missingInFiles, wrapped.view.nx,
-                                                 wrapped.view.ny, 0, 0, 0, 1, 1));
     const std::vector<float> highs = prominences(set.grid, 1, set.circlesGlobe());
     const std::vector<float> lows = prominences(set.grid, -1, set.circlesGlobe());
     const grid::Lattice& lattice = set.lattice;
     std::vector<Center> centers;
-    for (std::size_t k = 0; k < static_cast<std::size_t>(found[0]); ++k) {
-        const float* const record = found.get() + 1 + 7 * k;
-        const int wrappedColumn = static_cast<int>(record[1]);
-        const int column = wrappedColumn - wrapped.extraColumns;
-        const int row = static_cast<int>(record[2]);
-        if (!isComplete(wrapped.view, wrappedColumn, row)) continue;
-        const bool high = record[0] > 0;
+    for (const contour::Center& found : contour::findGridCenters(wrapped.view, grid::missingInFiles)) {
+        const int column = found.column - wrapped.extraColumns;
+        const int row = found.row;
+        if (!isComplete(wrapped.view, found.column, row)) continue;
         const auto point = static_cast<std::size_t>(row) * static_cast<std::size_t>(set.grid.nx) +
                            static_cast<std::size_t>(column);
-        const float prominence = high ? highs[point] : lows[point];
+        const float prominence = found.high ? highs[point] : lows[point];
         if (prominence < leastProminence || prominence <= 0) continue;
-        centers.push_back(
-            {high, record[3], lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
-             lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep, prominence});
+        centers.push_back({found.high, found.value,
+                           lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
+                           lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep,
+                           prominence});
     }
     std::ranges::stable_sort(centers, std::ranges::greater{}, &Center::prominence);
     return centers;

@@ -1,30 +1,44 @@
 #include "compute/contours.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include "compute/blockReader.h"
+#include "contour/trace.h"
 
 namespace velmar::tool {
 namespace {
 
-Isoline readLine(BlockReader& in) {
-    const std::size_t points = in.count();
-    const float level = in.value();
-    in.value();
-    return {{in.values(2 * points)}, level};
+/// Traces the lines; their positions on the traced grid become degrees.
+void trace(ContourSet& set) {
+    const grid::GridView& grid = set.grid;
+    const auto [fx, fy] = set.refinement;
+    const bool refined = fx > 1 || fy > 1;
+    const grid::Grid fine =
+        refined ? grid::refine(grid, grid::missingInFiles, set.refinement) : grid::Grid{.values = {}};
+    contour::TraceBuffers buffers;
+    contour::LineList list;
+    contour::traceLevels(refined ? fine.view() : grid, grid::missingInFiles, set.levels, buffers, list);
+    const grid::GridPlace place = files::placeOf(set.lattice);
+    set.coordinates = base::allocateFloats(2 * list.points.size());
+    float* next = set.coordinates.get();
+    set.lines.reserve(list.lines.size());
+    for (const contour::ContourLine& line : list.lines) {
+        set.lines.push_back({{{next, 2 * line.pointCount}}, line.level});
+        for (const grid::Point& point : list.pointsOf(line)) {
+            *next++ = (point.x - 1.0F) * place.dx / static_cast<float>(fx) + place.x0;
+            *next++ = (point.y - 1.0F) * place.dy / static_cast<float>(fy) + place.y0;
+        }
+    }
 }
 
-Block contourBlock(const GridFile& file, const std::vector<float>& levels) {
-    constexpr int levelList = 2;
-    // The list must not be null even when it is empty.
-    const float noLevel = 0;
-    const float* const list = levels.empty() ? &noLevel : levels.data();
-    const grid::Grid closed =
-        circlesGlobe(file.header.field) ? closedGrid(file.values) : grid::Grid{.values = {}};
-    const grid::GridView grid = closed.values.empty() ? file.values : closed.view();
-    const grid::GridPlace place = files::placeOf(file.header.field.lattice);
-    return ownedBlock(contour2D(grid.values, grid::missingInFiles, grid.nx, grid.ny, levelList, 0, 0, 0, list,
-                                static_cast<int>(levels.size()), place.x0, place.y0, place.dx, place.dy));
+/// The lattice of a grid that begins at a place, to its last column and row.
+grid::Lattice latticeOf(const grid::GridPlace& place, const grid::GridView& grid) {
+    return {.startLongitude = place.x0,
+            .endLongitude = place.x0 + (static_cast<float>(grid.nx) - 1.0F) * place.dx,
+            .longitudeStep = place.dx,
+            .startLatitude = place.y0,
+            .endLatitude = place.y0 + (static_cast<float>(grid.ny) - 1.0F) * place.dy,
+            .latitudeStep = place.dy};
 }
 
 }  // namespace
@@ -47,24 +61,18 @@ grid::Lattice ContourSet::tracedLattice() const {
 }
 
 ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) {
+    const grid::Grid closed =
+        circlesGlobe(file.header.field) ? closedGrid(file.values) : grid::Grid{.values = {}};
+    const grid::GridView grid = closed.values.empty() ? file.values : closed.view();
     ContourSet set{};
-    set.block = contourBlock(file, levels);
     set.levels = levels;
-
-    BlockReader in(set.block.get() + 1);
-    const std::size_t lineCount = in.count();
-    set.lines.reserve(lineCount);
-    for (std::size_t k = 0; k < lineCount; ++k) set.lines.push_back(readLine(in));
-    in.value();  // the separator
-    set.grid.nx = static_cast<int>(in.value());
-    set.grid.ny = static_cast<int>(in.value());
-    grid::Lattice& lattice = set.lattice;
-    for (float* field : {&lattice.startLongitude, &lattice.startLatitude, &lattice.endLongitude,
-                         &lattice.endLatitude, &lattice.longitudeStep, &lattice.latitudeStep})
-        *field = in.value();
-    set.grid.values = in.values(set.grid.size()).data();
-    requireFinite(lattice);
-    set.refinement = grid::chooseFactors(set.grid.nx, set.grid.ny);
+    set.values = base::allocateFloats(grid.size());
+    std::copy_n(grid.values, grid.size(), set.values.get());
+    set.grid = {set.values.get(), grid.nx, grid.ny};
+    set.lattice = latticeOf(files::placeOf(file.header.field.lattice), grid);
+    requireFinite(set.lattice);
+    set.refinement = grid::chooseFactors(grid.nx, grid.ny);
+    trace(set);
     return set;
 }
 

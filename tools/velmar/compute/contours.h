@@ -8,7 +8,7 @@
 
 namespace velmar::tool {
 
-/// A contour line: a view into the block of its set.
+/// A contour line: a view into the coordinates of its set.
 struct Isoline : GeoPoints {
     float value;
 
@@ -18,7 +18,8 @@ struct Isoline : GeoPoints {
 /// The contour lines of a grid, and the grid as it was contoured: one that circles the globe has its
 /// first column once more as its last.
 struct ContourSet {
-    Block block;
+    base::Floats coordinates;   ///< of the lines
+    base::Floats values;        ///< of the grid
     std::vector<float> levels;  ///< those asked for: not all need have lines
     std::vector<Isoline> lines;
     grid::GridView grid;
@@ -29,7 +30,7 @@ struct ContourSet {
     grid::Lattice tracedLattice() const;
 };
 
-/// Has the library draw the lines of a grid at the levels; a Problem when it cannot.
+/// The lines of a grid at the levels; a Problem when its place is no place.
 ContourSet drawContours(const GridFile& file, const std::vector<float>& levels);
 
 }  // namespace velmar::tool

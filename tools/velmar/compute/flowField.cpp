@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
-
-#include "base/floats.h"
 
 namespace velmar::tool {
 namespace {
@@ -38,7 +35,7 @@ WindFile flowField(const WindFile& file, const MapFrame& map) {
     const bool circles = circlesGlobe(file.header);
     const int first = circles ? stepsToSeam(file.header.lattice, map.bounds) : 0;
     const int stride = strideFor(file, map);
-    WindFile field{.header = file.header, .title = {}, .titleBytes = {}, .block = {}, .u = {}, .v = {}};
+    WindFile field{.header = file.header, .title = {}, .titleBytes = {}, .storage = {}, .u = {}, .v = {}};
     field.header.nx = (file.u.nx - 1) / stride + 1;
     field.header.ny = (file.u.ny - 1) / stride + 1;
     grid::Lattice& lattice = field.header.lattice;
@@ -50,16 +47,18 @@ WindFile flowField(const WindFile& file, const MapFrame& map) {
     lattice.endLatitude =
         lattice.startLatitude + static_cast<float>(field.header.ny - 1) * lattice.latitudeStep;
 
-    const std::size_t count = grid::valueCount(field.header.nx, field.header.ny);
-    field.block = ownedBlock(base::allocateFloats(2 * count).release());
-    float* next = field.block.get();
     const int start = (first % file.u.nx + file.u.nx) % file.u.nx;
-    for (const auto& [from, to] : {std::pair(&file.u, &field.u), std::pair(&file.v, &field.v)}) {
-        *to = {.values = next, .nx = field.header.nx, .ny = field.header.ny};
-        for (int row = 0; row < from->ny; row += stride)
-            for (int column = 0; column < from->nx; column += stride)
-                *next++ = from->at((start + column) % from->nx, row);
-    }
+    const auto thinned = [&](const grid::GridView& from) {
+        grid::Grid grid{.values = {}, .nx = field.header.nx, .ny = field.header.ny};
+        grid.values.reserve(grid.view().size());
+        for (int row = 0; row < from.ny; row += stride)
+            for (int column = 0; column < from.nx; column += stride)
+                grid.values.push_back(from.at((start + column) % from.nx, row));
+        return grid;
+    };
+    field.storage = std::make_unique<std::array<grid::Grid, 2>>(std::array{thinned(file.u), thinned(file.v)});
+    field.u = (*field.storage)[0].view();
+    field.v = (*field.storage)[1].view();
     return field;
 }
 

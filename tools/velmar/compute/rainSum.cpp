@@ -7,8 +7,10 @@
 #include <cmath>
 #include <filesystem>
 
+#include "base/scanner.h"
 #include "cli/problem.h"
-#include "compute/blockReader.h"
+#include "files/stationValues.h"
+#include "rain/rainTable.h"
 #include "read/gridFile.h"
 #include "read/stationFile.h"
 
@@ -18,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using rain::DateKey;
 
-/// The file that the library reads for a time: it tries a backslash first, on every platform.
+/// The file of a time: one whose name has a backslash in it may stand for it, on every platform.
 std::string fileOf(const std::string& directory, DateKey time) {
     const std::string name = fmt::format("{:08}.000", time % 100000000);
     std::error_code ignored;
@@ -32,8 +34,20 @@ bool isDayOfNoCalendar(DateKey time) {
     return month == 2 && day == 29 && !std::chrono::year(year).is_leap();
 }
 
-/// What the user should know about a file; a Problem when it cannot be added up.
-std::string inspect(const std::string& path, DateKey time) try {
+/// The stations of a file, with their numbers and heights.
+std::vector<base::StationValue> stationsIn(const FileHead& head, std::size_t count) {
+    base::TextScanner in(head.file.view());
+    int elementCount = 0;
+    int promised = 0;
+    static_cast<void>(files::readStationValuesHeader(in));
+    static_cast<void>(scan(in, elementCount, promised));
+    std::vector<base::StationValue> stations(count);
+    for (base::StationValue& station : stations) files::scanStationValue(in, station);
+    return stations;
+}
+
+/// Adds a file to the table. Returns what the user should know about it; a Problem when it cannot be added up.
+std::string addFile(const std::string& path, DateKey time, rain::RainTable& table) try {
     const FileHead head = readFileHead(path);
     if (head.kind.type != stationValuesType)
         throw Problem(fmt::format("it holds something else than station values (type {}): {} (type {})",
@@ -41,6 +55,7 @@ std::string inspect(const std::string& path, DateKey time) try {
     const StationFile file = readStationFile(head);
     if (file.elementCount != 1)
         throw Problem(fmt::format("its stations have {} values, not one", file.elementCount));
+    table.add(stationsIn(head, file.stationCount()));
     if (file.stationCount() >= static_cast<std::size_t>(std::max(file.promised, 0))) return {};
     return fmt::format("the header of {} promises {} stations, but only {} can be read", path, file.promised,
                        file.stationCount());
@@ -50,19 +65,13 @@ std::string inspect(const std::string& path, DateKey time) try {
         isDayOfNoCalendar(time) ? " (the times of rain files count 29 days in every February)" : ""));
 }
 
-std::vector<RainStation> stationsOf(const Block& block) {
-    constexpr std::size_t fields = 5;
+RainStation roundedStation(const base::StationValue& station) {
     constexpr double parts = 1000;
-    BlockReader in(block.get());
-    std::vector<RainStation> stations((in.count() - 1) / fields);
-    for (RainStation& station : stations) {
-        station.number = std::llround(in.value());
-        station.longitude = in.value();
-        station.latitude = in.value();
-        station.height = in.value();
-        station.total = std::round(static_cast<double>(in.value()) * parts) / parts + 0.0;
-    }
-    return stations;
+    return {.number = station.number,
+            .longitude = station.longitude,
+            .latitude = station.latitude,
+            .height = station.height,
+            .total = std::round(static_cast<double>(station.value) * parts) / parts + 0.0};
 }
 
 }  // namespace
@@ -73,22 +82,19 @@ std::string rainTimeText(DateKey time) {
 }
 
 RainSum sumRain(const std::string& directory, const RainSpan& span) {
+    rain::RainTable table;
     RainSum sum{.span = span, .last = span.from, .files = {}, .notices = {}, .stations = {}};
     while (sum.last < span.to) {
         sum.last = rain::stepDateKey(span.stepHours, sum.last);
         sum.files.push_back(fileOf(directory, sum.last));
-        const std::string notice = inspect(sum.files.back(), sum.last);
+        const std::string notice = addFile(sum.files.back(), sum.last, table);
         if (!notice.empty()) sum.notices.push_back(notice);
     }
     if (sum.last != span.to)
         sum.notices.push_back(fmt::format("the steps do not end at {}: the last file is that of {}",
                                           rainTimeText(span.to), rainTimeText(sum.last)));
-    const TimeParts from = partsOf(span.from);
-    const TimeParts to = partsOf(span.to);
-    const Block block(DiscreteAdd(from.year, from.month, from.day, from.hour, to.year, to.month, to.day,
-                                  to.hour, directory.c_str(), span.stepHours));
-    if (!block) throw Problem("its files have no stations, or there is not enough memory for them");
-    sum.stations = stationsOf(block);
+    if (table.stations().empty()) throw Problem("its files have no stations");
+    std::ranges::transform(table.stations(), std::back_inserter(sum.stations), roundedStation);
     return sum;
 }
 

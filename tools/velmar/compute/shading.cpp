@@ -5,17 +5,10 @@
 #include <numeric>
 
 #include "cli/problem.h"
-#include "compute/blockReader.h"
+#include "shade/shading.h"
 
 namespace velmar::tool {
 namespace {
-
-ShadePolygon readPolygon(BlockReader& in) {
-    const std::size_t points = in.count();
-    const float level = in.value();
-    const int colour = static_cast<int>(in.value());
-    return {{in.values(2 * points)}, level, colour};
-}
 
 /// Whether a cell with data at all corners reaches above a level.
 bool reachesAbove(const grid::GridView& grid, float level) {
@@ -48,21 +41,28 @@ Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, cons
     if (levels.empty()) return {};
     std::vector<int> colours(levels.size());
     std::iota(colours.begin(), colours.end(), 0);
-    Shading shading{.block = Block(velmarCntrShad(
-                        grid.values, grid.nx, grid.ny, levels.data(), colours.data(),
-                        static_cast<int>(levels.size()), grid::missingInFiles, lattice.startLongitude,
-                        lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep, stripRows)),
-                    .polygons = {}};
-    if (shading.block == nullptr) {
-        // The library says nothing of why.
+    const auto listed =
+        shade::ShadeLevels::listed(levels.data(), colours.data(), static_cast<int>(levels.size()));
+    shade::TraceBuffers buffers;
+    shade::ShadePolygonList list;
+    const bool traced = shade::shadeGrid({grid, grid::missingInFiles, listed, stripRows},
+                                         files::placeOf(lattice), buffers, list);
+    if (!traced || list.polygons.empty()) {
+        // Nothing to paint although a cell reaches above the lowest level: the tracing gave up.
         if (reachesAbove(grid, levels.front()))
             throw Problem("the library gave up shading it, for lack of memory or of room in its tables");
-        return shading;
+        return {};
     }
-    BlockReader in(shading.block.get() + 1);
-    const std::size_t count = in.count();
-    shading.polygons.reserve(count);
-    for (std::size_t k = 0; k < count; ++k) shading.polygons.push_back(readPolygon(in));
+    Shading shading{.coordinates = base::allocateFloats(2 * list.points.size()), .polygons = {}};
+    shading.polygons.reserve(list.polygons.size());
+    float* next = shading.coordinates.get();
+    for (const shade::ShadePolygon& polygon : list.polygons) {
+        shading.polygons.push_back({{{next, 2 * polygon.pointCount}}, polygon.level, polygon.colour});
+        for (const grid::Point& point : list.pointsOf(polygon)) {
+            *next++ = point.x;
+            *next++ = point.y;
+        }
+    }
     return shading;
 }
 

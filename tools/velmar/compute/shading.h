@@ -7,7 +7,7 @@
 
 namespace velmar::tool {
 
-/// An area to be painted: a view into the block of its shading. Its last point repeats the first.
+/// An area to be painted: a view into the coordinates of its shading. Its last point repeats the first.
 struct ShadePolygon : GeoPoints {
     float level;
     int colour;
@@ -17,7 +17,7 @@ struct ShadePolygon : GeoPoints {
 
 /// Areas in the order in which they are painted.
 struct Shading {
-    Block block;
+    base::Floats coordinates;  ///< of the polygons
     std::vector<ShadePolygon> polygons;
 };
 

@@ -1,17 +1,14 @@
 #include "compute/streamlines.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
+#include <span>
 
-#include "capi/state.h"
-#include "compute/blockReader.h"
+#include "cli/problem.h"
+#include "wind/streamlines.h"
 
 namespace velmar::tool {
 namespace {
-
-/// The elements of a streamline block, each with its kind in front.
-enum Element { startLine = 0, drawTo = 1, arrow = 2 };
 
 /// Puts lines together from their two parts, each of which starts where the line was begun.
 class LineJoiner {
@@ -61,39 +58,28 @@ GeoPoint insideGrid(GeoPoint point, const grid::GridView& grid, const grid::Latt
             std::clamp(point.latitude, lattice.startLatitude, endLatitude)};
 }
 
-/// What stands behind the last element: its count in front is a float, too coarse for very many.
-std::array<float, 6> endMark(const grid::GridView& grid, const grid::Lattice& lattice) {
-    return {0,
-            -1,
-            static_cast<float>(grid.nx),
-            static_cast<float>(grid.ny),
-            lattice.startLongitude,
-            lattice.startLatitude};
-}
-
-void readLines(const float* element, const grid::GridView& grid, const grid::Lattice& lattice,
+/// Reads the points of lines, each a pen, longitude, latitude and colour.
+void readLines(std::span<const float> points, const grid::GridView& grid, const grid::Lattice& lattice,
                StreamlineSet& set) {
-    const auto end = endMark(grid, lattice);
+    constexpr std::size_t pointElements = 4;
     LineJoiner joiner(set);
-    const int lastBand = static_cast<int>(set.levels.size()) - 1;
-    while (!std::equal(end.begin(), end.end(), element)) {
-        BlockReader in(element);
-        const auto point = [&] {
-            const float longitude = in.value();
-            return insideGrid({longitude, in.value()}, grid, lattice);
-        };
-        const auto band = [&] { return std::min(static_cast<int>(in.value()), lastBand); };
-        const auto kind = static_cast<Element>(static_cast<int>(in.value()));
-        const GeoPoint place = point();
-        if (kind == startLine) joiner.start(place);
-        if (kind == drawTo) joiner.drawTo(place, band());
-        if (kind == arrow) {
-            const GeoPoint head = point();
-            set.arrows.push_back({place, head, band()});
-        }
-        element += kind == arrow ? 6 : 4;
+    for (; !points.empty(); points = points.subspan(pointElements)) {
+        const GeoPoint place = insideGrid({points[1], points[2]}, grid, lattice);
+        if (points[0] == static_cast<float>(wind::Pen::up))
+            joiner.start(place);
+        else
+            joiner.drawTo(place, set.bandOf(points[3]));
     }
     joiner.finishLine();
+}
+
+/// Reads arrows, each a tag, tail, head and colour.
+void readArrows(std::span<const float> arrows, const grid::GridView& grid, const grid::Lattice& lattice,
+                StreamlineSet& set) {
+    constexpr std::size_t arrowElements = 6;
+    for (; !arrows.empty(); arrows = arrows.subspan(arrowElements))
+        set.arrows.push_back({insideGrid({arrows[1], arrows[2]}, grid, lattice),
+                              insideGrid({arrows[3], arrows[4]}, grid, lattice), set.bandOf(arrows[5])});
 }
 
 }  // namespace
@@ -109,16 +95,18 @@ StreamlineSet traceStreamlines(const WindFile& file, int density, const std::vec
     std::vector<int> bands(levels.size());
     std::iota(bands.begin(), bands.end(), 0);
 
-    // The export is told no place: it takes that of the last wind file.
     grid::Lattice lattice = file.header.lattice;
     if (closes) lattice.endLongitude += lattice.longitudeStep;
-    capi::state().windLattice = lattice;
-    capi::state().streamlineColour = 0;
-    const Block block = ownedBlock(streamAnalyse(
-        u.values, v.values, speeds.data(), u.nx, u.ny, grid::missingInFiles, grid::missingInFiles,
-        grid::missingInFiles, 1, levels.data(), bands.data(), static_cast<int>(levels.size()), density));
+    constexpr float missing = grid::missingInFiles;
+    auto drawing = wind::drawStreamlines({u, v, missing, missing},
+                                         {{speeds.data(), u.nx, u.ny}, missing, {levels, bands}}, lattice,
+                                         density, wind::Drawing(0, 0));
+    if (!drawing) throw Problem("there is not enough memory for it");
     StreamlineSet set{.levels = levels, .pieces = {}, .firstPieces = {}, .arrows = {}};
-    readLines(block.get() + 2, u, lattice, set);
+    const std::size_t elements = drawing->points.size();
+    const base::Floats points = drawing->points.finish();
+    readLines({points.get(), elements}, u, lattice, set);
+    readArrows(drawing->arrows, u, lattice, set);
     return set;
 }
 

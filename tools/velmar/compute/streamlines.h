@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "read/geoPoints.h"
@@ -25,6 +26,9 @@ struct StreamlineSet {
     std::vector<std::size_t> firstPieces;  ///< of each line, and behind the last one the number of pieces
     std::vector<Arrow> arrows;
 
+    int bandOf(float colour) const {
+        return std::min(static_cast<int>(colour), static_cast<int>(levels.size()) - 1);
+    }
     std::size_t lineCount() const { return firstPieces.size() - 1; }
     std::span<const Piece> line(std::size_t k) const {
         return std::span(pieces).subspan(firstPieces[k], firstPieces[k + 1] - firstPieces[k]);

@@ -7,7 +7,7 @@
 #include "cli/problem.h"
 #include "cli/text.h"
 #include "compute/analysisGrid.h"
-#include "compute/blockReader.h"
+#include "triangles/stationContours.h"
 #include "write/geoJson.h"
 
 namespace velmar::tool {
@@ -23,15 +23,24 @@ grid::Lattice latticeOf(const analysis::StationView& stations) {
             static_cast<float>(bounds.south), static_cast<float>(bounds.north), step};
 }
 
-/// The library moves values off the levels, so it gets a copy.
-Block linesOf(const analysis::Stations& stations, const std::vector<float>& levels) {
-    constexpr int levelList = 2;
+/// Moves the values that lie almost on a level off it, so it takes a copy of them.
+void trace(const analysis::Stations& stations, ContourSet& set) {
     std::vector<float> values = stations.values;
-    const std::intptr_t address =
-        SanJiao(stations.longitudes.data(), stations.latitudes.data(), values.data(), levels.data(),
-                static_cast<int>(values.size()), levelList, 0, 0, static_cast<int>(levels.size()));
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the export hands out an address as a number.
-    return Block(reinterpret_cast<float*>(address));
+    triangles::LevelTable table;
+    const triangles::Lines traced = triangles::contourStations(
+        stations.longitudes, stations.latitudes, values,
+        {triangles::LevelChoice::list, 0, 0, set.levels.data(), static_cast<int>(set.levels.size())}, table);
+    set.coordinates = base::allocateFloats(2 * traced.points.size());
+    float* next = set.coordinates.get();
+    for (const grid::Point& point : traced.points) {
+        *next++ = point.x;
+        *next++ = point.y;
+    }
+    next = set.coordinates.get();
+    for (const auto& [points, level] : traced.lines) {
+        set.lines.push_back({{{next, 2 * points}}, level});
+        next += 2 * points;
+    }
 }
 
 Json triangleJson(const StationContours& contours, const triangles::Triangle& triangle) {
@@ -59,17 +68,7 @@ StationContours contourStations(const analysis::Stations& stations, const std::v
         throw Problem(
             "its stations make no triangle: one more than 2 degrees off the line from the first to its "
             "nearest neighbour is needed");
-    set.block = linesOf(placed, levels);
-    if (set.block == nullptr) return result;
-    constexpr float mostExact = 1 << 24;  // counts travel as floats
-    if (set.block[0] >= mostExact) throw Problem("it gives too many points of lines");
-    BlockReader in(set.block.get() + 1);
-    for (std::size_t left = static_cast<std::size_t>(set.block[0]) - 1; left > 0;) {
-        const std::size_t points = in.count();
-        const float level = in.value();
-        set.lines.push_back({{in.values(2 * points)}, level});
-        left -= 2 + 2 * points;
-    }
+    trace(placed, set);
     return result;
 }
 

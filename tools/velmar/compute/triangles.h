@@ -15,8 +15,8 @@ struct StationContours {
     ContourSet lines;  ///< without a grid
 };
 
-/// Has the library draw the lines at the levels, which are rising. A Problem when it takes no so many levels, or
-/// finds no first triangle.
+/// Draws the lines at the levels, which are rising. A Problem when there are too many of them, or no first
+/// triangle.
 StationContours contourStations(const analysis::Stations& stations, const std::vector<float>& levels);
 
 /// The lines, then the triangles, as a GeoJSON FeatureCollection.

@@ -8,24 +8,23 @@
 #include <vector>
 
 #include "base/floats.h"
+#include "wind/derivatives.h"
 
 namespace velmar::tool {
 namespace {
 
-Block speeds(const WindFile& file) {
-    Block block(base::allocateFloats(file.u.size()).release());
-    std::transform(file.u.values, file.u.values + file.u.size(), file.v.values, block.get(), windSpeed);
-    return block;
+base::Floats speeds(const WindFile& file) {
+    base::Floats values = base::allocateFloats(file.u.size());
+    std::transform(file.u.values, file.u.values + file.u.size(), file.v.values, values.get(), windSpeed);
+    return values;
 }
 
-Block derivative(WindQuantity quantity, const grid::GridView& u, const grid::GridView& v,
-                 const grid::Lattice& lattice) {
-    const bool divergence = quantity == WindQuantity::divergence;
-    const auto differentiate = divergence ? hdiv : hvor;
-    const float* const first = divergence ? u.values : v.values;
-    const float* const second = divergence ? v.values : u.values;
-    return ownedBlock(differentiate(first, second, u.nx, u.ny, grid::missingInFiles, lattice.startLongitude,
-                                    lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep));
+base::Floats derivative(WindQuantity quantity, const grid::GridView& u, const grid::GridView& v,
+                        const grid::Lattice& lattice) {
+    const grid::GridPlace place = files::placeOf(lattice);
+    if (quantity == WindQuantity::divergence)
+        return wind::differentiate({u, v, grid::missingInFiles}, place, wind::Combination::sum);
+    return wind::differentiate({v, u, grid::missingInFiles}, place, wind::Combination::difference);
 }
 
 /// The two columns on each side of the seam, from west to east.
@@ -44,7 +43,7 @@ grid::Grid seamStrip(const grid::GridView& grid) {
 void fillSeam(WindQuantity quantity, const WindFile& file, float* values) {
     const grid::Grid u = seamStrip(file.u);
     const grid::Grid v = seamStrip(file.v);
-    const Block strip = derivative(quantity, u.view(), v.view(), file.header.lattice);
+    const base::Floats strip = derivative(quantity, u.view(), v.view(), file.header.lattice);
     for (int row = 0; row < file.u.ny; ++row) {
         const float* const across = strip.get() + static_cast<std::ptrdiff_t>(seamColumns) * row;
         values[file.u.nx - 1] = across[1];
@@ -53,11 +52,11 @@ void fillSeam(WindQuantity quantity, const WindFile& file, float* values) {
     }
 }
 
-Block computed(WindQuantity quantity, const WindFile& file) {
+base::Floats computed(WindQuantity quantity, const WindFile& file) {
     if (quantity == WindQuantity::speed) return speeds(file);
-    Block block = derivative(quantity, file.u, file.v, file.header.lattice);
-    if (circlesGlobe(file.header)) fillSeam(quantity, file, block.get());
-    return block;
+    base::Floats values = derivative(quantity, file.u, file.v, file.header.lattice);
+    if (circlesGlobe(file.header)) fillSeam(quantity, file, values.get());
+    return values;
 }
 
 /// Brings values into their unit. One that is too large for a float, as where a step is 0, is missing.
@@ -118,10 +117,10 @@ GridFile windQuantity(const WindFile& file, WindQuantity quantity, float scale) 
     GridFile grid{.header = {},
                   .title = file.title + suffix,
                   .titleBytes = file.titleBytes + suffix,
-                  .block = computed(quantity, file),
+                  .storage = computed(quantity, file),
                   .values = {}};
-    grid.values = {.values = grid.block.get(), .nx = file.u.nx, .ny = file.u.ny};
-    scaleValues(grid.block.get(), grid.values.size(), scale);
+    grid.values = {.values = grid.storage.get(), .nx = file.u.nx, .ny = file.u.ny};
+    scaleValues(grid.storage.get(), grid.values.size(), scale);
     grid.header.field = file.header;
     setLevels(grid.header, grid.values, quantity);
     return grid;

@@ -9,7 +9,7 @@ struct GeoPoint {
     float latitude;
 };
 
-/// A row of points: a view into a result block.
+/// A row of points: a view into coordinates that somebody else owns.
 struct GeoPoints {
     std::span<const float> coordinates;  ///< longitude and latitude in turn
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <span>
 
 #include "base/scanner.h"
 #include "cli/problem.h"
@@ -26,20 +27,9 @@ void requireFinite(const grid::Lattice& lattice) {
         throw Problem("the longitudes and latitudes of its header are not all finite numbers");
 }
 
-Block ownedBlock(float* block) {
-    if (block == nullptr) throw Problem("there is not enough memory for it");
-    return Block(block);
-}
+GridFile readGridFile(const std::string& path) { return readGridFile(readFileHead(path)); }
 
-Block checkedBlock(float* block) {
-    Block owned = ownedBlock(block);
-    if (owned[0] < 0) throw Problem(readerProblem(static_cast<int>(owned[0])));
-    return owned;
-}
-
-GridFile readGridFile(const std::string& path) { return readGridFile(path, readFileHead(path)); }
-
-GridFile readGridFile(const std::string& path, const FileHead& head) {
+GridFile readGridFile(const FileHead& head) {
     if (head.kind.type != gridFileType)
         throw Problem(
             fmt::format("it holds something else than a grid of one quantity (type {}): {} (type {})",
@@ -48,15 +38,19 @@ GridFile readGridFile(const std::string& path, const FileHead& head) {
     auto header = files::readGridHeader(in);
     if (!header) throw Problem(readerProblem(header.failure().code));
 
-    GridFile file{
-        .header = *header, .title = head.title, .titleBytes = head.titleBytes, .block = {}, .values = {}};
-    file.header.title = {};
-    file.block = checkedBlock(readVelmar4(path.c_str()));
+    constexpr int unreadableValue = -7;
     const int nx = header->field.nx;
     const int ny = header->field.ny;
-    if (file.block[1] != static_cast<float>(nx) || file.block[2] != static_cast<float>(ny))
-        throw Problem("it changed while it was being read");
-    file.values = {.values = file.block.get() + 11, .nx = nx, .ny = ny};
+    const std::size_t count = grid::valueCount(nx, ny);
+    if (!in.mayHold(count)) throw Problem(readerProblem(unreadableValue));
+    GridFile file{.header = *header,
+                  .title = head.title,
+                  .titleBytes = head.titleBytes,
+                  .storage = base::allocateFloats(count),
+                  .values = {}};
+    file.header.title = {};
+    file.values = {.values = file.storage.get(), .nx = nx, .ny = ny};
+    if (in.read(std::span(file.storage.get(), count)) < count) throw Problem(readerProblem(unreadableValue));
     return file;
 }
 

@@ -1,29 +1,21 @@
 #pragma once
 
 #include <cmath>
-#include <memory>
 #include <string>
 
+#include "base/floats.h"
 #include "files/gridFile.h"
 #include "grid/grid.h"
 #include "read/fileHead.h"
-#include "velmarBaseA.h"
 
 namespace velmar::tool {
-
-struct BlockRelease {
-    void operator()(float* block) const { freecPointer(block); }
-};
-
-/// A result block of the library.
-using Block = std::unique_ptr<float[], BlockRelease>;
 
 /// A grid file, read in full or yet to be written.
 struct GridFile {
     files::GridHeader header;  ///< its view of the title is empty: titleBytes has it
     std::string title;         ///< UTF-8
     std::string titleBytes;    ///< GBK
-    Block block;
+    base::Floats storage;      ///< of the values
     grid::GridView values;
 };
 
@@ -31,16 +23,10 @@ struct GridFile {
 GridFile readGridFile(const std::string& path);
 
 /// The same where the head of the file is known already.
-GridFile readGridFile(const std::string& path, const FileHead& head);
+GridFile readGridFile(const FileHead& head);
 
 /// A Problem unless all numbers of the lattice are finite.
 void requireFinite(const grid::Lattice& lattice);
-
-/// Hands on a block; a Problem when there was no memory for it.
-Block ownedBlock(float* block);
-
-/// The same for the block of a reader, which may hold an error code instead of a result.
-Block checkedBlock(float* block);
 
 /// The grid with its first column again behind its last.
 grid::Grid closedGrid(const grid::GridView& grid);

@@ -8,10 +8,10 @@
 #include <iterator>
 
 #include "base/scanner.h"
-#include "capi/state.h"
 #include "cli/problem.h"
 #include "compute/soundingIndices.h"
-#include "velmarBaseA.h"
+#include "files/soundings.h"
+#include "sounding/derive.h"
 
 namespace velmar::tool {
 namespace {
@@ -87,16 +87,18 @@ std::string SoundingFile::notice() const {
                        soundings.size());
 }
 
-SoundingFile readSoundingFile(const std::string& path, const FileHead& head) {
+SoundingFile readSoundingFile(const FileHead& head) {
     if (!isSoundingFile(head))
         throw Problem(fmt::format("it holds something else than soundings (type {}): {} (type {})",
                                   soundingFileType, head.kind.name, head.kind.type));
     SoundingFile file{};
     readHeader(head, file);
-    // A call that fails leaves the soundings of the one before.
-    capi::state().soundings = {};
-    readVelmarData5(path.c_str());
-    std::ranges::transform(capi::state().soundings.soundings, std::back_inserter(file.soundings), soundingOf);
+    base::TextScanner in(head.file.view());
+    sounding::StandardLevels standard;
+    for (base::Sounding& raw : files::readSoundings(in).soundings) {
+        sounding::derive(raw, standard);
+        file.soundings.push_back(soundingOf(raw));
+    }
     return file;
 }
 

@@ -60,7 +60,7 @@ struct SoundingFile {
 
 /// Reads a file of soundings (type 5), as far as it goes; a Problem when its header cannot be read or it is of
 /// another kind.
-SoundingFile readSoundingFile(const std::string& path, const FileHead& head);
+SoundingFile readSoundingFile(const FileHead& head);
 
 /// Keeps the soundings of one station; a Problem when there is none.
 void keepStation(SoundingFile& file, int number);

@@ -2,13 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "base/numbers.h"
+#include "base/scanner.h"
 #include "cli/problem.h"
-#include "compute/blockReader.h"
+#include "files/windFile.h"
 
 namespace velmar::tool {
 namespace {
@@ -18,7 +17,6 @@ std::string windReaderProblem(int code) {
     constexpr const char* reason =
         "the file holds fewer values than its header says, or something else than numbers";
     switch (code) {
-        case -1:
         case -2:
             return readerProblem(code);
         case -3:
@@ -35,21 +33,6 @@ std::string windReaderProblem(int code) {
         default:
             return fmt::format("the library refused it with code {}", code);
     }
-}
-
-files::FieldHeader readHeader(BlockReader& in) {
-    files::FieldHeader header{};
-    const auto whole = [&] { return base::truncateToInt(in.value()); };
-    for (int* field :
-         {&header.year, &header.month, &header.day, &header.hour, &header.forecastHour, &header.level})
-        *field = whole();
-    grid::Lattice& lattice = header.lattice;
-    for (float* field : {&lattice.longitudeStep, &lattice.latitudeStep, &lattice.startLongitude,
-                         &lattice.endLongitude, &lattice.startLatitude, &lattice.endLatitude})
-        *field = in.value();
-    header.nx = whole();
-    header.ny = whole();
-    return header;
 }
 
 /// The lattice with the ends that follow from steps and counts, a column further for a field that is closed.
@@ -69,24 +52,25 @@ float windSpeed(float u, float v) {
 
 bool isWindFile(const FileHead& head) { return head.kind.type == windFileType; }
 
-WindFile readWindFile(const std::string& path, const FileHead& head) {
+WindFile readWindFile(const FileHead& head) {
     if (!isWindFile(head))
         throw Problem(fmt::format("it holds something else than a wind grid (type {}): {} (type {})",
                                   windFileType, head.kind.name, head.kind.type));
-    WindFile file{
-        .header = {}, .title = head.title, .titleBytes = head.titleBytes, .block = {}, .u = {}, .v = {}};
-    file.block = ownedBlock(readVelmarData11(path.c_str()));
-    if (file.block[0] < 0) throw Problem(windReaderProblem(static_cast<int>(file.block[0])));
-    BlockReader in(file.block.get() + 1);
-    file.header = readHeader(in);
-    requireFinite(file.header.lattice);
-    requireFinite(computedEnds(file.header));
-    const auto [nx, ny] = std::pair(file.header.nx, file.header.ny);
-    constexpr int mostExact = 1 << 24;  // counts travel as floats
-    if (std::max(nx, ny) >= mostExact) throw Problem("it has too many columns or rows");
-    const std::size_t count = grid::valueCount(nx, ny);
-    file.u = {.values = in.values(count).data(), .nx = nx, .ny = ny};
-    file.v = {.values = in.values(count).data(), .nx = nx, .ny = ny};
+    base::TextScanner in(head.file.view());
+    grid::Lattice lattice{};
+    auto wind = files::readWindFile(in, lattice);
+    if (!wind) throw Problem(windReaderProblem(wind.failure().code));
+    requireFinite(wind->header.lattice);
+    requireFinite(computedEnds(wind->header));
+    WindFile file{.header = wind->header,
+                  .title = head.title,
+                  .titleBytes = head.titleBytes,
+                  .storage = std::make_unique<std::array<grid::Grid, 2>>(
+                      std::array{std::move(wind->u), std::move(wind->v)}),
+                  .u = {},
+                  .v = {}};
+    file.u = (*file.storage)[0].view();
+    file.v = (*file.storage)[1].view();
     return file;
 }
 

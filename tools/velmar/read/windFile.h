@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <memory>
 #include <string>
 
 #include "read/gridFile.h"
@@ -9,9 +11,9 @@ namespace velmar::tool {
 /// A wind file (type 11), read in full. Its rows run from south to north, whatever the file has.
 struct WindFile {
     files::FieldHeader header;
-    std::string title;       ///< UTF-8
-    std::string titleBytes;  ///< GBK
-    Block block;
+    std::string title;                                   ///< UTF-8
+    std::string titleBytes;                              ///< GBK
+    std::unique_ptr<std::array<grid::Grid, 2>> storage;  ///< of the components
     grid::GridView u;
     grid::GridView v;
 };
@@ -21,7 +23,7 @@ inline constexpr int windFileType = 11;
 bool isWindFile(const FileHead& head);
 
 /// Reads a wind file; a Problem when that fails or the file is of another kind.
-WindFile readWindFile(const std::string& path, const FileHead& head);
+WindFile readWindFile(const FileHead& head);
 
 /// Wind speed; missing where a component is.
 float windSpeed(float u, float v);
