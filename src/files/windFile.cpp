@@ -56,6 +56,10 @@ Outcome<WindFile> readWindFile(const char* path, Lattice& lattice) {
         return Failure{-1};
     }
     TextScanner in(text->view());
+    return readWindFile(in, lattice);
+}
+
+Outcome<WindFile> readWindFile(TextScanner& in, Lattice& lattice) {
     const std::optional<files::FirstLine> line = files::readFirstLine(in);
     if (!line) return Failure{-2};
     // A keyword ends at a NUL, as strings in C do.

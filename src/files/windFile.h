@@ -21,4 +21,7 @@ struct WindFile {
 /// -5 u and -6 v from south to north, -7 and -8 from north to south.
 base::Outcome<WindFile> readWindFile(const char* path, grid::Lattice& lattice);
 
+/// The same from the text of a file.
+base::Outcome<WindFile> readWindFile(base::TextScanner& in, grid::Lattice& lattice);
+
 }  // namespace velmar::files

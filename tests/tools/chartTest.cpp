@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "chart/palette.h"
+#include "chart/paper/palette.h"
 #include "picture.h"
 
 namespace {

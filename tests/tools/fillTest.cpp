@@ -6,11 +6,11 @@
 
 #include "../support/fields.h"
 #include "base/progress.h"
-#include "chart/coverageLayer.h"
-#include "chart/fillLayer.h"
-#include "chart/palette.h"
+#include "chart/layers/coverageLayer.h"
+#include "chart/layers/fillLayer.h"
+#include "chart/paper/palette.h"
+#include "compute/shading.h"
 #include "picture.h"
-#include "shading.h"
 
 namespace {
 

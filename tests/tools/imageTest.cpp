@@ -1,7 +1,7 @@
 
 #include "byteImages.h"
-#include "chart/coverageLayer.h"
-#include "chart/imageLayer.h"
+#include "chart/layers/coverageLayer.h"
+#include "chart/layers/imageLayer.h"
 #include "picture.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <limits>
 
-#include "chart/mapLayer.h"
-#include "chart/regionLayer.h"
+#include "chart/layers/mapLayer.h"
+#include "chart/layers/regionLayer.h"
 #include "picture.h"
 
 namespace {

@@ -6,10 +6,10 @@
 #include <memory>
 #include <numbers>
 
-#include "chart/lettering.h"
-#include "chart/lineLabels.h"
-#include "chart/prominence.h"
-#include "text.h"
+#include "chart/layers/lineLabels.h"
+#include "chart/paper/lettering.h"
+#include "cli/text.h"
+#include "compute/prominence.h"
 
 namespace {
 

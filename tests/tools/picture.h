@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "chart/page.h"
+#include "chart/paper/page.h"
 #include "program.h"
 
 /// Red, green and blue, 0 to 255.

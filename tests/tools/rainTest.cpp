@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
 #include "picture.h"
-#include "stationFile.h"
+#include "read/stationFile.h"
 
 namespace {
 

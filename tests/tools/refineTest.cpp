@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "gridFile.h"
 #include "program.h"
+#include "read/gridFile.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "../support/files.h"
 #include "byteImages.h"
+#include "compute/shading.h"
 #include "program.h"
-#include "shading.h"
 
 namespace {
 

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "chart/layers/windBarb.h"
 #include "chart/soundingDiagram.h"
-#include "chart/windBarb.h"
+#include "compute/soundingIndices.h"
+#include "compute/thermodynamics.h"
 #include "picture.h"
-#include "soundingIndices.h"
-#include "thermodynamics.h"
 
 namespace {
 

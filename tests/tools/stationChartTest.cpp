@@ -1,5 +1,5 @@
 #include "chart/chartTexts.h"
-#include "chart/stationPlotLayer.h"
+#include "chart/layers/stationPlotLayer.h"
 #include "picture.h"
 #include "stationTexts.h"
 

@@ -1,4 +1,4 @@
-#include "streamlines.h"
+#include "compute/streamlines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +14,7 @@ class StreamlinesTest : public ProgramTest {
 protected:
     StreamlineSet traced(const WindText& wind, const std::vector<float>& levels) const {
         const std::string file = write("w", wind.text());
-        return traceStreamlines(readWindFile(file, readFileHead(file)), 5, levels);
+        return traceStreamlines(readWindFile(readFileHead(file)), 5, levels);
     }
 
     json features(const std::string& file, const Arguments& options = {}) const {

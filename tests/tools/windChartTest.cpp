@@ -1,8 +1,8 @@
 #include "chart/chartTexts.h"
-#include "chart/coverageLayer.h"
-#include "chart/flowField.h"
-#include "chart/palette.h"
-#include "chart/streamlineLayer.h"
+#include "chart/layers/coverageLayer.h"
+#include "chart/layers/streamlineLayer.h"
+#include "chart/paper/palette.h"
+#include "compute/flowField.h"
 #include "picture.h"
 #include "windText.h"
 
@@ -14,7 +14,7 @@ class WindChartTest : public PictureTest {
 protected:
     WindFile wind(const WindText& text) const {
         const std::string file = write("w.000", text.text());
-        return readWindFile(file, readFileHead(file));
+        return readWindFile(readFileHead(file));
     }
 };
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
 #include "program.h"
-#include "windFile.h"
+#include "read/windFile.h"
 #include "windText.h"
 
 namespace {

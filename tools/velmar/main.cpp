@@ -4,10 +4,10 @@
 #include <sstream>
 
 #include "base/progress.h"
-#include "commands.h"
-#include "jobs.h"
-#include "problem.h"
-#include "standardStreams.h"
+#include "cli/jobs.h"
+#include "cli/problem.h"
+#include "cli/standardStreams.h"
+#include "commands/commands.h"
 #include "velmarBaseA.h"
 
 int main(int argc, char** argv) try {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "byteImageFile.h"
-#include "chart/paper.h"
-#include "contours.h"
-#include "lineMap.h"
-#include "windQuantity.h"
+#include "chart/paper/paper.h"
+#include "compute/contours.h"
+#include "compute/windQuantity.h"
+#include "read/byteImageFile.h"
+#include "read/lineMap.h"
 
 namespace velmar::tool {
 

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "chart/levelSpacing.h"
-#include "chart/mapFrame.h"
-#include "chart/mapLayer.h"
+#include "chart/layers/mapLayer.h"
+#include "chart/paper/mapFrame.h"
 #include "chart/stationChart.h"
-#include "text.h"
+#include "cli/text.h"
+#include "compute/levelSpacing.h"
 
 namespace velmar::tool {
 namespace {

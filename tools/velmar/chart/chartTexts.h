@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "byteImageFile.h"
-#include "contours.h"
-#include "lineMap.h"
-#include "stationFile.h"
-#include "windQuantity.h"
+#include "compute/contours.h"
+#include "compute/windQuantity.h"
+#include "read/byteImageFile.h"
+#include "read/lineMap.h"
+#include "read/stationFile.h"
 
 namespace velmar::tool {
 

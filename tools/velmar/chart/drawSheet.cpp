@@ -1,7 +1,7 @@
 #include "chart/drawSheet.h"
 
-#include "chart/canvas.h"
-#include "chart/margins.h"
+#include "chart/paper/canvas.h"
+#include "chart/paper/margins.h"
 
 namespace velmar::tool {
 

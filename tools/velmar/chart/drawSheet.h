@@ -4,7 +4,7 @@
 #include <string>
 
 #include "chart/chartTexts.h"
-#include "chart/sheet.h"
+#include "chart/paper/sheet.h"
 
 namespace velmar::tool {
 

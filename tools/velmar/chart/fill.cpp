@@ -1,6 +1,6 @@
 #include "chart/fill.h"
 
-#include "chart/palette.h"
+#include "chart/paper/palette.h"
 
 namespace velmar::tool {
 

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "chart/outlines.h"
-#include "chart/paper.h"
-#include "contours.h"
+#include "chart/paper/paper.h"
+#include "compute/contours.h"
+#include "compute/outlines.h"
 
 namespace velmar::tool {
 

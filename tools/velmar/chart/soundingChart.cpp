@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <functional>
 
-#include "chart/canvas.h"
-#include "chart/lettering.h"
-#include "chart/margins.h"
+#include "chart/layers/windBarb.h"
+#include "chart/paper/canvas.h"
+#include "chart/paper/lettering.h"
+#include "chart/paper/margins.h"
 #include "chart/soundingDiagram.h"
-#include "chart/windBarb.h"
-#include "soundingWriter.h"
-#include "text.h"
+#include "cli/text.h"
+#include "write/soundingWriter.h"
 
 namespace velmar::tool {
 namespace {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "chart/paper.h"
-#include "soundingFile.h"
+#include "chart/paper/paper.h"
+#include "read/soundingFile.h"
 
 namespace velmar::tool {
 

@@ -7,9 +7,9 @@
 #include <numbers>
 #include <span>
 
-#include "chart/lettering.h"
-#include "text.h"
-#include "thermodynamics.h"
+#include "chart/paper/lettering.h"
+#include "cli/text.h"
+#include "compute/thermodynamics.h"
 
 namespace velmar::tool {
 namespace {

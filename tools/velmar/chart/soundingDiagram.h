@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/paper.h"
+#include "chart/paper/paper.h"
 
 namespace velmar::tool {
 

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 
-#include "analysisGrid.h"
 #include "chart/drawSheet.h"
-#include "chart/graticuleLayer.h"
-#include "chart/mapLayer.h"
-#include "chart/stationPlotLayer.h"
-#include "problem.h"
+#include "chart/layers/graticuleLayer.h"
+#include "chart/layers/mapLayer.h"
+#include "chart/layers/stationPlotLayer.h"
+#include "cli/problem.h"
+#include "compute/analysisGrid.h"
 
 namespace velmar::tool {
 namespace {

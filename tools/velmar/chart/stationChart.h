@@ -4,8 +4,8 @@
 #include <string>
 
 #include "chart/chart.h"
-#include "stationElements.h"
-#include "stationFile.h"
+#include "read/stationElements.h"
+#include "read/stationFile.h"
 
 namespace velmar::tool {
 

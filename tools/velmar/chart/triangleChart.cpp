@@ -1,11 +1,11 @@
 #include "chart/triangleChart.h"
 
 #include "chart/drawSheet.h"
-#include "chart/graticuleLayer.h"
-#include "chart/isolineLayer.h"
-#include "chart/mapLayer.h"
-#include "chart/stationLayer.h"
-#include "chart/triangleLayer.h"
+#include "chart/layers/graticuleLayer.h"
+#include "chart/layers/isolineLayer.h"
+#include "chart/layers/mapLayer.h"
+#include "chart/layers/stationLayer.h"
+#include "chart/layers/triangleLayer.h"
 
 namespace velmar::tool {
 

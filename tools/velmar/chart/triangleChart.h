@@ -3,7 +3,7 @@
 #include <string>
 
 #include "chart/stationChart.h"
-#include "triangles.h"
+#include "compute/triangles.h"
 
 namespace velmar::tool {
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "chart/paper/page.h"
+#include "compute/centers.h"
+
+namespace velmar::tool {
+
+/// H and L at the centres of highs and lows, with their values below: as many as there is room for, the most
+/// prominent before others.
+class CenterLayer : public Layer {
+public:
+    explicit CenterLayer(const ContourSet& set) : set_(set) {}
+    void place(Page& page) override;
+    void draw(Page& page) const override;
+
+private:
+    struct Mark {
+        Center center;
+        PaperPoint place;
+    };
+    void placeMark(Page& page, const Mark& mark);
+
+    const ContourSet& set_;
+    std::vector<Mark> marks_;
+};
+
+}  // namespace velmar::tool

@@ -1,0 +1,135 @@
+#include "cli/jobs.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <new>
+
+#include "cli/callFiles.h"
+#include "cli/problem.h"
+
+namespace velmar::tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isThreeDigits(std::string_view text) {
+    return text.size() == 3 && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::string formatOfEnding(const std::string& output, const std::vector<std::string>& formats) {
+    std::string ending = fs::path(output).extension().string();
+    std::ranges::transform(ending, ending.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    if (!ending.empty() && isThreeDigits(std::string_view(ending).substr(1)))
+        ending = std::string(".") + gridFormat;
+    const auto format = std::ranges::find_if(formats, [&](const auto& name) { return ending == "." + name; });
+    if (format == formats.end())
+        throw CLI::ValidationError(
+            "-o", fmt::format("\"{}\" should end in .{}", output, fmt::join(formats, ", .")));
+    return *format;
+}
+
+Job planSingle(const OutputOptions& options, const std::vector<std::string>& formats) {
+    Job job{
+        .input = options.inputs.front(), .output = options.output, .format = options.format, .obstacle = {}};
+    if (job.output == "-") {
+        if (job.format.empty()) job.format = formats.front();
+        return job;
+    }
+    const std::string format = formatOfEnding(job.output, formats);
+    if (!job.format.empty() && job.format != format)
+        throw CLI::ValidationError("--format",
+                                   fmt::format("\"{}\" is not the ending of {}", job.format, job.output));
+    job.format = format;
+    return job;
+}
+
+/// The ending is added to the input's whole name, because the part behind its dot is often the forecast hour.
+std::vector<Job> planFolder(const OutputOptions& options, const std::string& format) {
+    std::vector<Job> jobs;
+    for (const std::string& input : options.inputs) {
+        const fs::path output =
+            fs::path(options.folder) / (fs::path(input).filename().string() + "." + format);
+        jobs.push_back({.input = input, .output = output.string(), .format = format, .obstacle = {}});
+    }
+    return jobs;
+}
+
+void claimOutputs(std::vector<Job>& jobs, CallFiles& files) {
+    for (Job& job : jobs) {
+        try {
+            files.claim(job.output, job.input);
+        } catch (const Problem& problem) {
+            job.obstacle = problem.what();
+        }
+    }
+}
+
+void makeFolder(const std::string& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (!fs::is_directory(folder, error))
+        throw CLI::ValidationError("--out-dir", fmt::format("the folder \"{}\" cannot be made", folder));
+}
+
+}  // namespace
+
+void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
+                      const std::string& inputs) {
+    command.add_option("FILE", options.inputs, inputs)->required();
+    command.add_option(
+        "-o,--output", options.output,
+        fmt::format("Output file, its ending one of .{}; - is standard output", fmt::join(formats, ", .")));
+    command.add_option("--out-dir", options.folder,
+                       "Folder for the outputs of several files: each gets its input's name and an ending");
+    command
+        .add_option("--format", options.format,
+                    fmt::format("Format for -o - and --out-dir (default {})", formats.front()))
+        ->check(CLI::IsMember(formats));
+}
+
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
+                          CallFiles& files) {
+    if (options.output.empty() == options.folder.empty())
+        throw CLI::ValidationError("output", "say either -o FILE or --out-dir FOLDER");
+    std::vector<Job> jobs;
+    if (!options.output.empty()) {
+        if (options.inputs.size() > 1)
+            throw CLI::ValidationError("-o", "it takes one input; for several there is --out-dir");
+        jobs.push_back(planSingle(options, formats));
+    } else {
+        makeFolder(options.folder);
+        jobs = planFolder(options, options.format.empty() ? formats.front() : options.format);
+    }
+    claimOutputs(jobs, files);
+    return jobs;
+}
+
+std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats) {
+    CallFiles files(options);
+    return planJobs(options, formats, files);
+}
+
+int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work) {
+    Reporter reporter(jobs.size());
+    int exitCode = success;
+    for (const Job& job : jobs) {
+        try {
+            if (!job.obstacle.empty()) throw Problem(job.obstacle);
+            work(job, reporter);
+        } catch (const std::bad_alloc&) {
+            reporter.tell(job.input, "there is not enough memory for it");
+            exitCode = someFilesFailed;
+        } catch (const std::exception& error) {
+            reporter.tell(job.input, error.what());
+            exitCode = someFilesFailed;
+        }
+        reporter.fileDone();
+    }
+    return exitCode;
+}
+
+}  // namespace velmar::tool

@@ -1,0 +1,41 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "cli/jobs.h"
+#include "cli/levels.h"
+#include "commands/commands.h"
+#include "compute/contours.h"
+#include "write/lineWriter.h"
+
+namespace velmar::tool {
+namespace {
+
+const std::vector<std::string> formats{"geojson", "csv"};
+
+struct ContourOptions {
+    OutputOptions output;
+    LevelOptions levels;
+};
+
+int runContour(const ContourOptions& options) {
+    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
+        const GridFile file = readGridFile(job.input);
+        const LevelPlan plan = planLevels(options.levels, file);
+        reporter.tell(job.input, plan.notice);
+        const ContourSet set = drawContours(file, plan.levels);
+        writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
+    });
+}
+
+}  // namespace
+
+void addContourCommand(CLI::App& program, int& exitCode) {
+    const auto options = std::make_shared<ContourOptions>();
+    CLI::App* command =
+        program.add_subcommand("contour", "Write the contour lines of grids as GeoJSON or CSV");
+    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4)");
+    addLevelOptions(*command, options->levels);
+    command->callback([options, &exitCode] { exitCode = runContour(*options); });
+}
+
+}  // namespace velmar::tool

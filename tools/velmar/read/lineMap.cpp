@@ -1,0 +1,135 @@
+#include "read/lineMap.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "base/scanner.h"
+#include "cli/problem.h"
+#include "cli/text.h"
+#include "files/mapFile.h"
+#include "files/polyline.h"
+#include "files/regionFile.h"
+
+namespace velmar::tool {
+namespace {
+
+constexpr int mapFileType = 9;
+constexpr std::array lineTypes{777, 778, 780};
+constexpr double circle = 360;
+
+bool isLineType(int type) { return std::ranges::find(lineTypes, type) != lineTypes.end(); }
+
+std::string breakOff(const LineMap& map, const char* what) {
+    return fmt::format("the file breaks off: {} {} of it can be read", map.lines.size(), what);
+}
+
+void readMap(const FileHead& head, LineMap& map) {
+    base::TextScanner in(head.file.view());
+    const auto form = files::readMapHead(in);
+    if (!form) throw Problem("its header cannot be read: ten integers are expected in front of the lines");
+    files::MapLines lines;
+    const bool whole = files::readMapLines(in, *form, lines, nullptr);
+    std::size_t first = 0;
+    for (const files::MapLines::Line& line : lines.lines) {
+        map.lines.push_back({first, line.points, line.attribute1, line.attribute2, {}});
+        first += line.points;
+    }
+    map.coordinates = std::move(lines.coordinates);
+    if (!whole) map.notice = breakOff(map, "lines");
+}
+
+void readLine(const FileHead& head, LineMap& map) {
+    const auto kind = head.kind.type == 780 ? files::PolylineKind::type780 : files::PolylineKind::type777;
+    std::optional<files::Polyline> line = files::readPolyline(head.file.view(), kind);
+    if (!line) throw Problem("its header or its points cannot be read");
+    map.coordinates = std::move(line->coordinates);
+    map.lines.push_back({0, map.coordinates.size() / 2, 0, 0, {}});
+}
+
+void readRegions(const FileHead& head, LineMap& map) {
+    base::TextScanner in(head.file.view());
+    std::optional<base::NamedOutlines> regions = files::readRegions(in);
+    if (!regions) throw Problem("its header cannot be read");
+    for (const auto& [name, firstPoint, points, isWhole] : regions->outlines)
+        map.lines.push_back({firstPoint, points, 0, 0, gbkToUtf8(regions->names.data() + name)});
+    map.coordinates = std::move(regions->coordinates);
+    if (!regions->outlines.empty() && !regions->outlines.back().isWhole)
+        map.notice = breakOff(map, "regions");
+}
+
+/// The longitudes of the points on the globe, from 0 to 360.
+std::vector<double> longitudesOf(const LineMap& map) {
+    std::vector<double> longitudes;
+    longitudes.reserve(map.coordinates.size() / 2);
+    for (std::size_t k = 0; k < map.coordinates.size(); k += 2) {
+        const double longitude = map.coordinates[k];
+        if (std::fabs(longitude) <= 2 * circle && std::fabs(map.coordinates[k + 1]) <= 90)
+            longitudes.push_back(longitude - circle * std::floor(longitude / circle));
+    }
+    return longitudes;
+}
+
+struct Stretch {
+    double west;
+    double east;
+};
+
+/// What is left of the circle without its widest gap.
+Stretch withoutGap(std::vector<double> longitudes) {
+    std::ranges::sort(longitudes);
+    double widest = longitudes.front() + circle - longitudes.back();
+    Stretch stretch{longitudes.front(), longitudes.back()};
+    for (std::size_t k = 1; k < longitudes.size(); ++k) {
+        const double gap = longitudes[k] - longitudes[k - 1];
+        if (gap <= widest) continue;
+        widest = gap;
+        stretch = {longitudes[k] - circle, longitudes[k - 1]};
+    }
+    return stretch;
+}
+
+}  // namespace
+
+bool isLineMap(const FileHead& head) {
+    return head.kind.type == mapFileType || head.kind.type == regionFileType || isLineType(head.kind.type);
+}
+
+LineMap readLineMap(const FileHead& head) {
+    if (!isLineMap(head))
+        throw Problem(
+            fmt::format("it holds no lines of a map: {} (type {})", head.kind.name, head.kind.type));
+    LineMap map{};
+    map.title = head.title;
+    if (head.kind.type == mapFileType)
+        readMap(head, map);
+    else if (head.kind.type == regionFileType)
+        readRegions(head, map);
+    else
+        readLine(head, map);
+    if (map.lines.empty()) throw Problem("no line of it can be read");
+    return map;
+}
+
+Bounds boundsOf(const LineMap& map) {
+    std::vector<double> longitudes = longitudesOf(map);
+    if (longitudes.empty()) throw Problem("none of its points is on the globe");
+    double south = 90;
+    double north = -90;
+    for (std::size_t k = 1; k < map.coordinates.size(); k += 2) {
+        const double latitude = map.coordinates[k];
+        if (!(std::fabs(latitude) <= 90)) continue;
+        south = std::min(south, latitude);
+        north = std::max(north, latitude);
+    }
+    const auto [west, east] = withoutGap(std::move(longitudes));
+    const double margin = std::max(0.03 * std::max(east - west, north - south), 0.1);
+    constexpr double wholeCircle = 350;
+    const bool isGlobal = east - west + 2 * margin > wholeCircle;
+    return {isGlobal ? -180 : west - margin, isGlobal ? 180 : east + margin, std::max(south - margin, -90.0),
+            std::min(north + margin, 90.0)};
+}
+
+}  // namespace velmar::tool
