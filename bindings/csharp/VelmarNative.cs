@@ -8,8 +8,8 @@ namespace Velmar
 {
     /// <summary>The exports of the native library, as they are.</summary>
     /// <remarks>Paths and names are NUL-terminated bytes: see <see cref="NativeText"/>. Returned blocks are released
-    /// with <see cref="freecPointer"/>, or by a <see cref="VelmarBlock"/>. Calls must not overlap: hosts with
-    /// several threads hold <see cref="Gate"/> during a call, as the typed layer does.</remarks>
+    /// with <see cref="freecPointer"/>, or by a <see cref="VelmarBlock"/>. Calls from several threads
+    /// wait for each other; those that belong together are kept so by <see cref="Gate"/>, as the typed layer does.</remarks>
     public static class VelmarNative
     {
         /// <summary>The library: velmarBaseA.dll on Windows, libvelmarBaseA.so on Linux.</summary>
