@@ -11,6 +11,9 @@ namespace velmar::grid {
 /// Grid points without data carry this value in the files of the diamond family.
 inline constexpr float missingInFiles = 9999.0F;
 
+/// More levels than this, of lines or of bands, are taken for a mistake, and the list of levels is empty then.
+inline constexpr std::size_t mostLevels = 1'000'000;
+
 /// Number of values of an nx by ny grid, 0 when nx or ny is not positive. A number too large for any memory or file
 /// (on a 32-bit host, for instance) is replaced by one that leaves room for what callers add to it.
 constexpr std::size_t valueCount(int nx, int ny) {

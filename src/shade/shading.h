@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <span>
 
-#include "contour/levels.h"
 #include "grid/grid.h"
 #include "shade/polygons.h"
 #include "shade/trace.h"
@@ -34,7 +33,7 @@ private:
         : levels_(levels), colours_(colours), count_(mayBeMeant(count) ? count : 0) {}
 
     static bool mayBeMeant(int count) {
-        return count > 0 && static_cast<std::size_t>(count) <= contour::mostLevels;
+        return count > 0 && static_cast<std::size_t>(count) <= grid::mostLevels;
     }
 
     const float* levels_;
