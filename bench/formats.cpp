@@ -12,8 +12,8 @@
 #include "capi/state.h"
 #include "counters.h"
 #include "files/regionFile.h"
-#include "rain/dateKey.h"
 #include "rain/rainTable.h"
+#include "rain/rainTimes.h"
 #include "velmarBaseA.h"
 
 namespace {

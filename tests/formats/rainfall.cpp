@@ -4,8 +4,8 @@
 #include <map>
 #include <random>
 
-#include "rain/dateKey.h"
 #include "rain/rainTable.h"
+#include "rain/rainTimes.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 
