@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "analysis/reach.h"
+#include "analysis/distance.h"
 #include "grid/grid.h"
 
 namespace velmar::analysis {
@@ -29,5 +29,18 @@ inline std::vector<float> columnLongitudes(const grid::GridPlace& place, LineRan
         longitudes.push_back(place.x0 + static_cast<float>(static_cast<int>(i)) * place.dx);
     return longitudes;
 }
+
+/// Weighted sums of what stations bring to the points of a row, and of the weights.
+struct RowSums {
+    std::vector<double> sums;
+    std::vector<double> weights;
+
+    explicit RowSums(std::size_t points) : sums(points), weights(points) {}
+
+    void clear() {
+        std::fill(sums.begin(), sums.end(), 0.0);
+        std::fill(weights.begin(), weights.end(), 0.0);
+    }
+};
 
 }  // namespace velmar::analysis

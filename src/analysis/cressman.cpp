@@ -7,7 +7,6 @@
 #include "analysis/capAndMask.h"
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
-#include "analysis/rowSums.h"
 #include "base/messages.h"
 #include "base/progress.h"
 #include "base/wideVectors.h"

@@ -82,6 +82,9 @@ struct State {
     std::optional<regions::RegionTable> regions;
 };
 
-State& state();
+inline State& state() {
+    static State instance;
+    return instance;
+}
 
 }  // namespace velmar::capi

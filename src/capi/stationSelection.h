@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "analysis/analysisArea.h"
+#include "analysis/area.h"
 #include "analysis/stations.h"
 #include "base/outcome.h"
 #include "files/surfaceReports.h"

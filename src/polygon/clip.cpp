@@ -1,4 +1,4 @@
-#include "polygon/clip.h"
+#include "polygon/polygon.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "polygon/fill.h"
+#include "polygon/polygon.h"
 
 namespace velmar::polygon {
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "base/stationValue.h"
+#include "base/records.h"
 
 namespace velmar::rain {
 

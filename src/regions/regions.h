@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "base/namedOutlines.h"
+#include "base/records.h"
 #include "grid/grid.h"
 #include "regions/boxIndex.h"
 

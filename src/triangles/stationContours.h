@@ -4,7 +4,7 @@
 
 #include "triangles/chains.h"
 #include "triangles/stationLevels.h"
-#include "triangles/stations.h"
+#include "triangles/triangulation.h"
 
 namespace velmar::triangles {
 

@@ -1,10 +1,12 @@
 #include "triangles/triangulation.h"
 
 #include <cmath>
+#include <limits>
 #include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "triangles/edge.h"
-#include "triangles/edgeCounts.h"
 
 namespace velmar::triangles {
 namespace {
@@ -48,6 +50,31 @@ std::optional<Triangle> firstTriangle(const StationsView& stations) {
     if (!third) return std::nullopt;
     return Triangle{0, *second, *third};
 }
+
+/// In how many triangles each edge is.
+class EdgeCounts {
+public:
+    void reserve(std::size_t edges) { counts_.reserve(edges); }
+
+    void add(const Triangle& triangle) {
+        const auto [a, b, c] = triangle;
+        ++counts_[keyOf(a, b)];
+        ++counts_[keyOf(a, c)];
+        ++counts_[keyOf(b, c)];
+    }
+
+    int operator()(std::uint32_t a, std::uint32_t b) const {
+        const auto found = counts_.find(keyOf(a, b));
+        return found == counts_.end() ? 0 : found->second;
+    }
+
+private:
+    static std::uint64_t keyOf(std::uint32_t a, std::uint32_t b) {
+        return a < b ? std::uint64_t{a} << 32U | b : std::uint64_t{b} << 32U | a;
+    }
+
+    std::unordered_map<std::uint64_t, int> counts_;
+};
 
 /// The triangles, and what is needed to grow more.
 class Growth {

@@ -1,12 +1,21 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
-#include "triangles/stations.h"
-
 namespace velmar::triangles {
+
+/// Stations on a plane map: longitudes, latitudes and values in the same order.
+struct StationsView {
+    std::span<const float> x;
+    std::span<const float> y;
+    std::span<const float> values;
+
+    std::size_t count() const { return x.size(); }
+};
 
 /// Numbers of three stations.
 using Triangle = std::array<std::uint32_t, 3>;

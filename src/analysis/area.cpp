@@ -1,4 +1,4 @@
-#include "analysis/analysisArea.h"
+#include "analysis/area.h"
 
 namespace velmar::analysis {
 

@@ -4,6 +4,7 @@
 #include "base/progress.h"
 #include "capi/barrier.h"
 #include "capi/state.h"
+#include "sphere/greatCircle.h"
 #include "triangles/stationContours.h"
 #include "velmarBaseA.h"
 
@@ -50,4 +51,12 @@ std::intptr_t SanJiao(const float* x, const float* y, float* values, const float
             .release();
     });
     return reinterpret_cast<std::intptr_t>(block);
+}
+
+void FJJS2(float lon1, float lat1, float lon2, float lat2, float* bearing, float* angle,
+           float* distance) noexcept {
+    const auto way = velmar::sphere::greatCircle({lon1, lat1}, {lon2, lat2});
+    if (bearing != nullptr) *bearing = way.bearing;
+    if (angle != nullptr) *angle = way.angle;
+    if (distance != nullptr) *distance = way.distance;
 }
