@@ -6,7 +6,7 @@
 #include "analysis/area.h"
 #include "analysis/stations.h"
 #include "base/outcome.h"
-#include "files/surfaceReports.h"
+#include "files/reports.h"
 
 namespace velmar::capi {
 
