@@ -14,8 +14,8 @@ struct ReportLayout {
     std::size_t headerIntegers;  ///< after keyword, type and description; the last is the number of records
     std::size_t fields;          ///< numbers of a record in the file
     std::size_t extraFields;     ///< numbers that follow where the last two fields say so
-    std::uint32_t wholeFields =
-        0;  ///< bit k: field k is read as an integer, and the record ends at a decimal point
+    /// Bit k: field k is read as an integer, so that the next one begins at a decimal point in it.
+    std::uint32_t wholeFields = 0;
 };
 
 inline constexpr ReportLayout surfaceReports{5, 24, 2};   // type 1
