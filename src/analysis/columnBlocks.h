@@ -26,7 +26,8 @@ inline std::vector<float> columnLongitudes(const grid::GridPlace& place, LineRan
     std::vector<float> longitudes;
     longitudes.reserve(block.count);
     for (std::size_t i = block.first; i < block.end(); ++i)
-        longitudes.push_back(place.x0 + static_cast<float>(static_cast<int>(i)) * place.dx);
+        longitudes.push_back(place.startLongitude +
+                             static_cast<float>(static_cast<int>(i)) * place.longitudeStep);
     return longitudes;
 }
 

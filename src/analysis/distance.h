@@ -38,7 +38,7 @@ inline LineRange linesWithin(double start, double step, LineRange block, double 
 inline float length(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }
 
 inline float rowLatitude(const grid::GridPlace& place, int j) {
-    return place.y0 + static_cast<float>(j) * place.dy;
+    return place.startLatitude + static_cast<float>(j) * place.latitudeStep;
 }
 
 /// A station seen from a grid row on an earth that is flat nearby: a difference of longitudes counts as much
@@ -62,7 +62,8 @@ struct StationFromRow {
 
     /// The columns of a block that may lie within a distance, counted from the block's first one.
     LineRange columnsWithin(float distance, const grid::GridPlace& place, LineRange block) const {
-        return linesWithin(place.x0, place.dx, block, longitude, distance / std::fabs(cosine));
+        return linesWithin(place.startLongitude, place.longitudeStep, block, longitude,
+                           distance / std::fabs(cosine));
     }
 
 private:

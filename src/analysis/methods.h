@@ -28,9 +28,9 @@ inline base::Floats runCressman(const AnalysisArea& area, const StationView& sta
 /// The bounds are cut to whole degrees.
 inline base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
                               float maskRadius) {
-    const Bounds& b = area.bounds;
-    const WholeBounds whole{base::truncateToInt(b.startLongitude), base::truncateToInt(b.endLongitude),
-                            base::truncateToInt(b.startLatitude), base::truncateToInt(b.endLatitude)};
+    const base::LonLatBox& b = area.bounds;
+    const WholeLonLatBox whole{base::truncateToInt(b.west), base::truncateToInt(b.east),
+                               base::truncateToInt(b.south), base::truncateToInt(b.north)};
     return analyseBarnes({barnesParameters.kappa, radius, barnesParameters.gamma}, area.size, whole, stations,
                          maskRadius);
 }

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "base/points.h"
+
 /// Records that files hold and methods work on.
 namespace velmar::base {
 
@@ -40,18 +42,14 @@ struct Sounding {
     float totalTotals = 0;       ///< after Miller (1967), degrees
 };
 
-/// Outlines with names, their names and points in one array each.
-struct NamedOutlines {
-    struct Outline {
-        std::size_t name;        ///< where the name begins among the names
-        std::size_t firstPoint;  ///< where its points begin among the coordinates, counted in points
-        std::size_t points;
-        bool isWhole;  ///< all the points that it should have are there
-    };
+/// A named outline. Points that it should have may be missing.
+struct NamedOutline : PointRun {
+    std::size_t name;  ///< where the name begins among the names
+    bool isWhole;
+};
 
-    std::vector<Outline> outlines;
-    std::vector<char> names;         ///< each with a zero at its end
-    std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees
+struct NamedOutlines : PointRuns<NamedOutline, LonLat> {
+    std::vector<char> names;  ///< each with a zero at its end
 };
 
 }  // namespace velmar::base

@@ -11,23 +11,19 @@
 namespace velmar::capi {
 namespace {
 
-ResultBlock packLines(const triangles::Lines& lines) {
-    if (lines.lines.empty()) return nullptr;
-    const std::size_t size = 1 + 2 * (lines.points.size() + lines.lines.size());
+ResultBlock packLines(const triangles::StationLines& lines) {
+    if (lines.runs.empty()) return nullptr;
+    const std::size_t size = 1 + 2 * (lines.points.size() + lines.runs.size());
     base::progress(base::messages::stationLinesSize, {size});
     ResultBlock block = base::allocateFloats(size);
     BlockWriter out(block);
     out.appendCount(size);
-    auto point = lines.points.begin();
     std::size_t next = 1;
-    for (const auto& [points, level] : lines.lines) {
-        out.appendCount(points);
-        out.append(level);
-        for (const auto end = point + static_cast<std::ptrdiff_t>(points); point != end; ++point) {
-            out.append(point->x);
-            out.append(point->y);
-        }
-        next += 2 + 2 * points;
+    for (const triangles::StationLine& line : lines.runs) {
+        out.appendCount(line.pointCount);
+        out.append(line.level);
+        out.append(lines.pointsOf(line));
+        next += 2 + 2 * line.pointCount;
         base::progress(base::messages::nextElement, {next});
     }
     return block;
@@ -42,8 +38,8 @@ std::intptr_t SanJiao(const float* x, const float* y, float* values, const float
     constexpr int leastStations = 3;
     if (n < leastStations || mode < 0 || mode > 2 || x == nullptr || y == nullptr || values == nullptr)
         return 0;
-    const triangles::LevelRequest request{static_cast<triangles::LevelChoice>(mode), start, interval, levels,
-                                          levels == nullptr ? 0 : levelCount};
+    const triangles::StationLevelRequest request{static_cast<triangles::LevelChoice>(mode), start, interval,
+                                                 levels, levels == nullptr ? 0 : levelCount};
     const auto count = static_cast<std::size_t>(n);
     float* const block = capi::guarded<float*>(nullptr, [&] {
         return capi::packLines(triangles::contourStations({x, count}, {y, count}, {values, count}, request,

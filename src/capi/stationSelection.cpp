@@ -27,8 +27,8 @@ std::optional<analysis::StationView> stationsOf(int n, const float* lon, const f
 
 void SelectedStations::add(float longitude, float latitude, float value) {
     stations.add(longitude, latitude, value);
-    extent.addLongitude(longitude);
-    extent.addLatitude(latitude);
+    extent.includeLongitude(longitude);
+    extent.includeLatitude(latitude);
     if (value > largest) largest = value;
     if (value < smallest) smallest = value;
 }

@@ -23,7 +23,7 @@ inline analysis::AreaRequest areaRequest(int autoBounds, float startLon, float e
 /// The stations with a value, in the order in which they were found, their extent and the range of their values.
 struct SelectedStations {
     analysis::Stations stations;
-    analysis::Extent extent;
+    base::LonLatBox extent;
     float largest = -1e16F;
     float smallest = 1e16F;
 

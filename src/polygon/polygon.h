@@ -3,16 +3,20 @@
 #include <cstddef>
 #include <vector>
 
-#include "grid/grid.h"
-
 namespace velmar::polygon {
+
+/// A corner of a polygon, in the host's coordinates.
+struct Vertex {
+    float x;
+    float y;
+};
 
 /// A view of a polygon: pairs x, y. The last point joins the first.
 struct PolygonView {
     const float* coordinates;
     std::size_t count;
 
-    grid::Point at(std::size_t k) const { return {coordinates[2 * k], coordinates[2 * k + 1]}; }
+    Vertex at(std::size_t k) const { return {coordinates[2 * k], coordinates[2 * k + 1]}; }
 };
 
 /// A rectangle with sides along the axes. The sides belong to it.
@@ -26,8 +30,8 @@ struct Rectangle {
 /// A directed edge along one of the axes. Its inside is the half plane on its left, its own line included. An
 /// edge whose ends are equal, or not numbers, has no inside.
 struct ClipEdge {
-    grid::Point from;
-    grid::Point to;
+    Vertex from;
+    Vertex to;
 };
 
 /// Clips a polygon by one edge and returns pairs x, y: a stage of the method of Sutherland and Hodgman
