@@ -31,10 +31,10 @@ public:
     bool reaches(float level) const { return whole_.lowest <= level && level < whole_.highest; }
 
     /// The bits of the points of row j that have data and lie above the level.
-    void classifyRow(int j, float level, std::span<std::uint64_t> above) const;
+    void classifyRow(int j, float level, std::span<Word> above) const;
 
     /// The bits of the points of row j that have data.
-    std::span<const std::uint64_t> defined(int j) const { return {defined_.row(j), defined_.wordsPerRow()}; }
+    std::span<const Word> defined(int j) const { return {defined_.row(j), defined_.wordsPerRow()}; }
 
     bool hasData(int i, int j) const { return defined_.test(i, j); }
 

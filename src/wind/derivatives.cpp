@@ -30,7 +30,7 @@ struct Row {
     const float* northernQ;
     double southernCosine;
     double northernCosine;
-    double latitudeSpan;  ///< between the neighbouring rows, radians; negated for the difference
+    double latitudeSpan;  ///< between the neighbouring rows, radians; negated for the vorticity
     float circle;         ///< earth's radius times the cosine of latitude, metres
 };
 
@@ -54,28 +54,29 @@ void differentiateRow(const Row& row, const double* longitudeSpans, int nx, floa
 std::vector<double> longitudeSpansOf(int nx, const grid::GridPlace& place) {
     std::vector<double> spans(static_cast<std::size_t>(nx));
     for (int i = 1; i < nx - 1; ++i) {
-        spans[static_cast<std::size_t>(i)] = static_cast<double>(position(i + 1, place.dx, place.x0)) -
-                                             static_cast<double>(position(i - 1, place.dx, place.x0));
+        spans[static_cast<std::size_t>(i)] =
+            static_cast<double>(position(i + 1, place.longitudeStep, place.startLongitude)) -
+            static_cast<double>(position(i - 1, place.longitudeStep, place.startLongitude));
     }
     return spans;
 }
 
 }  // namespace
 
-base::Floats differentiate(const FieldPair& fields, const grid::GridPlace& place, Combination combination) {
-    const auto& [p, q, missing] = fields;
+base::Floats differentiate(const WindPair& wind, const grid::GridPlace& place, WindDerivative derivative) {
+    const auto& [p, q, missing] = wind;
     if (p.size() == 0) return nullptr;
     base::Floats result = base::allocateFloats(p.size());
     std::fill_n(result.get(), p.size(), missing);
     const std::vector<double> longitudeSpans = longitudeSpansOf(p.nx, place);
     for (int j = 1; j < p.ny - 1; ++j) {
-        const double south = position(j - 1, place.dy, place.y0);
-        const double north = position(j + 1, place.dy, place.y0);
-        const float circle =
-            static_cast<float>(base::cosine(static_cast<double>(position(j, place.dy, place.y0)))) *
-            earthRadius;
+        const double south = position(j - 1, place.latitudeStep, place.startLatitude);
+        const double north = position(j + 1, place.latitudeStep, place.startLatitude);
+        const float circle = static_cast<float>(base::cosine(
+                                 static_cast<double>(position(j, place.latitudeStep, place.startLatitude)))) *
+                             earthRadius;
         if (circle <= singular) continue;
-        const double span = combination == Combination::sum ? north - south : south - north;
+        const double span = derivative == WindDerivative::divergence ? north - south : south - north;
         const Row row{p.row(j), q.row(j - 1), q.row(j + 1), base::cosine(south), base::cosine(north),
                       span,     circle};
         differentiateRow(row, longitudeSpans.data(), p.nx, missing, result.get() + (p.row(j) - p.values));
