@@ -25,6 +25,10 @@ std::string latitudeText(double degrees);
 /// "592.8 at 25°N 165°E"
 std::string placedText(const PlacedValue& place);
 
+/// The year that the year of a header stands for. Headers have four digits or two, of which 50 to 99 are years of the
+/// last century and 0 to 49 of this one.
+int fullYear(int year);
+
 /// "2011-10-08 00:00", or the numbers as the file has them when they are no date.
 std::string startTimeText(const files::FieldHeader& header);
 

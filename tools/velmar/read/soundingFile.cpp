@@ -62,8 +62,7 @@ Sounding soundingOf(const base::Sounding& raw) {
     return sounding;
 }
 
-/// The date as the file has it. The library takes all years of two digits for those from 2000 on; here, as in all
-/// dates that the program shows, those from 50 on are of the century before.
+/// Reads the date as the file has it: the library's takes all years of two digits for those from 2000 on.
 void readHeader(const FileHead& head, SoundingFile& file) {
     base::TextScanner in(head.file.view());
     std::string_view keyword;
@@ -75,7 +74,6 @@ void readHeader(const FileHead& head, SoundingFile& file) {
             "its header cannot be read: year, month, day, hour and the number of soundings are expected "
             "behind "
             "the title");
-    if (file.time.year >= 0 && file.time.year < 50) file.time.year += 2000;
     file.title = head.title;
 }
 
