@@ -32,11 +32,14 @@ std::vector<std::string> pictureNames(const Job& job, const SoundingFile& file) 
 }
 
 void drawIntoFolder(const Job& job, const SoundingFile& file, const std::optional<PaperSize>& size,
-                    CallFiles& files) {
+                    CallFiles& files, Reporter& reporter) {
     const std::vector<std::string> names = pictureNames(job, file);
+    std::vector<std::string> pictures;
+    for (const Sounding& sounding : file.soundings)
+        pictures.push_back(drawSoundings(withOnly(file, sounding), size, job.format));
+    reporter.awaitTurn();
     for (const std::string& name : names) files.claim(name, job.input);
-    for (std::size_t k = 0; k < names.size(); ++k)
-        writeOutput(names[k], drawSoundings(withOnly(file, file.soundings[k]), size, job.format));
+    for (std::size_t k = 0; k < names.size(); ++k) writeOutput(names[k], pictures[k]);
 }
 
 }  // namespace
@@ -48,7 +51,7 @@ void chartSoundings(const Job& job, const FileHead& head, const SoundingChartReq
     if (request.station) keepStation(file, *request.station);
     if (file.soundings.empty()) throw Problem("it has no sounding that can be read");
     if (job.format == "pdf") return writeOutput(job.output, drawSoundings(file, request.size, job.format));
-    if (request.intoFolder) return drawIntoFolder(job, file, request.size, files);
+    if (request.intoFolder) return drawIntoFolder(job, file, request.size, files, reporter);
     const Sounding& first = file.soundings.front();
     if (file.soundings.size() > 1)
         reporter.tell(

@@ -47,7 +47,7 @@ void addCenters(CLI::App& command, ChartOptions& chart) {
 LineMap readMap(const std::string& path) {
     try {
         LineMap map = readLineMap(readFileHead(path));
-        Reporter(1).tell(path, map.notice);
+        tellUser(path, map.notice);
         return map;
     } catch (const Problem& problem) {
         throw CLI::ValidationError("--map", fmt::format("{}: {}", path, problem.what()));

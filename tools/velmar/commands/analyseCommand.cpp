@@ -118,7 +118,7 @@ void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& report
 }
 
 int runAnalyse(const AnalyseOptions& options) {
-    return runJobs(planJobs(options.output, formats),
+    return runJobs(planJobs(options.output, formats), options.output.workers,
                    [&](const Job& job, Reporter& reporter) { analyseFile(job, options, reporter); });
 }
 

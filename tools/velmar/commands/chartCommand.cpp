@@ -213,12 +213,14 @@ void soundingCharts(const Job& job, const FileHead& head, const ChartCommandOpti
 
 int runChart(const ChartCommandOptions& options) {
     CallFiles files(options.output);
-    return runJobs(planJobs(options.output, formats, files), [&](const Job& job, Reporter& reporter) {
-        const FileHead head = readFileHead(job.input);
-        if (isSoundingFile(head)) return soundingCharts(job, head, options, files, reporter);
-        tellUnused(job, reporter, "it", {{options.station.has_value(), "soundings for --station"}});
-        writeOutput(job.output, chartOf(job, head, options, reporter));
-    });
+    return runJobs(
+        planJobs(options.output, formats, files), options.output.workers,
+        [&](const Job& job, Reporter& reporter) {
+            const FileHead head = readFileHead(job.input);
+            if (isSoundingFile(head)) return soundingCharts(job, head, options, files, reporter);
+            tellUnused(job, reporter, "it", {{options.station.has_value(), "soundings for --station"}});
+            writeOutput(job.output, chartOf(job, head, options, reporter));
+        });
 }
 
 }  // namespace

@@ -18,13 +18,14 @@ struct ContourOptions {
 };
 
 int runContour(const ContourOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const GridFile file = readGridFile(job.input);
-        const LevelPlan plan = planLevels(options.levels, file);
-        reporter.tell(job.input, plan.notice);
-        const ContourSet set = drawContours(file, plan.levels);
-        writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
-    });
+    return runJobs(planJobs(options.output, formats), options.output.workers,
+                   [&](const Job& job, Reporter& reporter) {
+                       const GridFile file = readGridFile(job.input);
+                       const LevelPlan plan = planLevels(options.levels, file);
+                       reporter.tell(job.input, plan.notice);
+                       const ContourSet set = drawContours(file, plan.levels);
+                       writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
+                   });
 }
 
 }  // namespace

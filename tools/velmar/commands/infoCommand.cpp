@@ -21,6 +21,7 @@ namespace {
 struct InfoOptions {
     std::vector<std::string> inputs;
     bool json = false;
+    std::size_t workers = 0;
 };
 
 Json extremeJson(const PlacedValue& extreme) {
@@ -186,11 +187,12 @@ int runInfo(const InfoOptions& options) {
     for (const std::string& input : options.inputs) jobs.push_back({input, "-", {}, {}});
     Json list = Json::array();
     std::string text;
-    const int exitCode = runJobs(jobs, [&](const Job& job, Reporter& reporter) {
-        if (options.json)
-            list.push_back(describeJson(job.input, reporter));
-        else
-            text += describe(job.input, reporter);
+    const int exitCode = runJobs(jobs, options.workers, [&](const Job& job, Reporter& reporter) {
+        const Json json = options.json ? describeJson(job.input, reporter) : Json();
+        const std::string lines = options.json ? std::string() : describe(job.input, reporter);
+        reporter.awaitTurn();
+        if (options.json) list.push_back(json);
+        text += lines;
     });
     if (options.json && (jobs.size() > 1 || !list.empty())) {
         const Json& result = jobs.size() > 1 ? list : list.front();
@@ -209,6 +211,7 @@ void addInfoCommand(CLI::App& program, int& exitCode) {
     command->add_option("FILE", options->inputs, "Files of the diamond family")->required();
     command->add_flag("--json", options->json,
                       "Answer in JSON: an object for one file, an array for several");
+    addWorkersOption(*command, options->workers);
     command->callback([options, &exitCode] { exitCode = runInfo(*options); });
 }
 

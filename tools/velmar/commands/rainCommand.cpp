@@ -105,7 +105,7 @@ int runRain(RainOptions& options) {
     checkSpan(options.span);
     options.output.inputs = {options.directory};
     if (options.output.output.empty()) options.output.output = "-";
-    return runJobs(planJobs(options.output, rainFormats), [&](const Job& job, Reporter& reporter) {
+    return runJobs(planJobs(options.output, rainFormats), 1, [&](const Job& job, Reporter& reporter) {
         const RainSum sum = sumRain(job.input, options.span);
         for (const std::string& notice : sum.notices) reporter.tell(job.input, notice);
         OutputOptions output = options.output;

@@ -89,7 +89,7 @@ void refineGrid(GridFile& file, const grid::RefinementFactors& factors) {
 }
 
 int runRefine(const RefineOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter&) {
+    return runJobs(planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter&) {
         GridFile file = readGridFile(job.input);
         refineGrid(file, options.factors);
         writeOutput(job.output, job.format == "csv" ? commaSeparated(file) : gridFileText(file));

@@ -83,7 +83,7 @@ std::string listText(const regions::RegionTable& table, bool asJson) {
 }
 
 int runRegion(const RegionOptions& options) {
-    return runJobs({{options.input, "-", {}, {}}}, [&](const Job& job, Reporter& reporter) {
+    return runJobs({{options.input, "-", {}, {}}}, 1, [&](const Job& job, Reporter& reporter) {
         const regions::RegionTable table = readTable(job.input, reporter);
         writeOutput("-", options.places.empty() ? listText(table, options.json)
                                                 : placesText(table, options.places, options.json));

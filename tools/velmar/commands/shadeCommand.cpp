@@ -70,14 +70,16 @@ std::string polygonJson(const Shading& shading) {
 }
 
 int runShade(const ShadeOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const FileHead head = readFileHead(job.input);
-        const auto shade = isByteImage(head) ? shadeImage : shadeGridFile;
-        const Shading shading = shade(job, head, options, reporter);
-        if (shading.polygons.empty())
-            reporter.tell(job.input, "there is nothing to paint: no cell with data reaches above a level");
-        writeOutput(job.output, polygonJson(shading));
-    });
+    return runJobs(
+        planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter& reporter) {
+            const FileHead head = readFileHead(job.input);
+            const auto shade = isByteImage(head) ? shadeImage : shadeGridFile;
+            const Shading shading = shade(job, head, options, reporter);
+            if (shading.polygons.empty())
+                reporter.tell(job.input,
+                              "there is nothing to paint: no cell with data reaches above a level");
+            writeOutput(job.output, polygonJson(shading));
+        });
 }
 
 }  // namespace

@@ -57,8 +57,10 @@ int printSoundings(const SoundingOptions& options) {
     std::vector<Job> jobs;
     for (const std::string& input : options.output.inputs) jobs.push_back({input, "-", format, {}});
     Answers answers;
-    const int exitCode = runJobs(jobs, [&](const Job& job, Reporter& reporter) {
-        answers.add(readSoundings(job, options, reporter), format);
+    const int exitCode = runJobs(jobs, options.output.workers, [&](const Job& job, Reporter& reporter) {
+        const SoundingFile file = readSoundings(job, options, reporter);
+        reporter.awaitTurn();
+        answers.add(file, format);
     });
     writeOutput("-", answers.bytes(format, jobs.size() > 1));
     return exitCode;
@@ -69,7 +71,7 @@ int runSounding(SoundingOptions& options) {
     if (options.json && output.format.empty()) output.format = "json";
     if (output.folder.empty() && (output.output.empty() || output.output == "-"))
         return printSoundings(options);
-    return runJobs(planJobs(output, formats), [&](const Job& job, Reporter& reporter) {
+    return runJobs(planJobs(output, formats), output.workers, [&](const Job& job, Reporter& reporter) {
         Answers answer;
         answer.add(readSoundings(job, options, reporter), job.format);
         writeOutput(job.output, answer.bytes(job.format, false));

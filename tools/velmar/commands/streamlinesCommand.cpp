@@ -110,15 +110,17 @@ std::string geoJson(const StreamlineSet& set, bool split) {
 }
 
 int runStreamlines(const StreamlinesOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const WindFile file = readWindFile(readFileHead(job.input));
-        std::string notice;
-        const std::vector<float> bands = planBands(options, file, notice);
-        const StreamlineSet set = traceStreamlines(file, options.density, bands);
-        if (set.lineCount() == 0) notice = "there are no streamlines: the wind is missing or calm everywhere";
-        reporter.tell(job.input, notice);
-        writeOutput(job.output, geoJson(set, options.split));
-    });
+    return runJobs(planJobs(options.output, formats), options.output.workers,
+                   [&](const Job& job, Reporter& reporter) {
+                       const WindFile file = readWindFile(readFileHead(job.input));
+                       std::string notice;
+                       const std::vector<float> bands = planBands(options, file, notice);
+                       const StreamlineSet set = traceStreamlines(file, options.density, bands);
+                       if (set.lineCount() == 0)
+                           notice = "there are no streamlines: the wind is missing or calm everywhere";
+                       reporter.tell(job.input, notice);
+                       writeOutput(job.output, geoJson(set, options.split));
+                   });
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ void contourFile(const Job& job, const TrianglesOptions& options, Reporter& repo
 }
 
 int runTriangles(const TrianglesOptions& options) {
-    return runJobs(planJobs(options.output, formats),
+    return runJobs(planJobs(options.output, formats), options.output.workers,
                    [&](const Job& job, Reporter& reporter) { contourFile(job, options, reporter); });
 }
 

@@ -43,6 +43,16 @@ Surface makeSurface(const std::string& format, PaperSize size, std::string& file
                                               static_cast<int>(size.height)));
 }
 
+/// Takes the numbers off the names of the page and the picture in an svg, which has no more than one of each. The
+/// drawing library counts them from the start of the program, so that a chart would depend on those drawn before it.
+void dropNumbers(std::string& svg) {
+    for (const std::string_view mark : {"id=\"surface", "id=\"image", "href=\"#image"})
+        for (std::size_t at = svg.find(mark); at != std::string::npos; at = svg.find(mark, at)) {
+            at += mark.size();
+            svg.erase(at, svg.find_first_not_of("0123456789", at) - at);
+        }
+}
+
 }  // namespace
 
 std::string renderPage(const std::string& format, PaperSize size,
@@ -65,6 +75,7 @@ std::string renderPages(const std::string& format, PaperSize size, std::size_t c
     if (format == "png") require(cairo_surface_write_to_png_stream(surface.get(), append, &file));
     cairo_surface_finish(surface.get());
     require(cairo_surface_status(surface.get()));
+    if (format == "svg") dropNumbers(file);
     return file;
 }
 
