@@ -9,13 +9,12 @@ base::Floats runCressman(const AnalysisArea& area, const StationView& stations, 
     return analyseCressman(cressmanRadii, area.size, area.bounds, stations, maskRadius);
 }
 
-base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
-                       float maskRadius) {
+base::Floats runBarnes(const BarnesParameters& parameters, const AnalysisArea& area,
+                       const StationView& stations, float maskRadius) {
     const Bounds& b = area.bounds;
     const WholeBounds whole{base::truncateToInt(b.startLongitude), base::truncateToInt(b.endLongitude),
                             base::truncateToInt(b.startLatitude), base::truncateToInt(b.endLatitude)};
-    return analyseBarnes({barnesParameters.kappa, radius, barnesParameters.gamma}, area.size, whole, stations,
-                         maskRadius);
+    return analyseBarnes(parameters, area.size, whole, stations, maskRadius);
 }
 
 }  // namespace velmar::analysis

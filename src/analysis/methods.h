@@ -15,13 +15,14 @@ enum class Method : int { cressman = 0, barnes = 1 };
 /// Influence radii of Cressman's scans, in grid lengths.
 inline constexpr std::array cressmanRadii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};
 
-/// Barnes's parameters; station values have half the radius.
+/// Barnes's parameters.
 inline constexpr BarnesParameters barnesParameters{.kappa = 0.25F, .radius = 20.0F, .gamma = 0.3F};
 
 /// The analyses with the parameters that station files get. Null without a grid.
 base::Floats runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius);
 
 /// The bounds are cut to whole degrees.
-base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations, float maskRadius);
+base::Floats runBarnes(const BarnesParameters& parameters, const AnalysisArea& area,
+                       const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

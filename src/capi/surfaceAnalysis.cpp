@@ -48,7 +48,8 @@ ResultBlock run(analysis::Method method, const analysis::AnalysisArea& area, int
                            {area.bounds.startLongitude, area.bounds.endLongitude, promised});
             return analysis::runCressman(area, stations, maskRadius);
         case analysis::Method::barnes:
-            return analysis::runBarnes(analysis::barnesParameters.radius, area, stations, maskRadius);
+            return analysis::runBarnes(barnesForHosts(analysis::barnesParameters), area, stations,
+                                       maskRadius);
         default:
             return nullptr;
     }
