@@ -9,7 +9,7 @@
 
 #include "chart/layers/lineLabels.h"
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/prominence.h"
 
 namespace {
@@ -107,7 +107,7 @@ TEST_F(LabelsTest, LinesAreWorkedOnInsideTheMapOnly) {
 }
 
 TEST(MapFrames, ShowGridsOnceAndInShape) {
-    const auto circlesOf = [](const Bounds& bounds, double west, double east) {
+    const auto circlesOf = [](const GeoBox& bounds, double west, double east) {
         const auto [first, last] = circlesInto(bounds, west, east);
         return std::pair(first, last);
     };

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <sys/stat.h>
 
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

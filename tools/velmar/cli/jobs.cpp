@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "cli/callFiles.h"
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

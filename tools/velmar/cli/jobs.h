@@ -60,8 +60,4 @@ std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::s
 int runJobs(const std::vector<Job>& jobs, std::size_t workers,
             const std::function<void(const Job&, Reporter&)>& work);
 
-/// Writes a whole output file, or to standard output when the name is "-". Nobody ever sees half of a file:
-/// it gets its name when it is complete. A Problem when it cannot be written.
-void writeOutput(const std::string& name, const std::string& bytes);
-
 }  // namespace velmar::tool

@@ -5,7 +5,7 @@
 
 #include <iterator>
 
-#include "cli/standardStreams.h"
+#include "cli/output.h"
 
 namespace velmar::tool {
 namespace {
@@ -20,15 +20,15 @@ void tellUser(std::string_view file, std::string_view sentence) {
     writeStandardError(lineAbout(file, sentence));
 }
 
-JobLine::JobLine(std::size_t jobs) : places_(jobs), showsBar_(jobs > 1 && isatty(STDERR_FILENO) == 1) {
+JobLine::JobLine(std::size_t jobs) : jobs_(jobs), showsBar_(jobs > 1 && isatty(STDERR_FILENO) == 1) {
     drawBar();
 }
 
 void JobLine::tell(std::size_t job, std::string_view file, std::string_view sentence) {
     const std::string words = lineAbout(file, sentence);
     const std::lock_guard lock(mutex_);
-    places_[job].words += words;
-    if (job == turn_) speak(places_[job]);
+    jobs_[job].words += words;
+    if (job == turn_) speak(jobs_[job]);
 }
 
 void JobLine::awaitTurn(std::size_t job) {
@@ -38,20 +38,20 @@ void JobLine::awaitTurn(std::size_t job) {
 
 void JobLine::finish(std::size_t job, bool failed) {
     const std::lock_guard lock(mutex_);
-    places_[job].isDone = true;
+    jobs_[job].isDone = true;
     anyFailed_ = anyFailed_ || failed;
     ++done_;
-    while (turn_ < places_.size() && places_[turn_].isDone)
-        if (++turn_ < places_.size()) speak(places_[turn_]);
+    while (turn_ < jobs_.size() && jobs_[turn_].isDone)
+        if (++turn_ < jobs_.size()) speak(jobs_[turn_]);
     drawBar();
     turnChanged_.notify_all();
 }
 
-void JobLine::speak(Place& place) {
-    if (place.words.empty()) return;
+void JobLine::speak(QueuedJob& job) {
+    if (job.words.empty()) return;
     eraseBar();
-    writeStandardError(place.words);
-    place.words.clear();
+    writeStandardError(job.words);
+    job.words.clear();
     drawBar();
 }
 
@@ -62,10 +62,9 @@ void JobLine::eraseBar() const {
 void JobLine::drawBar() const {
     if (!showsBar_) return;
     constexpr std::string_view whole = "========================================";
-    const std::string_view filled = whole.substr(0, whole.size() * done_ / places_.size());
+    const std::string_view filled = whole.substr(0, whole.size() * done_ / jobs_.size());
     fmt::memory_buffer bar;
-    fmt::format_to(std::back_inserter(bar), "\r[{:<{}}] {} of {}", filled, whole.size(), done_,
-                   places_.size());
+    fmt::format_to(std::back_inserter(bar), "\r[{:<{}}] {} of {}", filled, whole.size(), done_, jobs_.size());
     writeStandardError({bar.data(), bar.size()});
 }
 

@@ -30,18 +30,18 @@ public:
     bool anyFailed() const { return anyFailed_; }
 
 private:
-    struct Place {
+    struct QueuedJob {
         std::string words;  ///< what has been said before its turn
         bool isDone = false;
     };
 
-    void speak(Place& place);
+    void speak(QueuedJob& job);
     void eraseBar() const;
     void drawBar() const;
 
     std::mutex mutex_;
     std::condition_variable turnChanged_;
-    std::vector<Place> places_;
+    std::vector<QueuedJob> jobs_;
     std::size_t turn_ = 0;
     std::size_t done_ = 0;
     bool anyFailed_ = false;

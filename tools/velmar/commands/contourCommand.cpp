@@ -2,7 +2,8 @@
 #include <memory>
 
 #include "cli/jobs.h"
-#include "cli/levels.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "compute/contours.h"
 #include "write/lineWriter.h"

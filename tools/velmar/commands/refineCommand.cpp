@@ -7,8 +7,9 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "grid/refine.h"
 #include "write/gridWriter.h"
 

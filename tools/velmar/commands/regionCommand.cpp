@@ -5,9 +5,9 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "files/regionFile.h"
 #include "read/fileHead.h"
 #include "read/lineMap.h"

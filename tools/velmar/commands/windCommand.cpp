@@ -6,6 +6,7 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "compute/windQuantity.h"
 #include "write/gridWriter.h"

@@ -1,13 +1,20 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "common/places.h"
 #include "files/gridFile.h"
-#include "read/gridFile.h"
 
 namespace velmar::tool {
+
+/// Something that went wrong with one file, told to the user in a sentence. The sentence does not name the
+/// file: whoever reports it does.
+struct Problem : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 /// Converts a GBK text to UTF-8. Bytes that are no GBK, and control characters, become U+FFFD.
 std::string gbkToUtf8(std::string_view text);

@@ -1,22 +1,23 @@
-#include "describe/mapInfo.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <set>
 
-#include "describe/infoLines.h"
-#include "describe/valueRange.h"
+#include "describe/description.h"
+#include "read/lineMap.h"
 
 namespace velmar::tool {
 namespace {
 
-/// Of the longitudes (axis 0) or the latitudes (axis 1); there are points.
-ValueRange rangeOf(const LineMap& map, std::size_t axis) {
-    ValueRange range{map.coordinates[axis], map.coordinates[axis]};
-    for (std::size_t k = axis; k < map.coordinates.size(); k += 2)
-        range = {std::min(range.smallest, map.coordinates[k]), std::max(range.largest, map.coordinates[k])};
-    return range;
+/// Adds the longitudes (axis 0) or the latitudes (axis 1) of a map that has points.
+void addAxis(const LineMap& map, std::size_t axis, FileDescription& description) {
+    float smallest = map.coordinates[axis];
+    float largest = smallest;
+    for (std::size_t k = axis; k < map.coordinates.size(); k += 2) {
+        smallest = std::min(smallest, map.coordinates[k]);
+        largest = std::max(largest, map.coordinates[k]);
+    }
+    description.addRange(axis == 0 ? "longitudes" : "latitudes", smallest, largest);
 }
 
 std::size_t countNames(const LineMap& map) {
@@ -28,21 +29,20 @@ std::size_t countNames(const LineMap& map) {
 
 }  // namespace
 
-void addMapJson(const LineMap& map, Json& json) {
-    json["lines"] = map.lines.size();
-    json["points"] = map.coordinates.size() / 2;
-    if (const std::size_t names = countNames(map); names > 0) json["names"] = names;
+void describeMap(const FileHead& head, FileDescription& description) {
+    const LineMap map = readLineMap(head);
+    description.notice = map.notice;
+    const std::size_t points = map.coordinates.size() / 2;
+    description.json["lines"] = map.lines.size();
+    description.json["points"] = points;
+    description.addLine("lines", fmt::format("{}, {} points", map.lines.size(), points));
+    if (const std::size_t names = countNames(map); names > 0) {
+        description.json["names"] = names;
+        description.addLine("names", std::to_string(names));
+    }
     if (map.coordinates.empty()) return;
-    json["longitudes"] = rangeJson(rangeOf(map, 0));
-    json["latitudes"] = rangeJson(rangeOf(map, 1));
-}
-
-void addMapText(const LineMap& map, std::string& text) {
-    addLine(text, "lines", fmt::format("{}, {} points", map.lines.size(), map.coordinates.size() / 2));
-    if (const std::size_t names = countNames(map); names > 0) addLine(text, "names", std::to_string(names));
-    if (map.coordinates.empty()) return;
-    addLine(text, "longitudes", rangeText(rangeOf(map, 0)));
-    addLine(text, "latitudes", rangeText(rangeOf(map, 1)));
+    addAxis(map, 0, description);
+    addAxis(map, 1, description);
 }
 
 }  // namespace velmar::tool

@@ -1,13 +1,12 @@
-#include "describe/stationInfo.h"
 
 #include <fmt/ranges.h>
 
 #include <algorithm>
 
-#include "cli/text.h"
-#include "describe/infoLines.h"
-#include "describe/valueRange.h"
+#include "common/text.h"
+#include "describe/description.h"
 #include "read/stationElements.h"
+#include "read/stationFile.h"
 
 namespace velmar::tool {
 namespace {
@@ -32,54 +31,59 @@ std::vector<ElementRange> rangesOf(const StationFile& file) {
     return ranges;
 }
 
-ValueRange rangeOf(const std::vector<float>& values) {
-    const auto [smallest, largest] = std::ranges::minmax(values);
-    return {smallest, largest};
+void addAxis(std::string_view name, const std::vector<float>& degrees, FileDescription& description) {
+    const auto [smallest, largest] = std::ranges::minmax(degrees);
+    description.addRange(name, smallest, largest);
+}
+
+void addElements(const StationFile& file, FileDescription& description) {
+    description.json["elements"] = Json::array();
+    for (const auto& [element, count, smallest, largest] : rangesOf(file)) {
+        description.json["elements"].push_back({{"element", element},
+                                                {"stations", count},
+                                                {"smallest", writtenNumber(smallest)},
+                                                {"largest", writtenNumber(largest)}});
+        const std::string_view quantity = quantityOf(file.type, element);
+        description.addLine(
+            fmt::format("element {}", element),
+            fmt::format("{} stations, {} to {}{}{}", count, plainNumber(smallest), plainNumber(largest),
+                        quantity.empty() ? "" : "; by custom ", quantity));
+    }
+}
+
+/// Adds the levels that the file wants drawn.
+void addLevels(const StationFile& file, FileDescription& description) {
+    if (file.levels.empty()) return;
+    std::vector<std::string> levels;
+    for (const float level : file.levels) levels.push_back(plainNumber(level));
+    description.addLine("contours", fmt::format("{}", fmt::join(levels, ", ")));
 }
 
 }  // namespace
 
-void addStationsJson(const StationFile& file, Json& json) {
-    if (file.hasTime()) json["start"] = startTimeText(file.field);
+void describeStations(const FileHead& head, FileDescription& description) {
+    const StationFile file = readStationFile(head);
+    Json& json = description.json;
+    if (file.hasTime()) {
+        json["start"] = startTimeText(file.field);
+        description.addLine("start", startTimeText(file.field));
+    }
     json["level"] = file.field.level;
+    if (file.field.level != 0) description.addLine("level", levelText(file.field.level));
     json["levels"] = Json::array();
     for (const float level : file.levels) json["levels"].push_back(writtenNumber(level));
     json["stations"] = file.stationCount();
     json["promised"] = file.promised;
-    if (file.stationCount() > 0) {
-        json["longitudes"] = rangeJson(rangeOf(file.longitudes));
-        json["latitudes"] = rangeJson(rangeOf(file.latitudes));
-    }
-    json["elements"] = Json::array();
-    for (const auto& [element, count, smallest, largest] : rangesOf(file))
-        json["elements"].push_back({{"element", element},
-                                    {"stations", count},
-                                    {"smallest", writtenNumber(smallest)},
-                                    {"largest", writtenNumber(largest)}});
-}
-
-void addStationsText(const StationFile& file, std::string& text) {
-    if (file.hasTime()) addLine(text, "start", startTimeText(file.field));
-    if (file.field.level != 0) addLine(text, "level", levelText(file.field.level));
     const bool whole = file.stationCount() == static_cast<std::size_t>(std::max(file.promised, 0));
-    addLine(text, "stations",
-            fmt::format("{}{}", file.stationCount(),
-                        whole ? "" : fmt::format(", but its header promises {}", file.promised)));
+    description.addLine("stations",
+                        fmt::format("{}{}", file.stationCount(),
+                                    whole ? "" : fmt::format(", but its header promises {}", file.promised)));
     if (file.stationCount() > 0) {
-        addLine(text, "longitudes", rangeText(rangeOf(file.longitudes)));
-        addLine(text, "latitudes", rangeText(rangeOf(file.latitudes)));
+        addAxis("longitudes", file.longitudes, description);
+        addAxis("latitudes", file.latitudes, description);
     }
-    if (!file.levels.empty()) {
-        std::vector<std::string> levels;
-        for (const float level : file.levels) levels.push_back(plainNumber(level));
-        addLine(text, "contours", fmt::format("{}", fmt::join(levels, ", ")));
-    }
-    for (const auto& [element, count, smallest, largest] : rangesOf(file)) {
-        const std::string_view quantity = quantityOf(file.type, element);
-        addLine(text, fmt::format("element {}", element),
-                fmt::format("{} stations, {} to {}{}{}", count, plainNumber(smallest), plainNumber(largest),
-                            quantity.empty() ? "" : "; by custom ", quantity));
-    }
+    addLevels(file, description);
+    addElements(file, description);
 }
 
 }  // namespace velmar::tool

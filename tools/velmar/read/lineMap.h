@@ -31,13 +31,11 @@ struct LineMap {
 
 inline constexpr int regionFileType = 10;
 
-bool isLineMap(const FileHead& head);
-
 /// Reads a file of lines; a Problem when it is of another kind or has no line that can be read.
 LineMap readLineMap(const FileHead& head);
 
 /// The area that lines cover. Lines on both sides of the date line or of Greenwich are brought together: the bounds
 /// begin behind the widest gap without points. A Problem when no point is on the globe.
-Bounds boundsOf(const LineMap& map);
+GeoBox boundsOf(const LineMap& map);
 
 }  // namespace velmar::tool

@@ -2,7 +2,6 @@
 
 #include "chart/layers/mapLines.h"
 #include "chart/paper/paperLine.h"
-#include "chart/paper/rounding.h"
 
 namespace velmar::tool {
 namespace {

@@ -5,20 +5,15 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <memory>
 
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
 
-struct SurfaceRelease {
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-};
 struct InkRelease {
     void operator()(cairo_t* ink) const { cairo_destroy(ink); }
 };
-using Surface = std::unique_ptr<cairo_surface_t, SurfaceRelease>;
 
 cairo_status_t append(void* file, const unsigned char* bytes, unsigned int count) {
     try {
