@@ -1,6 +1,6 @@
 # cmake -DSOURCE=FOLDER -P arrows.cmake
-# Arrows point down only: every room of the library (src) or of the program (tools/velmar) includes the rooms below it and
-# no others.
+# Arrows point down only: every room of the library (src) or of the program (tools/velmar) includes the rooms below it
+# and no others.
 cmake_minimum_required(VERSION 3.25)
 set(methods contour shade polygon analysis wind triangles sphere sounding rain regions)
 set(base base)
