@@ -40,7 +40,7 @@ std::uint32_t BoxIndex::Axis::bucketOf(float value) const {
 }
 
 /// The buckets that a box reaches into.
-struct BoxIndex::Reach {
+struct BoxIndex::BucketRange {
     std::uint32_t firstColumn, lastColumn, firstRow, lastRow;
 
     std::size_t buckets() const {
@@ -54,7 +54,7 @@ struct BoxIndex::Reach {
     }
 };
 
-BoxIndex::Reach BoxIndex::reachOf(const LonLatBox& box) const {
+BoxIndex::BucketRange BoxIndex::reachOf(const LonLatBox& box) const {
     return {columns_.bucketOf(box.west), columns_.bucketOf(box.east), rows_.bucketOf(box.south),
             rows_.bucketOf(box.north)};
 }

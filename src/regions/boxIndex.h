@@ -34,8 +34,8 @@ private:
         std::uint32_t bucketOf(float value) const;
     };
 
-    struct Reach;
-    Reach reachOf(const base::LonLatBox& box) const;
+    struct BucketRange;
+    BucketRange reachOf(const base::LonLatBox& box) const;
     void setAxes(const base::LonLatBox& extent, std::uint32_t columns, std::uint32_t rows);
     std::size_t entryCount(std::span<const base::LonLatBox> boxes) const;
     void fill(std::span<const base::LonLatBox> boxes);

@@ -143,7 +143,7 @@ ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity q
 
 ChartTexts textsOf(const LineMap& map) {
     const bool hasBorders =
-        std::ranges::any_of(map.lines, [](const LineMap::MapLine& line) { return isBorder(line); });
+        std::ranges::any_of(map.lines, [](const LineMap::DrawnLine& line) { return isBorder(line); });
     return {
         .title = map.title,
         .subtitle = {},

@@ -52,12 +52,12 @@ float roundedUp(float number) {
 
 /// Round steps up to the strongest wind, however rare: that is the jet.
 std::vector<float> speedLevels(float strongest) {
-    constexpr int mostLevels = 12;
-    const float leastStep = strongest / mostLevels;
+    constexpr int mostSpeeds = 12;
+    const float leastStep = strongest / mostSpeeds;
     if (!(leastStep > 0)) return {};
     const float step = roundedUp(leastStep);
     std::vector<float> levels;
-    for (int k = 1; k <= mostLevels && static_cast<float>(k) * step <= strongest; ++k)
+    for (int k = 1; k <= mostSpeeds && static_cast<float>(k) * step <= strongest; ++k)
         levels.push_back(static_cast<float>(k) * step);
     return levels;
 }

@@ -22,7 +22,7 @@ void addAxis(const LineMap& map, std::size_t axis, FileDescription& description)
 
 std::size_t countNames(const LineMap& map) {
     std::set<std::string_view> names;
-    for (const LineMap::MapLine& line : map.lines)
+    for (const LineMap::DrawnLine& line : map.lines)
         if (!line.name.empty()) names.insert(line.name);
     return names.size();
 }

@@ -11,7 +11,7 @@ namespace velmar::tool {
 
 /// Lines to be drawn on maps: coasts and borders (types 9, 777, 778 and 780) or outlines of regions (type 10).
 struct LineMap {
-    struct MapLine {
+    struct DrawnLine {
         std::size_t firstPoint;
         std::size_t points;
         int attribute1 = 0;  ///< of map files of the March form: 1 a coast, 2 a border in the samples
@@ -20,11 +20,11 @@ struct LineMap {
     };
 
     std::string title;  ///< UTF-8
-    std::vector<MapLine> lines;
+    std::vector<DrawnLine> lines;
     std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees, as the file has them
     std::string notice;              ///< where the file breaks off; empty when it is whole
 
-    GeoPoints pointsOf(const MapLine& line) const {
+    GeoPoints pointsOf(const DrawnLine& line) const {
         return {std::span(coordinates).subspan(2 * line.firstPoint, 2 * line.points)};
     }
 };

@@ -39,7 +39,7 @@ void MapLayer::draw(Page& page) const {
 }
 
 void MapLayer::drawLines(Page& page, bool borders) const {
-    for (const LineMap::MapLine& line : map_.lines) {
+    for (const LineMap::DrawnLine& line : map_.lines) {
         if (isBorder(line) != borders) continue;
         for (const PaperPieces& pieces : linesOnPaper(map_.pointsOf(line), page.map))
             for (const std::vector<PaperPoint>& piece : pieces)
