@@ -7,7 +7,7 @@
 
 namespace velmar::tool {
 
-/// Reads "1,2.5,-3" as at least one number, all of them finite also as floats. Throws CLI::ValidationError
+/// Reads "1,2.5,-3" as at least one number, all of them finite also as floats. Throws a UsageError
 /// with the option's name.
 std::vector<double> parseNumbers(const std::string& option, const std::string& text);
 

@@ -1,11 +1,11 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <cmath>
 #include <memory>
 #include <numbers>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -29,7 +29,7 @@ struct DistanceOptions {
 GeoPoint parsePlaceOnEarth(const std::string& name, const std::string& text) {
     const GeoPoint place = parsePlace(name, text);
     if (std::fabs(place.latitude) > 90)
-        throw CLI::ValidationError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
+        throw UsageError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
     return place;
 }
 
@@ -53,15 +53,15 @@ int tellDistance(const DistanceOptions& options) {
 
 }  // namespace
 
-void addDistanceCommand(CLI::App& program, int& exitCode) {
+void addDistanceCommand(Program& program) {
     const auto options = std::make_shared<DistanceOptions>();
-    CLI::App* command =
-        program.add_subcommand("distance", "Tell how far one place is from another, and in which direction");
-    command->add_option("FROM", options->from, "Longitude,latitude in degrees")->required();
-    command->add_option("TO", options->to, "Longitude,latitude in degrees")->required();
-    command->add_flag("--json", options->json, "Answer in JSON");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = tellDistance(*options); });
+    Command command =
+        program.addCommand("distance", "Tell how far one place is from another, and in which direction");
+    command.addOption("FROM", options->from, "Longitude,latitude in degrees").required();
+    command.addOption("TO", options->to, "Longitude,latitude in degrees").required();
+    command.addFlag("--json", options->json, "Answer in JSON");
+    command.explain(explanation);
+    command.onRun([options] { return tellDistance(*options); });
 }
 
 }  // namespace velmar::tool

@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -92,20 +92,21 @@ int runRegion(const RegionOptions& options) {
 
 }  // namespace
 
-void addRegionCommand(CLI::App& program, int& exitCode) {
+void addRegionCommand(Program& program) {
     const auto options = std::make_shared<RegionOptions>();
-    CLI::App* command = program.add_subcommand("region", "Say in which region of a file a place lies");
-    command->add_option("FILE", options->input, "A region file (diamond 10)")->required();
-    CLI::Option* at = command->add_option_function<std::vector<std::string>>(
-        "--at",
-        [options](const std::vector<std::string>& texts) {
-            for (const std::string& text : texts) options->places.push_back(parsePlace("--at", text));
-        },
-        "A place, as longitude,latitude in degrees; may be given more than once");
-    at->allow_extra_args(false);
-    command->add_flag("--list", options->list, "List the regions (also without --at)")->excludes(at);
-    command->add_flag("--json", options->json, "Answer in JSON");
-    command->callback([options, &exitCode] { exitCode = runRegion(*options); });
+    Command command = program.addCommand("region", "Say in which region of a file a place lies");
+    command.addOption("FILE", options->input, "A region file (diamond 10)").required();
+    command
+        .addRepeatedOption(
+            "--at",
+            [options](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) options->places.push_back(parsePlace("--at", text));
+            },
+            "A place, as longitude,latitude in degrees; may be given more than once")
+        .showsRepetition();
+    command.addFlag("--list", options->list, "List the regions (also without --at)").excludes("--at");
+    command.addFlag("--json", options->json, "Answer in JSON");
+    command.onRun([options] { return runRegion(*options); });
 }
 
 }  // namespace velmar::tool
