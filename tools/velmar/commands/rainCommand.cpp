@@ -1,7 +1,5 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <filesystem>
@@ -34,7 +32,7 @@ constexpr const char* explanation =
 struct RainOptions {
     OutputOptions output;
     std::string directory;
-    RainPeriod span{0, 0, 1};
+    rain::RainSpan span{0, 0, 1};
     ChartOptions chart;
 };
 
@@ -58,16 +56,14 @@ DateKey parseTime(const std::string& option, const std::string& text) {
 }
 
 /// Says in advance what the library would refuse without a word.
-void checkSpan(const RainPeriod& span) {
-    constexpr std::array hours{2, 8, 14, 20};
-    const auto isOne = [&](int hour) { return std::ranges::find(hours, hour) != hours.end(); };
-    const int from = partsOf(span.from).hour;
-    const int to = partsOf(span.to).hour;
-    if (span.from >= span.to) throw UsageError("--from", "it has to be before --to");
+void checkSpan(const rain::RainSpan& span) {
+    const int startHour = partsOf(span.start).hour;
+    const int endHour = partsOf(span.end).hour;
+    if (span.start >= span.end) throw UsageError("--from", "it has to be before --to");
     if (span.stepHours == 1) return;
-    if (!isOne(to) && to != 5)
+    if (!rain::mayEndAt(endHour))
         throw UsageError("--to", "with steps of more than an hour it has to be at 2, 5, 8, 14 or 20 h");
-    if (!isOne(from) && !(from == 5 && to == 5))
+    if (!rain::mayStartAt(startHour, endHour))
         throw UsageError("--from",
                          "with steps of more than an hour it has to be at 2, 8, 14 or 20 h, or at 5 "
                          "h when --to is");
@@ -128,9 +124,9 @@ void addRainCommand(Program& program) {
     Command command =
         program.addCommand("rain", "Add up the rain of stations over a span of time, from a folder of files");
     command.addOption("DIR", options->directory, "Folder of the files").required();
-    addTimeOption(command, "--from", options->span.from,
+    addTimeOption(command, "--from", options->span.start,
                   "Start as YYYYMMDDHH; the file of this time is not part of the sum");
-    addTimeOption(command, "--to", options->span.to, "End as YYYYMMDDHH, the time of the last file");
+    addTimeOption(command, "--to", options->span.end, "End as YYYYMMDDHH, the time of the last file");
     command.addOption("--step", options->span.stepHours, "Hours from file to file, 1 to 24 (default 1)")
         .within(1, 24);
     command.addOption("-o,--output", options->output.output,
