@@ -12,6 +12,7 @@
 #include "common/text.h"
 #include "sphere/greatCircle.h"
 #include "write/geoJson.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
@@ -44,7 +45,7 @@ int tellDistance(const DistanceOptions& options) {
     const Json json{
         {"kilometres", writtenNumber(distance)}, {"bearing", bearing * degrees}, {"angle", angle * degrees}};
     if (options.json)
-        writeOutput("-", json.dump(2) + "\n");
+        writeOutput("-", jsonText(json));
     else
         writeOutput("-", fmt::format("{:.1f} km, bearing {:.1f}°, angle {:.3f}°\n", distance,
                                      bearing * degrees, angle * degrees));

@@ -7,6 +7,8 @@
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "commands/fileUses.h"
+#include "describe/description.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
@@ -46,11 +48,8 @@ int runInfo(const InfoOptions& options) {
         else
             text += description.text;
     });
-    if (options.json && (jobs.size() > 1 || !list.empty())) {
-        const Json& result = jobs.size() > 1 ? list : list.front();
-        // A file's name can be in any encoding.
-        text = result.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-    }
+    if (options.json && (jobs.size() > 1 || !list.empty()))
+        text = jsonText(jobs.size() > 1 ? list : list.front());
     writeOutput("-", text);
     return exitCode;
 }

@@ -13,6 +13,7 @@
 #include "read/lineMap.h"
 #include "regions/regions.h"
 #include "write/geoJson.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
@@ -59,7 +60,7 @@ std::string placesText(const regions::RegionTable& table, const std::vector<GeoP
                         {"region", name.empty() ? Json() : Json(name)}});
         text += fmt::format("{}\n", name.empty() ? "(no region)" : name);
     }
-    return asJson ? json.dump(2) + "\n" : text;
+    return asJson ? jsonText(json) : text;
 }
 
 std::string listText(const regions::RegionTable& table, bool asJson) {
@@ -79,7 +80,7 @@ std::string listText(const regions::RegionTable& table, bool asJson) {
         json.push_back(entry);
         text += fmt::format("{}  {} points, {}\n", name, region.pointCount, bounds);
     }
-    return asJson ? json.dump(2) + "\n" : text;
+    return asJson ? jsonText(json) : text;
 }
 
 int runRegion(const RegionOptions& options) {

@@ -5,6 +5,8 @@
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "read/soundingFile.h"
+#include "write/geoJson.h"
+#include "write/jsonText.h"
 #include "write/soundingWriter.h"
 
 namespace velmar::tool {
@@ -41,7 +43,7 @@ struct Answers {
     /// Several files make an array in JSON, however many of them can be read.
     std::string bytes(const std::string& format, bool several) const {
         if (format != "json" || (list.empty() && !several)) return text;
-        return (several ? list : list.front()).dump(2) + "\n";
+        return jsonText(several ? list : list.front());
     }
 };
 
