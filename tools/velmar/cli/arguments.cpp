@@ -24,7 +24,7 @@ std::vector<double> parseNumbers(const std::string& option, const std::string& t
     }
 }
 
-GeoPoint parsePlace(const std::string& option, const std::string& text) {
+base::LonLat parsePlace(const std::string& option, const std::string& text) {
     const std::vector<double> numbers = parseNumbers(option, text);
     if (numbers.size() != 2)
         throw UsageError(option, fmt::format("\"{}\": a longitude and a latitude are expected", text));

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "read/geoPoints.h"
+#include "base/points.h"
 
 namespace velmar::tool {
 
@@ -12,6 +12,6 @@ namespace velmar::tool {
 std::vector<double> parseNumbers(const std::string& option, const std::string& text);
 
 /// Reads "116.4,39.9" as a longitude and a latitude, in the same way.
-GeoPoint parsePlace(const std::string& option, const std::string& text);
+base::LonLat parsePlace(const std::string& option, const std::string& text);
 
 }  // namespace velmar::tool

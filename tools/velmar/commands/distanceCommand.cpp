@@ -27,18 +27,17 @@ struct DistanceOptions {
     bool json = false;
 };
 
-GeoPoint parsePlaceOnEarth(const std::string& name, const std::string& text) {
-    const GeoPoint place = parsePlace(name, text);
+base::LonLat parsePlaceOnEarth(const std::string& name, const std::string& text) {
+    const base::LonLat place = parsePlace(name, text);
     if (std::fabs(place.latitude) > 90)
         throw UsageError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
     return place;
 }
 
 int tellDistance(const DistanceOptions& options) {
-    const GeoPoint from = parsePlaceOnEarth("FROM", options.from);
-    const GeoPoint to = parsePlaceOnEarth("TO", options.to);
-    const auto [bearing, angle, distance] =
-        sphere::greatCircle({from.longitude, from.latitude}, {to.longitude, to.latitude});
+    const base::LonLat from = parsePlaceOnEarth("FROM", options.from);
+    const base::LonLat to = parsePlaceOnEarth("TO", options.to);
+    const auto [bearing, angle, distance] = sphere::greatCircle(from, to);
     constexpr double degrees = 180 / std::numbers::pi;
     if (!std::isfinite(distance) || !std::isfinite(bearing))
         throw Problem("the way has no direction: the places lie opposite each other, or one is a pole");

@@ -20,7 +20,7 @@ namespace {
 
 struct RegionOptions {
     std::string input;
-    std::vector<GeoPoint> places;
+    std::vector<base::LonLat> places;
     bool list = false;  ///< also without places
     bool json = false;
 };
@@ -42,7 +42,7 @@ std::string nameIn(const regions::RegionTable& table, const regions::Region& reg
 }
 
 /// The name of the region that holds a place; a place on a map of 0 to 360 degrees may be west of Greenwich.
-std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
+std::string nameAt(const regions::RegionTable& table, const base::LonLat& place) {
     for (const float circles : {0.0F, 360.0F, -360.0F})
         if (const regions::Region* region =
                 regions::findRegion(table, {place.longitude + circles, place.latitude}))
@@ -50,10 +50,11 @@ std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
     return {};
 }
 
-std::string placesText(const regions::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
+std::string placesText(const regions::RegionTable& table, const std::vector<base::LonLat>& places,
+                       bool asJson) {
     Json json = Json::array();
     std::string text;
-    for (const GeoPoint& place : places) {
+    for (const base::LonLat& place : places) {
         const std::string name = nameAt(table, place);
         json.push_back({{"longitude", writtenNumber(place.longitude)},
                         {"latitude", writtenNumber(place.latitude)},
