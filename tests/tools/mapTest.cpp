@@ -16,8 +16,8 @@ bool isBorderInk(const Pixel& p) { return p[2] > p[0] + 100; }
 LineMap mapOf(const std::vector<std::vector<float>>& lines, const std::string& name = {}) {
     LineMap map{};
     for (const auto& line : lines) {
-        map.lines.push_back({map.coordinates.size() / 2, line.size() / 2, 0, 0, name});
-        map.coordinates.insert(map.coordinates.end(), line.begin(), line.end());
+        map.lines.push_back({map.points.size(), line.size() / 2, 0, 0, name});
+        for (std::size_t k = 0; k < line.size(); k += 2) map.points.push_back({line[k], line[k + 1]});
     }
     return map;
 }

@@ -148,7 +148,7 @@ ChartTexts textsOf(const LineMap& map) {
         .title = map.title,
         .subtitle = {},
         .caption = fmt::format("{} line{}, {} points{}", map.lines.size(), map.lines.size() == 1 ? "" : "s",
-                               map.coordinates.size() / 2, hasBorders ? "; coasts dark, borders light" : ""),
+                               map.points.size(), hasBorders ? "; coasts dark, borders light" : ""),
         .extremes = {},
         .hasNoData = false};
 }

@@ -1,8 +1,8 @@
 #include "cli/arguments.h"
+#include "cli/command.h"
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <charconv>
 #include <cmath>
 
@@ -17,18 +17,17 @@ std::vector<double> parseNumbers(const std::string& option, const std::string& t
         const auto [behind, error] = std::from_chars(next, end, value);
         if (error != std::errc{} || !std::isfinite(static_cast<float>(value)) ||
             (behind != end && *behind != ','))
-            throw CLI::ValidationError(option, fmt::format("\"{}\" is not a list of numbers", text));
+            throw UsageError(option, fmt::format("\"{}\" is not a list of numbers", text));
         numbers.push_back(value);
         if (behind == end) return numbers;
         next = behind + 1;
     }
 }
 
-GeoPoint parsePlace(const std::string& option, const std::string& text) {
+base::LonLat parsePlace(const std::string& option, const std::string& text) {
     const std::vector<double> numbers = parseNumbers(option, text);
     if (numbers.size() != 2)
-        throw CLI::ValidationError(option,
-                                   fmt::format("\"{}\": a longitude and a latitude are expected", text));
+        throw UsageError(option, fmt::format("\"{}\": a longitude and a latitude are expected", text));
     return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1])};
 }
 

@@ -2,13 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <filesystem>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/reporter.h"
 #include "common/text.h"
 
@@ -26,10 +26,10 @@ PaperSize parseSize(const std::string& text) {
     const bool hasCross = first.ec == std::errc{} && first.ptr != end && *first.ptr == 'x';
     const auto second = hasCross ? std::from_chars(first.ptr + 1, end, height) : first;
     if (!hasCross || second.ec != std::errc{} || second.ptr != end)
-        throw CLI::ValidationError("--size", fmt::format("\"{}\" is not of the form 1400x900", text));
+        throw UsageError("--size", fmt::format("\"{}\" is not of the form 1400x900", text));
     if (width < leastWidth || width > most || height < leastHeight || height > most)
-        throw CLI::ValidationError("--size", fmt::format("{} is not between {}x{} and {}x{}", text,
-                                                         leastWidth, leastHeight, most, most));
+        throw UsageError("--size", fmt::format("{} is not between {}x{} and {}x{}", text, leastWidth,
+                                               leastHeight, most, most));
     return {static_cast<double>(width), static_cast<double>(height)};
 }
 
@@ -39,9 +39,9 @@ std::optional<WindQuantity> quantityNamed(const std::string& word) {
     return quantity == quantities.end() ? std::nullopt : std::optional(*quantity);
 }
 
-void addCenters(CLI::App& command, ChartOptions& chart) {
-    command.add_flag("--centers,!--no-centers", chart.centers,
-                     "Mark the centres of highs and lows (default: yes)");
+void addCenters(Command& command, ChartOptions& chart) {
+    command.addFlag("--centers,!--no-centers", chart.centers,
+                    "Mark the centres of highs and lows (default: yes)");
 }
 
 LineMap readMap(const std::string& path) {
@@ -50,7 +50,7 @@ LineMap readMap(const std::string& path) {
         tellUser(path, map.notice);
         return map;
     } catch (const Problem& problem) {
-        throw CLI::ValidationError("--map", fmt::format("{}: {}", path, problem.what()));
+        throw UsageError("--map", fmt::format("{}: {}", path, problem.what()));
     }
 }
 
@@ -59,7 +59,7 @@ LineMap readMap(const std::string& path) {
 GeoBox parseBounds(const std::string& text) {
     const auto numbers = parseNumbers("--bounds", text);
     const auto refuse = [&](const char* reason) {
-        throw CLI::ValidationError("--bounds", fmt::format("\"{}\": {}", text, reason));
+        throw UsageError("--bounds", fmt::format("\"{}\": {}", text, reason));
     };
     if (numbers.size() != 4) refuse("four numbers are expected: west,east,south,north");
     const GeoBox bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
@@ -74,49 +74,45 @@ GeoBox parseBounds(const std::string& text) {
     return bounds;
 }
 
-void addSizeOption(CLI::App& command, ChartOptions& chart) {
-    command.add_option_function<std::string>(
+void addSizeOption(Command& command, ChartOptions& chart) {
+    command.addParsedOption(
         "--size", [&chart](const std::string& text) { chart.size = parseSize(text); },
         "Size of the sheet as WIDTHxHEIGHT, in pixels or, for svg and pdf, points");
 }
 
-void addMapOption(CLI::App& command, ChartOptions& chart, OutputOptions& output) {
-    command
-        .add_option_function<std::vector<std::string>>(
-            "--map",
-            [&chart, &output](const std::vector<std::string>& paths) {
-                output.furtherInputs = paths;
-                for (const std::string& path : paths) chart.maps.push_back(readMap(path));
-            },
-            "A file of coasts, borders or regions to be drawn on the chart (diamond 9, 10, 777, 778, 780 or "
-            "March 9); may be given several times")
-        ->expected(1)
-        ->take_all();
+void addMapOption(Command& command, ChartOptions& chart, OutputOptions& output) {
+    command.addRepeatedOption(
+        "--map",
+        [&chart, &output](const std::vector<std::string>& paths) {
+            output.furtherInputs = paths;
+            for (const std::string& path : paths) chart.maps.push_back(readMap(path));
+        },
+        "A file of coasts, borders or regions to be drawn on the chart (diamond 9, 10, 777, 778, 780 or "
+        "March 9); may be given several times");
 }
 
-void addSheetOptions(CLI::App& command, ChartOptions& chart, OutputOptions& output) {
+void addSheetOptions(Command& command, ChartOptions& chart, OutputOptions& output) {
     addSizeOption(command, chart);
-    command.add_flag("--fill", chart.fill, "Fill the bands between the lines with colours");
+    command.addFlag("--fill", chart.fill, "Fill the bands between the lines with colours");
     addCenters(command, chart);
     addMapOption(command, chart, output);
 }
 
-void addSheetOptions(CLI::App& command, ChartOptions& chart, OutputOptions& output,
+void addSheetOptions(Command& command, ChartOptions& chart, OutputOptions& output,
                      std::optional<WindQuantity>& fillQuantity) {
     addSizeOption(command, chart);
-    const auto take = [&chart, &fillQuantity](const std::string& value) {
+    const auto take = [&chart, &fillQuantity](const std::string& word) {
         const std::string flagAlone = "true";
         chart.fill = true;
-        fillQuantity = quantityNamed(value);
-        return fillQuantity || value == flagAlone
-                   ? std::string()
-                   : fmt::format("\"{}\" is none of speed, divergence and vorticity", value);
+        fillQuantity = quantityNamed(word);
+        if (!fillQuantity && word != flagAlone)
+            throw UsageError("--fill",
+                             fmt::format("\"{}\" is none of speed, divergence and vorticity", word));
     };
-    command.add_flag("--fill")
-        ->description(
-            "Fill the bands between the lines with colours; those of a wind file lie under its streamlines "
-            "and are of its speed, or of what is named: --fill divergence, --fill vorticity")
-        ->check(take);
+    command.addFlagWithWord(
+        "--fill", take,
+        "Fill the bands between the lines with colours; those of a wind file lie under its streamlines "
+        "and are of its speed, or of what is named: --fill divergence, --fill vorticity");
     addCenters(command, chart);
     addMapOption(command, chart, output);
 }
@@ -129,7 +125,7 @@ std::optional<WindQuantity> takeFillQuantity(std::vector<std::string>& inputs) {
     if (word == inputs.end()) return std::nullopt;
     const auto quantity = quantityNamed(*word);
     inputs.erase(word);
-    if (inputs.empty()) throw CLI::RequiredError("FILE");
+    if (inputs.empty()) throw UsageError("FILE is required");
     return quantity;
 }
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <atomic>
 #include <exception>
@@ -13,6 +12,7 @@
 #include <thread>
 
 #include "cli/callFiles.h"
+#include "cli/command.h"
 #include "common/text.h"
 
 namespace velmar::tool {
@@ -31,8 +31,7 @@ std::string formatOfEnding(const std::string& output, const std::vector<std::str
         ending = std::string(".") + gridFormat;
     const auto format = std::ranges::find_if(formats, [&](const auto& name) { return ending == "." + name; });
     if (format == formats.end())
-        throw CLI::ValidationError(
-            "-o", fmt::format("\"{}\" should end in .{}", output, fmt::join(formats, ", .")));
+        throw UsageError("-o", fmt::format("\"{}\" should end in .{}", output, fmt::join(formats, ", .")));
     return *format;
 }
 
@@ -45,8 +44,7 @@ Job planSingle(const OutputOptions& options, const std::vector<std::string>& for
     }
     const std::string format = formatOfEnding(job.output, formats);
     if (!job.format.empty() && job.format != format)
-        throw CLI::ValidationError("--format",
-                                   fmt::format("\"{}\" is not the ending of {}", job.format, job.output));
+        throw UsageError("--format", fmt::format("\"{}\" is not the ending of {}", job.format, job.output));
     job.format = format;
     return job;
 }
@@ -76,7 +74,7 @@ void makeFolder(const std::string& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (!fs::is_directory(folder, error))
-        throw CLI::ValidationError("--out-dir", fmt::format("the folder \"{}\" cannot be made", folder));
+        throw UsageError("--out-dir", fmt::format("the folder \"{}\" cannot be made", folder));
 }
 
 /// Jobs that workers fetch in their order.
@@ -133,35 +131,34 @@ private:
 
 }  // namespace
 
-void addWorkersOption(CLI::App& command, std::size_t& workers) {
-    command
-        .add_option("-j,--jobs", workers, "How many files to work on at a time (default: as many as cores)")
-        ->check(CLI::PositiveNumber);
+void addWorkersOption(Command& command, std::size_t& workers) {
+    command.addOption("-j,--jobs", workers, "How many files to work on at a time (default: as many as cores)")
+        .positive();
 }
 
-void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
+void addOutputOptions(Command& command, OutputOptions& options, const std::vector<std::string>& formats,
                       const std::string& inputs) {
-    command.add_option("FILE", options.inputs, inputs)->required();
-    command.add_option(
+    command.addOption("FILE", options.inputs, inputs).required();
+    command.addOption(
         "-o,--output", options.output,
         fmt::format("Output file, its ending one of .{}; - is standard output", fmt::join(formats, ", .")));
-    command.add_option("--out-dir", options.folder,
-                       "Folder for the outputs of several files: each gets its input's name and an ending");
+    command.addOption("--out-dir", options.folder,
+                      "Folder for the outputs of several files: each gets its input's name and an ending");
     command
-        .add_option("--format", options.format,
-                    fmt::format("Format for -o - and --out-dir (default {})", formats.front()))
-        ->check(CLI::IsMember(formats));
+        .addOption("--format", options.format,
+                   fmt::format("Format for -o - and --out-dir (default {})", formats.front()))
+        .oneOf(formats);
     addWorkersOption(command, options.workers);
 }
 
 std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
                           CallFiles& files) {
     if (options.output.empty() == options.folder.empty())
-        throw CLI::ValidationError("output", "say either -o FILE or --out-dir FOLDER");
+        throw UsageError("output", "say either -o FILE or --out-dir FOLDER");
     std::vector<Job> jobs;
     if (!options.output.empty()) {
         if (options.inputs.size() > 1)
-            throw CLI::ValidationError("-o", "it takes one input; for several there is --out-dir");
+            throw UsageError("-o", "it takes one input; for several there is --out-dir");
         jobs.push_back(planSingle(options, formats));
     } else {
         makeFolder(options.folder);

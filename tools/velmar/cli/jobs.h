@@ -7,13 +7,10 @@
 
 #include "cli/reporter.h"
 
-namespace CLI {
-class App;
-}
-
 namespace velmar::tool {
 
 class CallFiles;
+class Command;
 
 /// Where a command's results go, as the user said it.
 struct OutputOptions {
@@ -40,14 +37,14 @@ struct Job {
 enum ExitCode { success = 0, someFilesFailed = 1, wrongUsage = 2 };
 
 /// Adds -j, the number of files that are worked on at a time.
-void addWorkersOption(CLI::App& command, std::size_t& workers);
+void addWorkersOption(Command& command, std::size_t& workers);
 
 /// Adds FILE..., -o, --out-dir, --format and -j to a command. The first of the formats is the one that is used
 /// where none is said. The description says what the inputs are.
-void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
+void addOutputOptions(Command& command, OutputOptions& options, const std::vector<std::string>& formats,
                       const std::string& inputs);
 
-/// Finds the output and its format for every input, and claims it. Throws CLI::ValidationError when the options
+/// Finds the output and its format for every input, and claims it. Throws a UsageError when the options
 /// do not fit together.
 std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
                           CallFiles& files);

@@ -1,11 +1,11 @@
 #include "cli/levelOptions.h"
 
 #include <fmt/format.h>
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 
 namespace velmar::tool {
 namespace {
@@ -16,7 +16,7 @@ std::vector<float> parseLevels(const std::string& text) {
     std::ranges::sort(levels);
     levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
     if (levels.size() > mostLevels)
-        throw CLI::ValidationError("--levels", fmt::format("more than {} levels", mostLevels));
+        throw UsageError("--levels", fmt::format("more than {} levels", mostLevels));
     return levels;
 }
 
@@ -24,24 +24,26 @@ float parseInterval(const std::string& text) {
     const auto values = parseNumbers("--interval", text);
     const auto interval = static_cast<float>(values.front());
     if (values.size() != 1 || !(interval > 0))
-        throw CLI::ValidationError("--interval", fmt::format("\"{}\" is not one number above 0", text));
+        throw UsageError("--interval", fmt::format("\"{}\" is not one number above 0", text));
     return interval;
 }
 
 }  // namespace
 
-void addLevelOptions(CLI::App& command, LevelOptions& options) {
-    auto* list = command.add_option_function<std::string>(
+void addLevelOptions(Command& command, LevelOptions& options) {
+    command.addParsedOption(
         "--levels", [&options](const std::string& text) { options.list = parseLevels(text); },
         "Levels to draw, as 500,520,540");
-    auto* interval = command.add_option_function<std::string>(
-        "--interval", [&options](const std::string& text) { options.interval = parseInterval(text); },
-        "Draw every multiple of this number inside the data");
-    auto* automatic = command.add_option("--auto", options.automaticCount,
-                                         "Choose about so many levels from the data (1 to 200)");
-    automatic->check(CLI::Range(1, 200));
-    list->excludes(interval)->excludes(automatic);
-    interval->excludes(automatic);
+    command
+        .addParsedOption(
+            "--interval", [&options](const std::string& text) { options.interval = parseInterval(text); },
+            "Draw every multiple of this number inside the data")
+        .excludes("--levels");
+    command
+        .addOption("--auto", options.automaticCount, "Choose about so many levels from the data (1 to 200)")
+        .within(1, 200)
+        .excludes("--levels")
+        .excludes("--interval");
 }
 
 }  // namespace velmar::tool

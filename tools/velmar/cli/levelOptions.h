@@ -2,13 +2,11 @@
 
 #include "compute/levels.h"
 
-namespace CLI {
-class App;
-}
-
 namespace velmar::tool {
 
+class Command;
+
 /// Adds --levels, --interval and --auto to a command.
-void addLevelOptions(CLI::App& command, LevelOptions& options);
+void addLevelOptions(Command& command, LevelOptions& options);
 
 }  // namespace velmar::tool

@@ -1,12 +1,11 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <map>
 #include <memory>
 
 #include "cli/arguments.h"
 #include "cli/chartOptions.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/levelOptions.h"
 #include "cli/output.h"
@@ -23,9 +22,8 @@ namespace {
 
 const std::vector<std::string> formats{gridFormat, "csv", "png", "svg", "pdf"};
 
-const std::map<std::string, AnalysisMethod> methods{{"barnes", AnalysisMethod::barnes},
-                                                    {"cressman", AnalysisMethod::cressman},
-                                                    {"nearest", AnalysisMethod::nearest}};
+/// By the values of AnalysisMethod.
+const std::vector<std::string> methodNames{"barnes", "cressman", "nearest"};
 
 constexpr const char* explanation =
     "Methods: barnes weights stations within 20 degrees by their distance and then corrects the field\n"
@@ -54,14 +52,13 @@ struct Analysis {
 GridSteps parseSteps(const std::string& text) {
     const auto numbers = parseNumbers("--step", text);
     if (numbers.size() > 2 || !(numbers.front() > 0) || !(numbers.back() > 0))
-        throw CLI::ValidationError("--step", fmt::format("\"{}\" is not one or two numbers above 0", text));
+        throw UsageError("--step", fmt::format("\"{}\" is not one or two numbers above 0", text));
     return {numbers.front(), numbers.back()};
 }
 
 std::string remarkOf(const AnalyseOptions& options, int element, std::size_t stations) {
-    const auto method =
-        std::ranges::find(methods, options.method, [](const auto& entry) { return entry.second; });
-    return fmt::format("{}, element {} of {} stations", method->first, element, stations);
+    const std::string& method = methodNames[static_cast<std::size_t>(options.method)];
+    return fmt::format("{}, element {} of {} stations", method, element, stations);
 }
 
 /// Tells the levels to the header, or automatic ones where it cannot hold them: it has room for even steps only.
@@ -125,36 +122,38 @@ int runAnalyse(const AnalyseOptions& options) {
 
 }  // namespace
 
-void addAnalyseCommand(CLI::App& program, int& exitCode) {
+void addAnalyseCommand(Program& program) {
     const auto options = std::make_shared<AnalyseOptions>();
-    CLI::App* command = program.add_subcommand(
+    Command command = program.addCommand(
         "analyse",
         "Spread station values over a grid; write it as a grid file or CSV, or draw it as a chart");
-    addOutputOptions(*command, options->output, formats, "Station files (diamond 1, 2, 3, 8 and 16)");
-    command->add_option("--method", options->method, "barnes, cressman or nearest (default barnes)")
-        ->transform(CLI::CheckedTransformer(methods).description(""));
-    command->add_option(
+    addOutputOptions(command, options->output, formats, "Station files (diamond 1, 2, 3, 8 and 16)");
+    command.addChoice(
+        "--method", methodNames,
+        [options](std::size_t place) { options->method = static_cast<AnalysisMethod>(place); },
+        "barnes, cressman or nearest (default barnes)");
+    command.addOption(
         "--element", options->element,
         "Which value of a station: the number of the field of a report (default: the "
         "temperature; that of a list of stations is their height), or of the value in a file of "
         "several (default 1)");
-    command->add_option_function<std::string>(
+    command.addParsedOption(
         "--bounds", [options](const std::string& text) { options->grid.bounds = parseBounds(text); },
         "Area of the grid as west,east,south,north in degrees (default: a degree more than the stations "
         "cover)");
-    command->add_option_function<std::string>(
+    command.addParsedOption(
         "--step", [options](const std::string& text) { options->grid.steps = parseSteps(text); },
         "Distance of grid points in degrees, as 0.5 or LONGITUDE,LATITUDE, fitted to the bounds "
         "(default: half of the stations' mean distance or less)");
     command
-        ->add_option("--mask-radius", options->maskRadius,
-                     "Leave points without data that have no station within so many degrees, and cap the "
-                     "others, unless by nearest, by the largest value there; 0: no (default)")
-        ->check(CLI::Range(0.0, 180.0));
-    addLevelOptions(*command, options->levels);
-    addSheetOptions(*command, options->chart, options->output);
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runAnalyse(*options); });
+        .addOption("--mask-radius", options->maskRadius,
+                   "Leave points without data that have no station within so many degrees, and cap the "
+                   "others, unless by nearest, by the largest value there; 0: no (default)")
+        .within(0.0, 180.0);
+    addLevelOptions(command, options->levels);
+    addSheetOptions(command, options->chart, options->output);
+    command.explain(explanation);
+    command.onRun([options] { return runAnalyse(*options); });
 }
 
 }  // namespace velmar::tool

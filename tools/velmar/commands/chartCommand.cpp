@@ -1,12 +1,12 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
 #include "cli/arguments.h"
 #include "cli/chartOptions.h"
+#include "cli/command.h"
 #include "cli/levelOptions.h"
 #include "commands/commands.h"
 #include "commands/fileUses.h"
@@ -16,28 +16,28 @@ namespace {
 
 const std::vector<std::string> formats{"png", "svg", "pdf"};
 
-/// Reads the argument of --wind. Throws CLI::ValidationError.
+/// Reads the argument of --wind. Throws a UsageError.
 WindElements parseWind(const std::string& text) {
     const std::vector<double> numbers = parseNumbers("--wind", text);
     const auto isField = [](double number) {
         return number >= 1 && number <= 1e6 && number == std::floor(number);
     };
     if (numbers.size() != 2 || !std::ranges::all_of(numbers, isField))
-        throw CLI::ValidationError("--wind", fmt::format("\"{}\" is not two numbers of fields", text));
+        throw UsageError("--wind", fmt::format("\"{}\" is not two numbers of fields", text));
     return {static_cast<int>(numbers[0]), static_cast<int>(numbers[1])};
 }
 
-void addStationOptions(CLI::App& command, ChartCommandOptions& options) {
-    command.add_option(
+void addStationOptions(Command& command, ChartCommandOptions& options) {
+    command.addOption(
         "--field", options.field,
         "The value to be plotted at stations: the number of a field of the report, counted from "
         "1, or of a value in a file of several (default: temperature, highest temperature of a "
         "forecast, height of a list of stations, first value)");
-    command.add_option_function<std::string>(
+    command.addParsedOption(
         "--wind", [&options](const std::string& text) { options.wind = parseWind(text); },
         "The fields of wind direction and speed, DIRECTION,SPEED (default: 7,8 in surface reports, 9,10 in "
         "upper-air reports, 6,7 in forecasts)");
-    command.add_flag("!--no-wind", options.showsWind, "Plot stations without wind barbs");
+    command.addFlag("!--no-wind", options.showsWind, "Plot stations without wind barbs");
 }
 
 int runChart(const ChartCommandOptions& options) {
@@ -53,37 +53,37 @@ int runChart(const ChartCommandOptions& options) {
 
 }  // namespace
 
-void addChartCommand(CLI::App& program, int& exitCode) {
+void addChartCommand(Program& program) {
     const auto options = std::make_shared<ChartCommandOptions>();
     ChartOptions& chart = options->chart;
-    CLI::App* command = program.add_subcommand("chart",
-                                               "Draw charts: grids with contour lines, winds with "
-                                               "streamlines, byte images as pictures, stations with "
-                                               "values and wind barbs, soundings as skew-T diagrams, lines "
-                                               "and regions of maps");
-    addOutputOptions(*command, options->output, formats,
+    Command command = program.addCommand("chart",
+                                         "Draw charts: grids with contour lines, winds with "
+                                         "streamlines, byte images as pictures, stations with "
+                                         "values and wind barbs, soundings as skew-T diagrams, lines "
+                                         "and regions of maps");
+    addOutputOptions(command, options->output, formats,
                      "Grid files (diamond 4), wind files (diamond 11), byte images (March 13), station files "
                      "(diamond 1, 2, 3, 8, 16), soundings (diamond 5, March 5) or map files (diamond 9, 10, "
                      "777, 778, 780, March 9)");
-    addLevelOptions(*command, options->levels);
-    command->add_option_function<std::string>(
+    addLevelOptions(command, options->levels);
+    command.addParsedOption(
         "--bounds", [&chart](const std::string& text) { chart.bounds = parseBounds(text); },
         "Area to draw as west,east,south,north in degrees (default: all that the file covers)");
-    addSheetOptions(*command, chart, options->output, options->fillQuantity);
+    addSheetOptions(command, chart, options->output, options->fillQuantity);
     command
-        ->add_option("--density", options->density,
-                     "Density of streamlines, 1 to 14 (default: one that suits the map)")
-        ->check(CLI::Range(1, 14));
-    addStationOptions(*command, *options);
-    command->add_option(
+        .addOption("--density", options->density,
+                   "Density of streamlines, 1 to 14 (default: one that suits the map)")
+        .within(1, 14);
+    addStationOptions(command, *options);
+    command.addOption(
         "--station", options->station,
         "Number of the station whose sounding to draw (default: the first or, in a pdf or into a "
         "folder, all)");
-    command->callback([options, command, &exitCode] {
-        options->centersGiven = options->chart.centers && command->count("--centers") > 0;
+    command.onRun([options, command] {
+        options->centersGiven = options->chart.centers && command.isGiven("--centers");
         if (options->chart.fill && !options->fillQuantity)
             options->fillQuantity = takeFillQuantity(options->output.inputs);
-        exitCode = runChart(*options);
+        return runChart(*options);
     });
 }
 

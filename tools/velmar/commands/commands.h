@@ -1,24 +1,22 @@
 #pragma once
 
-namespace CLI {
-class App;
-}
-
 namespace velmar::tool {
 
-// Each adds one command to the program; running it sets the exit code.
-void addInfoCommand(CLI::App& program, int& exitCode);
-void addContourCommand(CLI::App& program, int& exitCode);
-void addShadeCommand(CLI::App& program, int& exitCode);
-void addChartCommand(CLI::App& program, int& exitCode);
-void addAnalyseCommand(CLI::App& program, int& exitCode);
-void addRainCommand(CLI::App& program, int& exitCode);
-void addRefineCommand(CLI::App& program, int& exitCode);
-void addSoundingCommand(CLI::App& program, int& exitCode);
-void addRegionCommand(CLI::App& program, int& exitCode);
-void addWindCommand(CLI::App& program, int& exitCode);
-void addStreamlinesCommand(CLI::App& program, int& exitCode);
-void addTrianglesCommand(CLI::App& program, int& exitCode);
-void addDistanceCommand(CLI::App& program, int& exitCode);
+class Program;
+
+// Each adds one command to the program.
+void addInfoCommand(Program& program);
+void addContourCommand(Program& program);
+void addShadeCommand(Program& program);
+void addChartCommand(Program& program);
+void addAnalyseCommand(Program& program);
+void addRainCommand(Program& program);
+void addRefineCommand(Program& program);
+void addSoundingCommand(Program& program);
+void addRegionCommand(Program& program);
+void addWindCommand(Program& program);
+void addStreamlinesCommand(Program& program);
+void addTrianglesCommand(Program& program);
+void addDistanceCommand(Program& program);
 
 }  // namespace velmar::tool

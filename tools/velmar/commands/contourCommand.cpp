@@ -1,6 +1,6 @@
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/levelOptions.h"
 #include "cli/output.h"
@@ -31,13 +31,12 @@ int runContour(const ContourOptions& options) {
 
 }  // namespace
 
-void addContourCommand(CLI::App& program, int& exitCode) {
+void addContourCommand(Program& program) {
     const auto options = std::make_shared<ContourOptions>();
-    CLI::App* command =
-        program.add_subcommand("contour", "Write the contour lines of grids as GeoJSON or CSV");
-    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4)");
-    addLevelOptions(*command, options->levels);
-    command->callback([options, &exitCode] { exitCode = runContour(*options); });
+    Command command = program.addCommand("contour", "Write the contour lines of grids as GeoJSON or CSV");
+    addOutputOptions(command, options->output, formats, "Grid files (diamond 4)");
+    addLevelOptions(command, options->levels);
+    command.onRun([options] { return runContour(*options); });
 }
 
 }  // namespace velmar::tool

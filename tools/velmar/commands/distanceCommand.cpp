@@ -1,17 +1,18 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <cmath>
 #include <memory>
 #include <numbers>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "common/text.h"
 #include "sphere/greatCircle.h"
 #include "write/geoJson.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
@@ -26,25 +27,24 @@ struct DistanceOptions {
     bool json = false;
 };
 
-GeoPoint parsePlaceOnEarth(const std::string& name, const std::string& text) {
-    const GeoPoint place = parsePlace(name, text);
+base::LonLat parsePlaceOnEarth(const std::string& name, const std::string& text) {
+    const base::LonLat place = parsePlace(name, text);
     if (std::fabs(place.latitude) > 90)
-        throw CLI::ValidationError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
+        throw UsageError(name, fmt::format("\"{}\": latitudes lie between -90 and 90", text));
     return place;
 }
 
 int tellDistance(const DistanceOptions& options) {
-    const GeoPoint from = parsePlaceOnEarth("FROM", options.from);
-    const GeoPoint to = parsePlaceOnEarth("TO", options.to);
-    const auto [bearing, angle, distance] =
-        sphere::greatCircle({from.longitude, from.latitude}, {to.longitude, to.latitude});
+    const base::LonLat from = parsePlaceOnEarth("FROM", options.from);
+    const base::LonLat to = parsePlaceOnEarth("TO", options.to);
+    const auto [bearing, angle, distance] = sphere::greatCircle(from, to);
     constexpr double degrees = 180 / std::numbers::pi;
     if (!std::isfinite(distance) || !std::isfinite(bearing))
         throw Problem("the way has no direction: the places lie opposite each other, or one is a pole");
     const Json json{
         {"kilometres", writtenNumber(distance)}, {"bearing", bearing * degrees}, {"angle", angle * degrees}};
     if (options.json)
-        writeOutput("-", json.dump(2) + "\n");
+        writeOutput("-", jsonText(json));
     else
         writeOutput("-", fmt::format("{:.1f} km, bearing {:.1f}°, angle {:.3f}°\n", distance,
                                      bearing * degrees, angle * degrees));
@@ -53,15 +53,15 @@ int tellDistance(const DistanceOptions& options) {
 
 }  // namespace
 
-void addDistanceCommand(CLI::App& program, int& exitCode) {
+void addDistanceCommand(Program& program) {
     const auto options = std::make_shared<DistanceOptions>();
-    CLI::App* command =
-        program.add_subcommand("distance", "Tell how far one place is from another, and in which direction");
-    command->add_option("FROM", options->from, "Longitude,latitude in degrees")->required();
-    command->add_option("TO", options->to, "Longitude,latitude in degrees")->required();
-    command->add_flag("--json", options->json, "Answer in JSON");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = tellDistance(*options); });
+    Command command =
+        program.addCommand("distance", "Tell how far one place is from another, and in which direction");
+    command.addOption("FROM", options->from, "Longitude,latitude in degrees").required();
+    command.addOption("TO", options->to, "Longitude,latitude in degrees").required();
+    command.addFlag("--json", options->json, "Answer in JSON");
+    command.explain(explanation);
+    command.onRun([options] { return tellDistance(*options); });
 }
 
 }  // namespace velmar::tool

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "describe/description.h"
+
 namespace velmar::tool {
 namespace {
 

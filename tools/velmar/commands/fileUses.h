@@ -1,9 +1,10 @@
 #pragma once
 
 #include "commands/fileCharts.h"
-#include "describe/description.h"
 
 namespace velmar::tool {
+
+struct FileDescription;
 
 /// What the program does with files of one content, whatever their kind.
 struct FileUses {

@@ -1,12 +1,14 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "commands/fileUses.h"
+#include "describe/description.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
@@ -46,25 +48,21 @@ int runInfo(const InfoOptions& options) {
         else
             text += description.text;
     });
-    if (options.json && (jobs.size() > 1 || !list.empty())) {
-        const Json& result = jobs.size() > 1 ? list : list.front();
-        // A file's name can be in any encoding.
-        text = result.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-    }
+    if (options.json && (jobs.size() > 1 || !list.empty()))
+        text = jsonText(jobs.size() > 1 ? list : list.front());
     writeOutput("-", text);
     return exitCode;
 }
 
 }  // namespace
 
-void addInfoCommand(CLI::App& program, int& exitCode) {
+void addInfoCommand(Program& program) {
     const auto options = std::make_shared<InfoOptions>();
-    CLI::App* command = program.add_subcommand("info", "Say what files are and what is in them");
-    command->add_option("FILE", options->inputs, "Files of the diamond family")->required();
-    command->add_flag("--json", options->json,
-                      "Answer in JSON: an object for one file, an array for several");
-    addWorkersOption(*command, options->workers);
-    command->callback([options, &exitCode] { exitCode = runInfo(*options); });
+    Command command = program.addCommand("info", "Say what files are and what is in them");
+    command.addOption("FILE", options->inputs, "Files of the diamond family").required();
+    command.addFlag("--json", options->json, "Answer in JSON: an object for one file, an array for several");
+    addWorkersOption(command, options->workers);
+    command.onRun([options] { return runInfo(*options); });
 }
 
 }  // namespace velmar::tool

@@ -1,8 +1,5 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <filesystem>
@@ -11,6 +8,7 @@
 #include "chart/stationChart.h"
 #include "cli/callFiles.h"
 #include "cli/chartOptions.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -34,11 +32,11 @@ constexpr const char* explanation =
 struct RainOptions {
     OutputOptions output;
     std::string directory;
-    RainPeriod span{0, 0, 1};
+    rain::RainSpan span{0, 0, 1};
     ChartOptions chart;
 };
 
-/// Reads YYYYMMDDHH. Throws CLI::ValidationError unless that is an hour of the calendar.
+/// Reads YYYYMMDDHH. Throws a UsageError unless that is an hour of the calendar.
 DateKey parseTime(const std::string& option, const std::string& text) {
     constexpr std::size_t digits = 10;
     constexpr int firstYear = 1000;
@@ -51,28 +49,24 @@ DateKey parseTime(const std::string& option, const std::string& text) {
                                            std::chrono::month{static_cast<unsigned>(month)},
                                            std::chrono::day{static_cast<unsigned>(day)}};
     if (!isNumber || year < firstYear || !date.ok() || hour > 23)
-        throw CLI::ValidationError(
+        throw UsageError(
             option,
             fmt::format("\"{}\" is no time; year, month, day and hour are expected as YYYYMMDDHH", text));
     return time;
 }
 
 /// Says in advance what the library would refuse without a word.
-void checkSpan(const RainPeriod& span) {
-    constexpr std::array hours{2, 8, 14, 20};
-    const auto isOne = [&](int hour) { return std::ranges::find(hours, hour) != hours.end(); };
-    const int from = partsOf(span.from).hour;
-    const int to = partsOf(span.to).hour;
-    if (span.from >= span.to) throw CLI::ValidationError("--from", "it has to be before --to");
+void checkSpan(const rain::RainSpan& span) {
+    const int startHour = partsOf(span.start).hour;
+    const int endHour = partsOf(span.end).hour;
+    if (span.start >= span.end) throw UsageError("--from", "it has to be before --to");
     if (span.stepHours == 1) return;
-    if (!isOne(to) && to != 5)
-        throw CLI::ValidationError("--to",
-                                   "with steps of more than an hour it has to be at 2, 5, 8, 14 or 20 h");
-    if (!isOne(from) && !(from == 5 && to == 5))
-        throw CLI::ValidationError(
-            "--from",
-            "with steps of more than an hour it has to be at 2, 8, 14 or 20 h, or at 5 "
-            "h when --to is");
+    if (!rain::mayEndAt(endHour))
+        throw UsageError("--to", "with steps of more than an hour it has to be at 2, 5, 8, 14 or 20 h");
+    if (!rain::mayStartAt(startHour, endHour))
+        throw UsageError("--from",
+                         "with steps of more than an hour it has to be at 2, 8, 14 or 20 h, or at 5 "
+                         "h when --to is");
 }
 
 std::string rendered(const RainSum& sum, const ChartOptions& chart, const std::string& format) {
@@ -105,7 +99,7 @@ std::vector<std::string> rainFiles(const RainSum& sum, const std::string& direct
 int runRain(RainOptions& options) {
     checkSpan(options.span);
     options.output.inputs = {options.directory};
-    if (options.output.output.empty()) options.output.output = "-";
+    if (options.output.output.empty()) options.output.output = '-';
     return runJobs(planJobs(options.output, rainFormats), 1, [&](const Job& job, Reporter& reporter) {
         const RainSum sum = sumRain(job.input, options.span);
         for (const std::string& notice : sum.notices) reporter.tell(job.input, notice);
@@ -116,37 +110,36 @@ int runRain(RainOptions& options) {
     });
 }
 
-void addTimeOption(CLI::App& command, const std::string& name, DateKey& time, const std::string& meaning) {
+void addTimeOption(Command& command, const std::string& name, DateKey& time, const std::string& meaning) {
     command
-        .add_option_function<std::string>(
+        .addParsedOption(
             name, [name, &time](const std::string& text) { time = parseTime(name, text); }, meaning)
-        ->required();
+        .required();
 }
 
 }  // namespace
 
-void addRainCommand(CLI::App& program, int& exitCode) {
+void addRainCommand(Program& program) {
     const auto options = std::make_shared<RainOptions>();
-    CLI::App* command = program.add_subcommand(
-        "rain", "Add up the rain of stations over a span of time, from a folder of files");
-    command->add_option("DIR", options->directory, "Folder of the files")->required();
-    addTimeOption(*command, "--from", options->span.from,
+    Command command =
+        program.addCommand("rain", "Add up the rain of stations over a span of time, from a folder of files");
+    command.addOption("DIR", options->directory, "Folder of the files").required();
+    addTimeOption(command, "--from", options->span.start,
                   "Start as YYYYMMDDHH; the file of this time is not part of the sum");
-    addTimeOption(*command, "--to", options->span.to, "End as YYYYMMDDHH, the time of the last file");
-    command->add_option("--step", options->span.stepHours, "Hours from file to file, 1 to 24 (default 1)")
-        ->check(CLI::Range(1, 24));
-    command->add_option("-o,--output", options->output.output,
-                        fmt::format("Output file, its ending one of .{}; - is standard output (default)",
-                                    fmt::join(rainFormats, ", .")));
-    command->add_option("--format", options->output.format, "Format for -o - (default txt)")
-        ->check(CLI::IsMember(rainFormats));
-    command->add_option_function<std::string>(
+    addTimeOption(command, "--to", options->span.end, "End as YYYYMMDDHH, the time of the last file");
+    command.addOption("--step", options->span.stepHours, "Hours from file to file, 1 to 24 (default 1)")
+        .within(1, 24);
+    command.addOption("-o,--output", options->output.output,
+                      fmt::format("Output file, its ending one of .{}; - is standard output (default)",
+                                  fmt::join(rainFormats, ", .")));
+    command.addOption("--format", options->output.format, "Format for -o - (default txt)").oneOf(rainFormats);
+    command.addParsedOption(
         "--bounds", [options](const std::string& text) { options->chart.bounds = parseBounds(text); },
         "Area of a chart as west,east,south,north in degrees (default: that of the stations)");
-    addSizeOption(*command, options->chart);
-    addMapOption(*command, options->chart, options->output);
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runRain(*options); });
+    addSizeOption(command, options->chart);
+    addMapOption(command, options->chart, options->output);
+    command.explain(explanation);
+    command.onRun([options] { return runRain(*options); });
 }
 
 }  // namespace velmar::tool

@@ -1,11 +1,11 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -31,8 +31,8 @@ grid::RefinementFactors parseFactors(const std::string& text) {
     const auto numbers = parseNumbers("--factor", text);
     const auto isFactor = [](double x) { return x == std::floor(x) && x >= 1 && x <= mostParts; };
     if (numbers.size() > 2 || !std::ranges::all_of(numbers, isFactor))
-        throw CLI::ValidationError(
-            "--factor", fmt::format("\"{}\" is not one or two whole numbers from 1 to {}", text, mostParts));
+        throw UsageError("--factor",
+                         fmt::format("\"{}\" is not one or two whole numbers from 1 to {}", text, mostParts));
     return {static_cast<int>(numbers.front()), static_cast<int>(numbers.back())};
 }
 
@@ -99,19 +99,19 @@ int runRefine(const RefineOptions& options) {
 
 }  // namespace
 
-void addRefineCommand(CLI::App& program, int& exitCode) {
+void addRefineCommand(Program& program) {
     const auto options = std::make_shared<RefineOptions>();
-    CLI::App* command = program.add_subcommand("refine", "Make grids finer by cubic interpolation");
-    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4)");
+    Command command = program.addCommand("refine", "Make grids finer by cubic interpolation");
+    addOutputOptions(command, options->output, formats, "Grid files (diamond 4)");
     command
-        ->add_option_function<std::string>(
+        .addParsedOption(
             "--factor", [options](const std::string& text) { options->factors = parseFactors(text); },
             "Into how many parts to divide the grid's intervals, as 4 or, along rows and along columns, 4,2")
-        ->required();
-    command->footer(
+        .required();
+    command.explain(
         "Grid points keep their values; between them, values can overshoot near steep steps. An interval\n"
         "with an end without data has none inside.");
-    command->callback([options, &exitCode] { exitCode = runRefine(*options); });
+    command.onRun([options] { return runRefine(*options); });
 }
 
 }  // namespace velmar::tool

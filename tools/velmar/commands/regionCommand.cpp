@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -13,13 +13,14 @@
 #include "read/lineMap.h"
 #include "regions/regions.h"
 #include "write/geoJson.h"
+#include "write/jsonText.h"
 
 namespace velmar::tool {
 namespace {
 
 struct RegionOptions {
     std::string input;
-    std::vector<GeoPoint> places;
+    std::vector<base::LonLat> places;
     bool list = false;  ///< also without places
     bool json = false;
 };
@@ -41,7 +42,7 @@ std::string nameIn(const regions::RegionTable& table, const regions::Region& reg
 }
 
 /// The name of the region that holds a place; a place on a map of 0 to 360 degrees may be west of Greenwich.
-std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
+std::string nameAt(const regions::RegionTable& table, const base::LonLat& place) {
     for (const float circles : {0.0F, 360.0F, -360.0F})
         if (const regions::Region* region =
                 regions::findRegion(table, {place.longitude + circles, place.latitude}))
@@ -49,17 +50,18 @@ std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
     return {};
 }
 
-std::string placesText(const regions::RegionTable& table, const std::vector<GeoPoint>& places, bool asJson) {
+std::string placesText(const regions::RegionTable& table, const std::vector<base::LonLat>& places,
+                       bool asJson) {
     Json json = Json::array();
     std::string text;
-    for (const GeoPoint& place : places) {
+    for (const base::LonLat& place : places) {
         const std::string name = nameAt(table, place);
         json.push_back({{"longitude", writtenNumber(place.longitude)},
                         {"latitude", writtenNumber(place.latitude)},
                         {"region", name.empty() ? Json() : Json(name)}});
         text += fmt::format("{}\n", name.empty() ? "(no region)" : name);
     }
-    return asJson ? json.dump(2) + "\n" : text;
+    return asJson ? jsonText(json) : text;
 }
 
 std::string listText(const regions::RegionTable& table, bool asJson) {
@@ -79,7 +81,7 @@ std::string listText(const regions::RegionTable& table, bool asJson) {
         json.push_back(entry);
         text += fmt::format("{}  {} points, {}\n", name, region.pointCount, bounds);
     }
-    return asJson ? json.dump(2) + "\n" : text;
+    return asJson ? jsonText(json) : text;
 }
 
 int runRegion(const RegionOptions& options) {
@@ -92,20 +94,21 @@ int runRegion(const RegionOptions& options) {
 
 }  // namespace
 
-void addRegionCommand(CLI::App& program, int& exitCode) {
+void addRegionCommand(Program& program) {
     const auto options = std::make_shared<RegionOptions>();
-    CLI::App* command = program.add_subcommand("region", "Say in which region of a file a place lies");
-    command->add_option("FILE", options->input, "A region file (diamond 10)")->required();
-    CLI::Option* at = command->add_option_function<std::vector<std::string>>(
-        "--at",
-        [options](const std::vector<std::string>& texts) {
-            for (const std::string& text : texts) options->places.push_back(parsePlace("--at", text));
-        },
-        "A place, as longitude,latitude in degrees; may be given more than once");
-    at->allow_extra_args(false);
-    command->add_flag("--list", options->list, "List the regions (also without --at)")->excludes(at);
-    command->add_flag("--json", options->json, "Answer in JSON");
-    command->callback([options, &exitCode] { exitCode = runRegion(*options); });
+    Command command = program.addCommand("region", "Say in which region of a file a place lies");
+    command.addOption("FILE", options->input, "A region file (diamond 10)").required();
+    command
+        .addRepeatedOption(
+            "--at",
+            [options](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) options->places.push_back(parsePlace("--at", text));
+            },
+            "A place, as longitude,latitude in degrees; may be given more than once")
+        .showsRepetition();
+    command.addFlag("--list", options->list, "List the regions (also without --at)").excludes("--at");
+    command.addFlag("--json", options->json, "Answer in JSON");
+    command.onRun([options] { return runRegion(*options); });
 }
 
 }  // namespace velmar::tool

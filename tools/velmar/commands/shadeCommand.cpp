@@ -1,8 +1,8 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <numeric>
 
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/levelOptions.h"
 #include "cli/output.h"
@@ -85,17 +85,17 @@ int runShade(const ShadeOptions& options) {
 
 }  // namespace
 
-void addShadeCommand(CLI::App& program, int& exitCode) {
+void addShadeCommand(Program& program) {
     const auto options = std::make_shared<ShadeOptions>();
-    CLI::App* command = program.add_subcommand(
+    Command command = program.addCommand(
         "shade", "Write the areas above contour levels as GeoJSON polygons, in the order to paint them");
-    addOutputOptions(*command, options->output, formats, "Grid files (diamond 4) or byte images (March 13)");
-    addLevelOptions(*command, options->levels);
-    command->add_option("--strip-rows", options->stripRows, "Rows of cells in a strip; 0: the whole grid")
-        ->check(CLI::NonNegativeNumber)
-        ->capture_default_str();
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runShade(*options); });
+    addOutputOptions(command, options->output, formats, "Grid files (diamond 4) or byte images (March 13)");
+    addLevelOptions(command, options->levels);
+    command.addOption("--strip-rows", options->stripRows, "Rows of cells in a strip; 0: the whole grid")
+        .notNegative()
+        .showsDefault();
+    command.explain(explanation);
+    command.onRun([options] { return runShade(*options); });
 }
 
 }  // namespace velmar::tool

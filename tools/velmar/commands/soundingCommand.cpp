@@ -1,10 +1,12 @@
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "read/soundingFile.h"
+#include "write/geoJson.h"
+#include "write/jsonText.h"
 #include "write/soundingWriter.h"
 
 namespace velmar::tool {
@@ -34,14 +36,14 @@ struct Answers {
         if (format == "json")
             list.push_back(soundingJson(file));
         else if (format == "csv")
-            text += (text.empty() ? soundingHeading : "") + soundingRows(file);
+            text.append(text.empty() ? soundingHeading : "").append(soundingRows(file));
         else
-            text += (text.empty() ? "" : "\n") + soundingText(file);
+            text.append(text.empty() ? "" : "\n").append(soundingText(file));
     }
     /// Several files make an array in JSON, however many of them can be read.
     std::string bytes(const std::string& format, bool several) const {
         if (format != "json" || (list.empty() && !several)) return text;
-        return (several ? list : list.front()).dump(2) + "\n";
+        return jsonText(several ? list : list.front());
     }
 };
 
@@ -81,15 +83,15 @@ int runSounding(SoundingOptions& options) {
 
 }  // namespace
 
-void addSoundingCommand(CLI::App& program, int& exitCode) {
+void addSoundingCommand(Program& program) {
     const auto options = std::make_shared<SoundingOptions>();
-    CLI::App* command = program.add_subcommand(
-        "sounding", "Print the levels of soundings and the indices computed from them");
-    addOutputOptions(*command, options->output, formats, "Files of soundings (diamond 5, March 5)");
-    command->add_option("--station", options->station, "Number of the one station to print (default: all)");
-    command->add_flag("--json", options->json, "The same as --format json")->excludes("--format");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runSounding(*options); });
+    Command command =
+        program.addCommand("sounding", "Print the levels of soundings and the indices computed from them");
+    addOutputOptions(command, options->output, formats, "Files of soundings (diamond 5, March 5)");
+    command.addOption("--station", options->station, "Number of the one station to print (default: all)");
+    command.addFlag("--json", options->json, "The same as --format json").excludes("--format");
+    command.explain(explanation);
+    command.onRun([options] { return runSounding(*options); });
 }
 
 }  // namespace velmar::tool

@@ -3,12 +3,12 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <memory>
 
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/levelOptions.h"
 #include "cli/output.h"
@@ -125,18 +125,17 @@ int runStreamlines(const StreamlinesOptions& options) {
 
 }  // namespace
 
-void addStreamlinesCommand(CLI::App& program, int& exitCode) {
+void addStreamlinesCommand(Program& program) {
     const auto options = std::make_shared<StreamlinesOptions>();
-    CLI::App* command =
-        program.add_subcommand("streamlines", "Write the streamlines of wind grids as GeoJSON");
-    addOutputOptions(*command, options->output, formats, "Wind grids (diamond 11)");
-    command->add_option("--density", options->density, "How close the lines are, from 1 to 14")
-        ->check(CLI::Range(1, 14))
-        ->capture_default_str();
-    addLevelOptions(*command, options->levels);
-    command->add_flag("--split", options->split, "Divide lines where the band of speed changes");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runStreamlines(*options); });
+    Command command = program.addCommand("streamlines", "Write the streamlines of wind grids as GeoJSON");
+    addOutputOptions(command, options->output, formats, "Wind grids (diamond 11)");
+    command.addOption("--density", options->density, "How close the lines are, from 1 to 14")
+        .within(1, 14)
+        .showsDefault();
+    addLevelOptions(command, options->levels);
+    command.addFlag("--split", options->split, "Divide lines where the band of speed changes");
+    command.explain(explanation);
+    command.onRun([options] { return runStreamlines(*options); });
 }
 
 }  // namespace velmar::tool

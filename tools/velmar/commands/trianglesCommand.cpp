@@ -1,10 +1,10 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "chart/stationChart.h"
 #include "cli/chartOptions.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/levelOptions.h"
 #include "cli/output.h"
@@ -58,21 +58,21 @@ int runTriangles(const TrianglesOptions& options) {
 
 }  // namespace
 
-void addTrianglesCommand(CLI::App& program, int& exitCode) {
+void addTrianglesCommand(Program& program) {
     const auto options = std::make_shared<TrianglesOptions>();
-    CLI::App* command = program.add_subcommand(
+    Command command = program.addCommand(
         "triangles", "Draw contour lines straight from stations, over a network of triangles, or write them");
-    addOutputOptions(*command, options->output, formats, "Station files (diamond 1, 2, 3, 8 and 16)");
-    command->add_option("--element", options->element, "Which value of a station, as in analyse");
-    addLevelOptions(*command, options->levels);
-    command->add_option_function<std::string>(
+    addOutputOptions(command, options->output, formats, "Station files (diamond 1, 2, 3, 8 and 16)");
+    command.addOption("--element", options->element, "Which value of a station, as in analyse");
+    addLevelOptions(command, options->levels);
+    command.addParsedOption(
         "--bounds", [options](const std::string& text) { options->chart.bounds = parseBounds(text); },
         "Area to draw as west,east,south,north in degrees (default: that of the stations)");
-    addSizeOption(*command, options->chart);
-    addMapOption(*command, options->chart, options->output);
-    command->add_flag("--network,!--no-network", options->withNetwork, "Draw the triangles (default: yes)");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runTriangles(*options); });
+    addSizeOption(command, options->chart);
+    addMapOption(command, options->chart, options->output);
+    command.addFlag("--network,!--no-network", options->withNetwork, "Draw the triangles (default: yes)");
+    command.explain(explanation);
+    command.onRun([options] { return runTriangles(*options); });
 }
 
 }  // namespace velmar::tool

@@ -1,10 +1,10 @@
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 
 #include "cli/arguments.h"
+#include "cli/command.h"
 #include "cli/jobs.h"
 #include "cli/output.h"
 #include "commands/commands.h"
@@ -32,7 +32,7 @@ float parseScale(const std::string& text) {
     const auto numbers = parseNumbers("--scale", text);
     const auto scale = static_cast<float>(numbers.front());
     if (numbers.size() != 1 || scale == 0)
-        throw CLI::ValidationError("--scale", fmt::format("\"{}\" is not one number other than 0", text));
+        throw UsageError("--scale", fmt::format("\"{}\" is not one number other than 0", text));
     return scale;
 }
 
@@ -50,25 +50,24 @@ int runWind(const WindOptions& options) {
 
 }  // namespace
 
-void addWindCommand(CLI::App& program, int& exitCode) {
+void addWindCommand(Program& program) {
     const auto options = std::make_shared<WindOptions>();
-    CLI::App* command = program.add_subcommand(
+    Command command = program.addCommand(
         "wind", "Compute divergence, vorticity or speed of wind grids; write grid files or CSV");
-    addOutputOptions(*command, options->output, formats, "Wind grids (diamond 11)");
-    CLI::Option_group* const quantities = command->add_option_group("Quantity");
+    addOutputOptions(command, options->output, formats, "Wind grids (diamond 11)");
+    Command quantities = command.addAlternatives("Quantity");
     const auto addQuantity = [&](WindQuantity quantity, const char* description) {
-        quantities->add_flag_callback(
+        quantities.addFlag(
             fmt::format("--{}", quantityName(quantity)), [=] { options->quantity = quantity; }, description);
     };
     addQuantity(WindQuantity::divergence, "Horizontal divergence, 1/s");
     addQuantity(WindQuantity::vorticity, "Relative vorticity, 1/s");
     addQuantity(WindQuantity::speed, "Wind speed, m/s");
-    quantities->require_option(1);
-    command->add_option_function<std::string>(
+    command.addParsedOption(
         "--scale", [options](const std::string& text) { options->scale = parseScale(text); },
         "Multiply the values by this number, as 1e5 for handy ones of divergence and vorticity (default 1)");
-    command->footer(explanation);
-    command->callback([options, &exitCode] { exitCode = runWind(*options); });
+    command.explain(explanation);
+    command.onRun([options] { return runWind(*options); });
 }
 
 }  // namespace velmar::tool

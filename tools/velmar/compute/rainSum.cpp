@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <filesystem>
 
 #include "base/scanner.h"
 #include "common/text.h"
@@ -17,16 +16,7 @@
 namespace velmar::tool {
 namespace {
 
-namespace fs = std::filesystem;
 using rain::DateKey;
-
-/// The file of a time: one whose name has a backslash in it may stand for it, on every platform.
-std::string fileOf(const std::string& directory, DateKey time) {
-    const std::string name = fmt::format("{:08}.000", time % 100000000);
-    std::error_code ignored;
-    const std::string withBackslash = directory + '\\' + name;
-    return fs::exists(withBackslash, ignored) ? withBackslash : directory + '/' + name;
-}
 
 /// The times of rain files count 29 days in every February.
 bool isDayOfNoCalendar(DateKey time) {
@@ -81,18 +71,18 @@ std::string rainTimeText(DateKey time) {
     return fmt::format("{:04}-{:02}-{:02} {:02}:00", year, month, day, hour);
 }
 
-RainSum sumRain(const std::string& directory, const RainPeriod& span) {
+RainSum sumRain(const std::string& directory, const rain::RainSpan& span) {
     rain::RainTable table;
-    RainSum sum{.span = span, .last = span.from, .files = {}, .notices = {}, .stations = {}};
-    while (sum.last < span.to) {
+    RainSum sum{.span = span, .last = span.start, .files = {}, .notices = {}, .stations = {}};
+    while (sum.last < span.end) {
         sum.last = rain::stepDateKey(span.stepHours, sum.last);
-        sum.files.push_back(fileOf(directory, sum.last));
+        sum.files.push_back(rain::rainFileOf(directory, sum.last));
         const std::string notice = addFile(sum.files.back(), sum.last, table);
         if (!notice.empty()) sum.notices.push_back(notice);
     }
-    if (sum.last != span.to)
+    if (sum.last != span.end)
         sum.notices.push_back(fmt::format("the steps do not end at {}: the last file is that of {}",
-                                          rainTimeText(span.to), rainTimeText(sum.last)));
+                                          rainTimeText(span.end), rainTimeText(sum.last)));
     if (table.stations().empty()) throw Problem("its files have no stations");
     std::ranges::transform(table.stations(), std::back_inserter(sum.stations), roundedStation);
     return sum;

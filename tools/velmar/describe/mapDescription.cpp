@@ -9,15 +9,16 @@
 namespace velmar::tool {
 namespace {
 
-/// Adds the longitudes (axis 0) or the latitudes (axis 1) of a map that has points.
-void addAxis(const LineMap& map, std::size_t axis, FileDescription& description) {
-    float smallest = map.coordinates[axis];
+/// Adds the longitudes or the latitudes of a map that has points.
+void addAxis(const LineMap& map, std::string_view name, float base::LonLat::*axis,
+             FileDescription& description) {
+    float smallest = map.points.front().*axis;
     float largest = smallest;
-    for (std::size_t k = axis; k < map.coordinates.size(); k += 2) {
-        smallest = std::min(smallest, map.coordinates[k]);
-        largest = std::max(largest, map.coordinates[k]);
+    for (const base::LonLat& point : map.points) {
+        smallest = std::min(smallest, point.*axis);
+        largest = std::max(largest, point.*axis);
     }
-    description.addRange(axis == 0 ? "longitudes" : "latitudes", smallest, largest);
+    description.addRange(name, smallest, largest);
 }
 
 std::size_t countNames(const LineMap& map) {
@@ -32,7 +33,7 @@ std::size_t countNames(const LineMap& map) {
 void describeMap(const FileHead& head, FileDescription& description) {
     const LineMap map = readLineMap(head);
     description.notice = map.notice;
-    const std::size_t points = map.coordinates.size() / 2;
+    const std::size_t points = map.points.size();
     description.json["lines"] = map.lines.size();
     description.json["points"] = points;
     description.addLine("lines", fmt::format("{}, {} points", map.lines.size(), points));
@@ -40,9 +41,9 @@ void describeMap(const FileHead& head, FileDescription& description) {
         description.json["names"] = names;
         description.addLine("names", std::to_string(names));
     }
-    if (map.coordinates.empty()) return;
-    addAxis(map, 0, description);
-    addAxis(map, 1, description);
+    if (map.points.empty()) return;
+    addAxis(map, "longitudes", &base::LonLat::longitude, description);
+    addAxis(map, "latitudes", &base::LonLat::latitude, description);
 }
 
 }  // namespace velmar::tool

@@ -21,14 +21,6 @@ std::string breakOff(const LineMap& map, const char* what) {
     return fmt::format("the file breaks off: {} {} of it can be read", map.lines.size(), what);
 }
 
-std::vector<float> coordinatesOf(const std::vector<base::LonLat>& points) {
-    std::vector<float> coordinates;
-    coordinates.reserve(2 * points.size());
-    for (const auto& [longitude, latitude] : points)
-        coordinates.insert(coordinates.end(), {longitude, latitude});
-    return coordinates;
-}
-
 void readMap(const FileHead& head, LineMap& map) {
     base::TextScanner in(head.file.view());
     const auto form = files::readMapHead(in);
@@ -37,7 +29,7 @@ void readMap(const FileHead& head, LineMap& map) {
     const bool whole = files::readMapLines(in, *form, lines, nullptr);
     for (const files::MapLine& line : lines.runs)
         map.lines.push_back({line.firstPoint, line.pointCount, line.attribute1, line.attribute2, {}});
-    map.coordinates = coordinatesOf(lines.points);
+    map.points = std::move(lines.points);
     if (!whole) map.notice = breakOff(map, "lines");
 }
 
@@ -45,8 +37,8 @@ void readLine(const FileHead& head, LineMap& map) {
     const auto kind = head.kind.type == 780 ? files::PolylineKind::type780 : files::PolylineKind::type777;
     std::optional<files::Polyline> line = files::readPolyline(head.file.view(), kind);
     if (!line) throw Problem("its header or its points cannot be read");
-    map.coordinates = coordinatesOf(line->points);
-    map.lines.push_back({0, map.coordinates.size() / 2, 0, 0, {}});
+    map.points = std::move(line->points);
+    map.lines.push_back({0, map.points.size(), 0, 0, {}});
 }
 
 void readRegions(const FileHead& head, LineMap& map) {
@@ -56,19 +48,17 @@ void readRegions(const FileHead& head, LineMap& map) {
     for (const base::NamedOutline& outline : regions->runs)
         map.lines.push_back(
             {outline.firstPoint, outline.pointCount, 0, 0, gbkToUtf8(regions->names.data() + outline.name)});
-    map.coordinates = coordinatesOf(regions->points);
+    map.points = std::move(regions->points);
     if (!regions->runs.empty() && !regions->runs.back().isWhole) map.notice = breakOff(map, "regions");
 }
 
 /// The longitudes of the points on the globe, from 0 to 360.
 std::vector<double> longitudesOf(const LineMap& map) {
     std::vector<double> longitudes;
-    longitudes.reserve(map.coordinates.size() / 2);
-    for (std::size_t k = 0; k < map.coordinates.size(); k += 2) {
-        const double longitude = map.coordinates[k];
-        if (std::fabs(longitude) <= 2 * circle && std::fabs(map.coordinates[k + 1]) <= 90)
+    longitudes.reserve(map.points.size());
+    for (const auto& [longitude, latitude] : map.points)
+        if (std::fabs(longitude) <= 2 * circle && std::fabs(latitude) <= 90)
             longitudes.push_back(longitude - circle * std::floor(longitude / circle));
-    }
     return longitudes;
 }
 
@@ -109,11 +99,10 @@ GeoBox boundsOf(const LineMap& map) {
     if (longitudes.empty()) throw Problem("none of its points is on the globe");
     double south = 90;
     double north = -90;
-    for (std::size_t k = 1; k < map.coordinates.size(); k += 2) {
-        const double latitude = map.coordinates[k];
+    for (const auto& [longitude, latitude] : map.points) {
         if (!(std::fabs(latitude) <= 90)) continue;
-        south = std::min(south, latitude);
-        north = std::max(north, latitude);
+        south = std::min<double>(south, latitude);
+        north = std::max<double>(north, latitude);
     }
     const auto [west, east] = withoutGap(std::move(longitudes));
     const double margin = std::max(0.03 * std::max(east - west, north - south), 0.1);

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
+#include "base/points.h"
 #include "read/fileHead.h"
-#include "read/geoPoints.h"
 #include "read/gridFile.h"
 
 namespace velmar::tool {
@@ -13,7 +14,7 @@ namespace velmar::tool {
 struct LineMap {
     struct DrawnLine {
         std::size_t firstPoint;
-        std::size_t points;
+        std::size_t pointCount;
         int attribute1 = 0;  ///< of map files of the March form: 1 a coast, 2 a border in the samples
         int attribute2 = 0;
         std::string name;  ///< of a region, UTF-8; empty for other lines
@@ -21,11 +22,11 @@ struct LineMap {
 
     std::string title;  ///< UTF-8
     std::vector<DrawnLine> lines;
-    std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees, as the file has them
-    std::string notice;              ///< where the file breaks off; empty when it is whole
+    std::vector<base::LonLat> points;  ///< of the lines, as the file has them
+    std::string notice;                ///< where the file breaks off; empty when it is whole
 
-    GeoPoints pointsOf(const DrawnLine& line) const {
-        return {std::span(coordinates).subspan(2 * line.firstPoint, 2 * line.points)};
+    std::span<const base::LonLat> pointsOf(const DrawnLine& line) const {
+        return std::span(points).subspan(line.firstPoint, line.pointCount);
     }
 };
 

@@ -10,7 +10,7 @@ namespace velmar::tool {
 namespace {
 
 std::string spanText(const RainSum& sum) {
-    return fmt::format("rain after {} up to {}", rainTimeText(sum.span.from), rainTimeText(sum.last));
+    return fmt::format("rain after {} up to {}", rainTimeText(sum.span.start), rainTimeText(sum.last));
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ std::string stationFileText(const RainSum& sum) {
     const auto [year, month, day, hour] = partsOf(sum.last);
     // No contour levels, no boundary, one value a station.
     std::string text = fmt::format("diamond {} RAIN_{}_{}\n{} {} {} {} 0 0\n0 0 0\n1 {}\n", stationValuesType,
-                                   sum.span.from, sum.last, year, month, day, hour, sum.stations.size());
+                                   sum.span.start, sum.last, year, month, day, hour, sum.stations.size());
     for (const auto& [number, longitude, latitude, height, total] : sum.stations)
         fmt::format_to(std::back_inserter(text), "{} {} {} {} {}\n", number, longitude, latitude, height,
                        total);

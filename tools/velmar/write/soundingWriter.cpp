@@ -8,6 +8,7 @@
 
 #include "common/text.h"
 #include "compute/soundingIndices.h"
+#include "write/geoJson.h"
 
 namespace velmar::tool {
 namespace {

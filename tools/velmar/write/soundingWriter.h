@@ -1,10 +1,10 @@
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
 #include "read/soundingFile.h"
-#include "write/geoJson.h"
 
 namespace velmar::tool {
 
@@ -23,7 +23,7 @@ std::string stationText(const CheckedSounding& sounding);
 std::string soundingText(const CheckedSoundings& file);
 
 /// An object; values of levels that are missing are null, indices that cannot be computed are not there.
-Json soundingJson(const CheckedSoundings& file);
+nlohmann::ordered_json soundingJson(const CheckedSoundings& file);
 
 /// The levels as comma-separated values, a row a level; missing values are empty. The heading stands above the
 /// rows of all files.

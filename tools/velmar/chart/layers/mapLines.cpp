@@ -15,12 +15,11 @@ struct MapPlace {
 };
 
 /// The points with as many circles added to each that neighbours are near to each other.
-std::vector<MapPlace> joined(const GeoPoints& points) {
+std::vector<MapPlace> joined(std::span<const base::LonLat> points) {
     constexpr double mostDegrees = 2 * circle;
     std::vector<MapPlace> line;
     line.reserve(points.size());
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        const auto [longitude, latitude] = points[k];
+    for (const auto& [longitude, latitude] : points) {
         if (!(std::fabs(longitude) <= mostDegrees && std::fabs(latitude) <= 90)) continue;
         const double step = line.empty() ? 0 : longitude - line.back().longitude;
         line.push_back({longitude - circle * std::round(step / circle), latitude});
@@ -67,7 +66,7 @@ void closeRoundPole(std::vector<MapPlace>& outline) {
 
 }  // namespace
 
-std::vector<PaperPieces> linesOnPaper(const GeoPoints& points, const MapFrame& map) {
+std::vector<PaperPieces> linesOnPaper(std::span<const base::LonLat> points, const MapFrame& map) {
     const std::vector<MapPlace> line = joined(points);
     const auto [first, last] = visibleCircles(line, map.bounds);
     std::vector<PaperPieces> copies;
@@ -75,7 +74,7 @@ std::vector<PaperPieces> linesOnPaper(const GeoPoints& points, const MapFrame& m
     return copies;
 }
 
-std::vector<std::vector<PaperPoint>> areasOnPaper(const GeoPoints& points, const MapFrame& map) {
+std::vector<std::vector<PaperPoint>> areasOnPaper(std::span<const base::LonLat> points, const MapFrame& map) {
     std::vector<MapPlace> outline = joined(points);
     closeRoundPole(outline);
     const auto [first, last] = visibleCircles(outline, map.bounds);
