@@ -28,6 +28,15 @@ struct LineList {
         return {points.data() + line.firstPoint, line.pointCount};
     }
 
+    /// Adds the lines of another list behind those of this one.
+    void append(const LineList& other) {
+        for (ContourLine line : other.lines) {
+            line.firstPoint += points.size();
+            lines.push_back(line);
+        }
+        points.insert(points.end(), other.points.begin(), other.points.end());
+    }
+
     /// Keeps the memory for the next call.
     void clear() {
         lines.clear();

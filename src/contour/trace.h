@@ -8,6 +8,19 @@
 
 namespace velmar::contour {
 
+/// What the tracing of a level works in.
+struct LevelBuffers {
+    Crossings crossings;
+    std::vector<Point> forward;
+    std::vector<Point> backward;
+
+    /// Size of the memory in use.
+    std::size_t bytes() const {
+        return crossings.alongRow.bytes() + crossings.alongColumn.bytes() + base::bytesOf(forward) +
+               base::bytesOf(backward);
+    }
+};
+
 /// Buffers of the tracing, reused from call to call.
 ///
 /// The length of lines is limited as if a line were written from the middle of a work buffer towards both its
@@ -15,16 +28,11 @@ namespace velmar::contour {
 /// cut where it would reach an end. Only the size of that buffer is kept.
 struct TraceBuffers {
     grid::LevelIndex index;
-    Crossings crossings;
-    std::vector<Point> forward;
-    std::vector<Point> backward;
+    LevelBuffers work;
     std::size_t workBufferFloats = 0;
 
     /// Size of the memory in use.
-    std::size_t bytes() const {
-        return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
-               base::bytesOf(forward) + base::bytesOf(backward);
-    }
+    std::size_t bytes() const { return index.bytes() + work.bytes(); }
 };
 
 /// Traces the levels in their order through a grid and appends their lines to the list.

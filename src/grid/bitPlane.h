@@ -14,6 +14,10 @@ class BitPlane {
 public:
     static constexpr int wordBits = 64;
 
+    BitPlane() = default;
+    /// A plane of zeros.
+    BitPlane(int nx, int ny) { resize(nx, ny); }
+
     /// Memory is kept when the new plane is smaller; the caller has to set the bits.
     void resize(int nx, int ny) {
         wordsPerRow_ = (static_cast<std::size_t>(nx) + wordBits - 1) / wordBits;

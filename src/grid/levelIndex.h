@@ -53,6 +53,7 @@ public:
     Range rangeOfRows(int first, int last) const;
 
 private:
+    void summariseRow(int j, const DataRule& rule);
     const Range* rangesOf(int j) const {
         return ranges_.data() + static_cast<std::size_t>(j) * wordsPerRow();
     }
