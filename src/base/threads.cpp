@@ -16,9 +16,6 @@ namespace {
 
 constexpr std::size_t mostByDefault = 16;
 constexpr std::size_t mostThreads = 64;
-/// Work shorter than two of these is not shared: starting a thread takes some 30 microseconds, and its first
-/// touch of the caller's data as much again.
-constexpr double nanosecondsPerThread = 5e5;
 /// So many runs for each thread: when one is held up, the others take over what it has not begun.
 constexpr std::size_t runsPerThread = 8;
 
@@ -33,6 +30,7 @@ std::size_t limitAtFirst() {
 
 /// 0 until it is known.
 std::atomic<std::size_t> limit{0};
+std::atomic<double> nanosecondsPerThread{worthOfThread};
 
 /// Parts on their way to threads.
 class Sharing {
@@ -111,7 +109,8 @@ std::size_t threadLimit() noexcept {
     return known;
 }
 
-void setThreadLimit(std::size_t threads) noexcept {
+void setThreadLimit(std::size_t threads, double worth) noexcept {
+    nanosecondsPerThread.store(worth, std::memory_order_relaxed);
     limit.store(std::clamp<std::size_t>(threads, 1, mostThreads), std::memory_order_relaxed);
 }
 
@@ -119,9 +118,10 @@ namespace detail {
 
 void shareParts(std::size_t count, double nanosecondsEach, const RunOfParts& run) {
     if (count == 0) return;
-    const double worth = static_cast<double>(count) * nanosecondsEach / nanosecondsPerThread;
-    const std::size_t most = std::min(threadLimit(), count);
-    const std::size_t threads = worth < static_cast<double>(most) ? static_cast<std::size_t>(worth) : most;
+    const double work = static_cast<double>(count) * nanosecondsEach;
+    const double share = nanosecondsPerThread.load(std::memory_order_relaxed);
+    std::size_t threads = std::min(threadLimit(), count);
+    while (threads > 1 && static_cast<double>(threads) * share > work) --threads;
     if (threads < 2) {
         run.call(run.work, 0, count);
         return;

@@ -12,8 +12,13 @@ namespace velmar::base {
 /// says, which is read once; without it as many as the machine has processors, but at most 16.
 std::size_t threadLimit() noexcept;
 
-/// Sets it, for programs that run several calls side by side; 0 counts as 1.
-void setThreadLimit(std::size_t threads) noexcept;
+/// The work, in nanoseconds, for which a thread is worth starting: that takes some 30 microseconds, and its first touch
+/// of the data as much again.
+inline constexpr double worthOfThread = 5e5;
+
+/// Sets the limit, for programs that run several calls side by side; 0 counts as 1. Tests set what a thread is worth as
+/// well, so that little work is shared too.
+void setThreadLimit(std::size_t threads, double worth = worthOfThread) noexcept;
 
 namespace detail {
 
