@@ -30,6 +30,9 @@ public:
     /// Whether some point with data is above the level and some other is not.
     bool reaches(float level) const { return whole_.lowest <= level && level < whole_.highest; }
 
+    /// The largest value of points with data.
+    float highest() const { return whole_.highest; }
+
     /// The bits of the points of row j that have data and lie above the level.
     void classifyRow(int j, float level, std::span<std::uint64_t> above) const;
 

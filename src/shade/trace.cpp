@@ -37,12 +37,6 @@ void reportBlockedSide(const Cell& cell, Side entry, StartKind kind) {
         progress(messages::blockedSideEntered, {sideNumber(entry), static_cast<int>(kind)});
 }
 
-/// The crossed sides of a cell of which these corners (bits from the lower left, counter-clockwise) are above
-/// the level.
-constexpr unsigned crossedSides(unsigned cornersAbove) {
-    return cornersAbove ^ (cornersAbove >> 1U | (cornersAbove & 1U) << 3U);
-}
-
 }  // namespace
 
 RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
@@ -141,7 +135,7 @@ bool RegionTracer::leaveCell() {
     const auto [i, j] = cell_;
     const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |
                            (isAbove(i + 1, j + 1) ? 4U : 0U) | (isAbove(i, j + 1) ? 8U : 0U);
-    const unsigned exits = crossedSides(above) & ~bit(entry_);
+    const unsigned exits = grid::crossedSides(above) & ~bit(entry_);
     if (exits == 0) {
         progress(messages::noExit);
         return false;

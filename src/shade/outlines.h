@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "grid/grid.h"
+
+namespace velmar::shade {
+
+/// A corner of an outline, in columns and rows of the grid, counted from 0.
+struct OutlinePoint {
+    float column;
+    float row;
+    bool sharp;  ///< at an edge of the grid or of its data, not on a line of the level
+};
+
+/// The outlines of what lies above a level, each a ring whose last point joins the first. Those of areas run
+/// counter-clockwise where x rises with columns and y with rows, those of holes in them the other way.
+struct AreaOutlines {
+    std::vector<OutlinePoint> points;
+    std::vector<std::size_t> ends;  ///< of each ring: the number of points up to its last one
+
+    std::size_t count() const { return ends.size(); }
+    std::span<const OutlinePoint> ring(std::size_t k) const {
+        const std::size_t first = k == 0 ? 0 : ends[k - 1];
+        return std::span(points).subspan(first, ends[k] - first);
+    }
+};
+
+/// Outlines what lies above each of the levels in the cells with data at all four corners: along the line of the level,
+/// which passes a cell as a contour line does, and along the edge of the data. Areas that touch in a corner only stay
+/// apart. The area above a higher level lies within that above a lower one.
+///
+///   missing  value of points without data, as are values that are not finite
+std::vector<AreaOutlines> outlineAreas(const grid::GridView& grid, float missing,
+                                       std::span<const float> levels);
+
+}  // namespace velmar::shade
