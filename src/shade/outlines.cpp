@@ -1,5 +1,6 @@
 #include "shade/outlines.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <limits>
@@ -45,6 +46,13 @@ Cell aheadLeft(const Arrival& at) {
 }
 Cell aheadRight(const Arrival& at) { return aheadLeft({at.i, at.j, turned(at.heading, 3)}); }
 
+/// The end of a side along the edge of the data, reached with the cell that has data on the left.
+Arrival endOfWalk(const Edge& side, bool upperCellHasData) {
+    const auto [alongRow, i, j] = side;
+    if (alongRow) return upperCellHasData ? Arrival{i + 1, j, Heading::east} : Arrival{i, j, Heading::west};
+    return upperCellHasData ? Arrival{i, j, Heading::south} : Arrival{i, j + 1, Heading::north};
+}
+
 /// The side that leads on from there.
 Edge nextSide(const Arrival& at) {
     const bool alongRow = at.heading == Heading::east || at.heading == Heading::west;
@@ -65,149 +73,192 @@ BitPlane definedCells(const LevelIndex& index) {
     return cells;
 }
 
-/// Follows the outlines of one level.
-///
-/// Sides of cells are of two kinds: those that the level crosses, and those along the edge of the data with both ends
-/// above. Outlines pass each of them once, with the high ground on their left, so that each leads to one other.
+/// A place where an outline passes a side: the crossing of one of the bounds or, of a side along the edge of the data
+/// that lies in the band from end to end, the whole of it, which counts with the lower bound.
+struct Passage {
+    Edge side;
+    bool ofUpper;
+
+    bool operator==(const Passage&) const = default;
+};
+
+/// Follows the outlines of one band, the band on the left. Each place where an outline passes a side leads to one other,
+/// so that every outline comes back to its start.
 class OutlineTracer {
 public:
-    OutlineTracer(const LevelIndex& index, const BitPlane& cells, float level)
-        : curve_{index.grid(), level}, cells_(cells) {
-        markSides(index);
+    OutlineTracer(const LevelIndex& index, const BitPlane& cells, const ValueBand& band)
+        : band_(band), grid_(index.grid()), cells_(cells) {
+        markPassages(index);
     }
 
     AreaOutlines traceAll();
 
 private:
-    void markSides(const LevelIndex& index);
-    void traceFrom(const Edge& start);
-    Edge pass(const Edge& side);
-    Edge leave(const Cell& cell, Side entry) const;
-    Edge followEdge(const Edge& side);
+    /// Places on the sides along rows and on those along columns, a bit each.
+    struct Passages {
+        BitPlane alongRow;
+        BitPlane alongColumn;
+    };
+
+    void markPassages(const LevelIndex& index);
+    void traceFrom(const Passage& start);
+    Passage pass(const Passage& passage);
+    Passage passCrossing(const Passage& passage, bool startAbove);
+    Edge leave(const Cell& cell, Side entry, float level) const;
+    Passage followEdge(const Edge& side);
     void endRing();
 
     bool isDefined(const Cell& cell) const {
         return cell.i >= 0 && cell.j >= 0 && cells_.test(cell.i, cell.j);
     }
-    bool isAbove(int i, int j) const { return curve_.grid.at(i, j) > curve_.level; }
-    bool startsAbove(const Edge& side) const { return isAbove(side.i, side.j); }
-    bool endsAbove(const Edge& side) const {
-        return side.alongRow ? isAbove(side.i + 1, side.j) : isAbove(side.i, side.j + 1);
+    float startOf(const Edge& side) const { return grid_.at(side.i, side.j); }
+    float endOf(const Edge& side) const {
+        return side.alongRow ? grid_.at(side.i + 1, side.j) : grid_.at(side.i, side.j + 1);
     }
-    BitPlane& sidesLike(const Edge& side) { return side.alongRow ? alongRow_ : alongColumn_; }
+    Passages& passagesOf(bool ofUpper) { return ofUpper ? upper_ : lower_; }
 
-    const grid::LevelCurve curve_;
+    const ValueBand band_;
+    const grid::GridView grid_;
     const BitPlane& cells_;
-    BitPlane alongRow_;  ///< sides that no outline has passed yet
-    BitPlane alongColumn_;
+    Passages lower_;  ///< that no outline has passed yet
+    Passages upper_;
     AreaOutlines outlines_;
 };
 
-void OutlineTracer::markSides(const LevelIndex& index) {
+void OutlineTracer::markPassages(const LevelIndex& index) {
     const auto [values, nx, ny] = index.grid();
-    alongRow_.resize(nx, ny);
-    alongColumn_.resize(nx, ny);
     const std::size_t words = index.wordsPerRow();
     const std::vector<Word> none(words);
-    std::vector<Word> above(words);
-    std::vector<Word> aboveNext(words);
-    index.classifyRow(0, curve_.level, above);
+    struct RowPair {
+        std::vector<Word> here;
+        std::vector<Word> next;
+    };
+    RowPair aboveLower{none, none};
+    RowPair aboveUpper{none, none};
+    const auto classify = [&](int j, bool next) {
+        index.classifyRow(j, band_.lower, next ? aboveLower.next : aboveLower.here);
+        index.classifyRow(j, band_.upper, next ? aboveUpper.next : aboveUpper.here);
+    };
+    for (Passages* const passages : {&lower_, &upper_}) {
+        passages->alongRow.resize(nx, ny);
+        passages->alongColumn.resize(nx, ny);
+    }
+    classify(0, false);
     for (int j = 0; j < ny; ++j) {
-        if (j + 1 < ny) index.classifyRow(j + 1, curve_.level, aboveNext);
-        const std::span<const Word> here(cells_.row(j), words);
+        if (j + 1 < ny) classify(j + 1, true);
+        const std::span<const Word> cells(cells_.row(j), words);
         const std::span<const Word> below = j > 0 ? std::span(cells_.row(j - 1), words) : none;
+        const auto& [low, lowNext] = aboveLower;
+        const auto& [high, highNext] = aboveUpper;
         for (std::size_t w = 0; w < words; ++w) {
-            const Word east = nextColumn(above, w);
-            const Word west = previousColumn(here, w);
-            const auto sides = [](Word cell, Word other, Word end, Word otherEnd) {
-                return ((cell | other) & (end ^ otherEnd)) | ((cell ^ other) & end & otherEnd);
-            };
-            alongRow_.row(j)[w] = sides(here[w], below[w], above[w], east);
-            alongColumn_.row(j)[w] = sides(here[w], west, above[w], aboveNext[w]);
+            const Word lowEast = nextColumn(low, w);
+            const Word highEast = nextColumn(high, w);
+            const Word west = previousColumn(cells, w);
+            const Word inBand = low[w] & ~high[w];
+            const Word rowSides = cells[w] | below[w];
+            const Word columnSides = cells[w] | west;
+            lower_.alongRow.row(j)[w] =
+                (rowSides & (low[w] ^ lowEast)) | ((cells[w] ^ below[w]) & inBand & lowEast & ~highEast);
+            lower_.alongColumn.row(j)[w] = (columnSides & (low[w] ^ lowNext[w])) |
+                                           ((cells[w] ^ west) & inBand & lowNext[w] & ~highNext[w]);
+            upper_.alongRow.row(j)[w] = rowSides & (high[w] ^ highEast);
+            upper_.alongColumn.row(j)[w] = columnSides & (high[w] ^ highNext[w]);
         }
-        above.swap(aboveNext);
+        aboveLower.here.swap(aboveLower.next);
+        aboveUpper.here.swap(aboveUpper.next);
     }
 }
 
 AreaOutlines OutlineTracer::traceAll() {
-    for (int j = 0; j < curve_.grid.ny; ++j) {
-        const Word* const rowSides = alongRow_.row(j);
-        const Word* const columnSides = alongColumn_.row(j);
-        for (std::size_t w = 0; w < alongRow_.wordsPerRow(); ++w) {
-            while (const Word left = rowSides[w] | columnSides[w]) {
-                const int i = static_cast<int>(w) * BitPlane::wordBits + std::countr_zero(left);
-                traceFrom({alongRow_.test(i, j), i, j});
+    for (int j = 0; j < grid_.ny; ++j) {
+        for (std::size_t w = 0; w < cells_.wordsPerRow(); ++w) {
+            for (const bool ofUpper : {false, true}) {
+                const auto& [alongRow, alongColumn] = passagesOf(ofUpper);
+                while (const Word left = alongRow.row(j)[w] | alongColumn.row(j)[w]) {
+                    const int i = static_cast<int>(w) * BitPlane::wordBits + std::countr_zero(left);
+                    traceFrom({{alongRow.test(i, j), i, j}, ofUpper});
+                }
             }
         }
     }
     return std::move(outlines_);
 }
 
-void OutlineTracer::traceFrom(const Edge& start) {
-    Edge side = start;
-    do side = pass(side);
-    while (!(side == start));
+void OutlineTracer::traceFrom(const Passage& start) {
+    Passage passage = start;
+    do passage = pass(passage);
+    while (!(passage == start));
     endRing();
 }
 
-/// Passes a side; returns the next one.
-Edge OutlineTracer::pass(const Edge& side) {
-    const auto [alongRow, i, j] = side;
-    sidesLike(side).clear(i, j);
-    const bool startAbove = startsAbove(side);
-    if (startAbove == endsAbove(side)) return followEdge(side);
-
-    const float along = curve_.fraction(side);
-    const auto column = static_cast<float>(i);
-    const auto row = static_cast<float>(j);
-    const Cell lower = alongRow ? Cell{i, j - 1} : Cell{i - 1, j};
-    const bool onEdge = isDefined({i, j}) != isDefined(lower);
-    outlines_.points.push_back({alongRow ? column + along : column, alongRow ? row : row + along, onEdge});
-
-    // The high ground is to the left of an outline that passes a side along a row northward if that starts above.
-    const bool upward = alongRow == startAbove;
-    const Cell ahead = upward ? Cell{i, j} : lower;
-    if (!isDefined(ahead)) return followEdge(side);
-    if (alongRow) return leave(ahead, upward ? Side::bottom : Side::top);
-    return leave(ahead, upward ? Side::left : Side::right);
+/// Passes a side; returns where the outline leads from there.
+Passage OutlineTracer::pass(const Passage& passage) {
+    const Edge& side = passage.side;
+    auto& [alongRow, alongColumn] = passagesOf(passage.ofUpper);
+    (side.alongRow ? alongRow : alongColumn).clear(side.i, side.j);
+    const float level = passage.ofUpper ? band_.upper : band_.lower;
+    const bool startAbove = startOf(side) > level;
+    const bool isCrossed = startAbove != (endOf(side) > level);
+    return isCrossed ? passCrossing(passage, startAbove) : followEdge(side);
 }
 
-/// The side through which the level leaves a cell.
-Edge OutlineTracer::leave(const Cell& cell, Side entry) const {
+Passage OutlineTracer::passCrossing(const Passage& passage, bool startAbove) {
+    const auto& [side, ofUpper] = passage;
+    const auto [alongRow, i, j] = side;
+    const float level = ofUpper ? band_.upper : band_.lower;
+    const Cell upperCell{i, j};
+    const Cell lowerCell = alongRow ? Cell{i, j - 1} : Cell{i - 1, j};
+    const float along = grid::LevelCurve{grid_, level}.fraction(side);
+    const auto column = static_cast<float>(i);
+    const auto row = static_cast<float>(j);
+    const bool onEdge = isDefined(upperCell) != isDefined(lowerCell);
+    outlines_.points.push_back({alongRow ? column + along : column, alongRow ? row : row + along, onEdge});
+
+    // To have the high ground on the left, an outline leads up through a side along a row that starts above.
+    const bool upward = (alongRow == startAbove) != ofUpper;
+    const Cell ahead = upward ? upperCell : lowerCell;
+    if (isDefined(ahead)) {
+        const Side entry =
+            alongRow ? (upward ? Side::bottom : Side::top) : (upward ? Side::left : Side::right);
+        return {leave(ahead, entry, level), ofUpper};
+    }
+    // Along the edge of the data, as far as the other bound if that lies on the same side.
+    const float start = startOf(side);
+    const float end = endOf(side);
+    const bool meetsOther =
+        ofUpper ? !(std::min(start, end) > band_.lower) : std::max(start, end) > band_.upper;
+    if (meetsOther) return {side, !ofUpper};
+    return followEdge(side);
+}
+
+/// The side through which a level leaves a cell.
+Edge OutlineTracer::leave(const Cell& cell, Side entry, float level) const {
     const auto [i, j] = cell;
+    const auto isAbove = [&](int column, int row) { return grid_.at(column, row) > level; };
     const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |
                            (isAbove(i + 1, j + 1) ? 4U : 0U) | (isAbove(i, j + 1) ? 8U : 0U);
     const unsigned exits = grid::crossedSides(above) & ~grid::bit(entry);
     const bool saddle = (exits & (exits - 1)) != 0;
     if (!saddle) return cell.edge(static_cast<Side>(std::countr_zero(exits)));
-    const auto [bottomWithLeft, bottomWithRight] = curve_.saddleLengths(cell);
+    const auto [bottomWithLeft, bottomWithRight] = grid::LevelCurve{grid_, level}.saddleLengths(cell);
     const Pairing pairing =
         bottomWithLeft < bottomWithRight ? Pairing::bottomWithLeft : Pairing::bottomWithRight;
     return cell.edge(partner(pairing, entry));
 }
 
-/// Walks along a side on the edge of the data, with the cell that has data on the left, to its end, which is above;
-/// returns the side that follows. Where two cells meet in a corner only, the walk stays with the one that it follows.
-Edge OutlineTracer::followEdge(const Edge& side) {
-    const auto [alongRow, i, j] = side;
-    const bool cellIsUpper = isDefined({i, j});
-    Arrival at{i, j, {}};
-    if (alongRow) {
-        at.heading = cellIsUpper ? Heading::east : Heading::west;
-        at.i += cellIsUpper ? 1 : 0;
-    } else {
-        at.heading = cellIsUpper ? Heading::south : Heading::north;
-        at.j += cellIsUpper ? 0 : 1;
-    }
-    if (!isDefined(aheadLeft(at))) {
-        at.heading = turned(at.heading, 1);
-    } else if (isDefined(aheadRight(at))) {
-        at.heading = turned(at.heading, 3);
-    } else {
-        return nextSide(at);
-    }
-    outlines_.points.push_back({static_cast<float>(at.i), static_cast<float>(at.j), true});
-    return nextSide(at);
+/// Walks along a side on the edge of the data, with the cell that has data on the left, to its end, which lies in the
+/// band. Where two cells meet in a corner only, the walk stays with the one that it follows.
+Passage OutlineTracer::followEdge(const Edge& side) {
+    Arrival at = endOfWalk(side, isDefined({side.i, side.j}));
+    const Heading before = at.heading;
+    if (!isDefined(aheadLeft(at)))
+        at.heading = turned(before, 1);
+    else if (isDefined(aheadRight(at)))
+        at.heading = turned(before, 3);
+    if (at.heading != before)
+        outlines_.points.push_back({static_cast<float>(at.i), static_cast<float>(at.j), true});
+    const Edge next = nextSide(at);
+    return {next, std::max(startOf(next), endOf(next)) > band_.upper};
 }
 
 void OutlineTracer::endRing() {
@@ -221,17 +272,17 @@ void OutlineTracer::endRing() {
 
 }  // namespace
 
-std::vector<AreaOutlines> outlineAreas(const grid::GridView& grid, float missing,
-                                       std::span<const float> levels) {
-    std::vector<AreaOutlines> areas(levels.size());
+std::vector<AreaOutlines> outlineBands(const grid::GridView& grid, float missing,
+                                       std::span<const ValueBand> bands) {
+    std::vector<AreaOutlines> areas(bands.size());
     if (grid.nx < 2 || grid.ny < 2) return areas;
     LevelIndex index;
     index.build(grid, {missing, std::numeric_limits<float>::max()});
     const BitPlane cells = definedCells(index);
     const double nanosecondsEach = 0.5 * static_cast<double>(grid.size());
-    base::shareWork(levels.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+    base::shareWork(bands.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
         for (std::size_t k = first; k < last; ++k)
-            if (levels[k] < index.highest()) areas[k] = OutlineTracer(index, cells, levels[k]).traceAll();
+            if (bands[k].lower < index.highest()) areas[k] = OutlineTracer(index, cells, bands[k]).traceAll();
     });
     return areas;
 }

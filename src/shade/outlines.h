@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -15,8 +16,14 @@ struct OutlinePoint {
     bool sharp;  ///< at an edge of the grid or of its data, not on a line of the level
 };
 
-/// The outlines of what lies above a level, each a ring whose last point joins the first. Those of areas run
-/// counter-clockwise where x rises with columns and y with rows, those of holes in them the other way.
+/// Values above the lower bound and not above the upper one. Neither needs to be finite.
+struct ValueBand {
+    float lower;
+    float upper = std::numeric_limits<float>::infinity();
+};
+
+/// The outlines of where the values of a grid lie in a band, each a ring whose last point joins the first. Those of areas
+/// run counter-clockwise where x rises with columns and y with rows, those of holes in them the other way.
 struct AreaOutlines {
     std::vector<OutlinePoint> points;
     std::vector<std::size_t> ends;  ///< of each ring: the number of points up to its last one
@@ -28,12 +35,12 @@ struct AreaOutlines {
     }
 };
 
-/// Outlines what lies above each of the levels in the cells with data at all four corners: along the line of the level,
-/// which passes a cell as a contour line does, and along the edge of the data. Areas that touch in a corner only stay
-/// apart. The area above a higher level lies within that above a lower one.
+/// Outlines where the values of a grid lie in each of the bands, in the cells with data at all four corners: along the
+/// lines of the bounds, which pass a cell as contour lines do, and along the edge of the data. Areas that touch in a
+/// corner only stay apart. Bands that share a bound have its line in common and do not overlap.
 ///
 ///   missing  value of points without data, as are values that are not finite
-std::vector<AreaOutlines> outlineAreas(const grid::GridView& grid, float missing,
-                                       std::span<const float> levels);
+std::vector<AreaOutlines> outlineBands(const grid::GridView& grid, float missing,
+                                       std::span<const ValueBand> bands);
 
 }  // namespace velmar::shade
