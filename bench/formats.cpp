@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "../tests/formats/plainRegions.h"
+#include "../tests/regions/plainRegions.h"
 #include "capi/state.h"
 #include "counters.h"
 #include "files/regionFile.h"

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <random>
 
-#include "../tests/geometry/plainTriangles.h"
+#include "../tests/triangles/plainTriangles.h"
 #include "counters.h"
 #include "triangles/stationContours.h"
 #include "triangles/triangulation.h"

@@ -1,5 +1,5 @@
 #include "analysis/plainAnalyses.h"
-#include "geometry/plainTriangles.h"
+#include "triangles/plainTriangles.h"
 #include "twins.h"
 
 namespace velmar::fuzz {

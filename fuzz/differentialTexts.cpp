@@ -7,7 +7,7 @@
 #include "base/realText.h"
 #include "base/scanner.h"
 #include "capi/state.h"
-#include "formats/plainRegions.h"
+#include "regions/plainRegions.h"
 #include "twins.h"
 
 namespace velmar::fuzz {

@@ -11,7 +11,7 @@ debianPackages=(dpkg-dev file)
 # For other machines than that of the build: Windows, and 32 bits. Their GoogleTest is built from its source.
 windowsPackages=(g++-mingw-w64-x86-64-posix wine64 googletest)
 narrowPackages=(g++-multilib googletest)
-stylePackages=(clang-format clang-tidy cppcheck git)
+stylePackages=(clang-format clang-tidy cppcheck doxygen git)
 fuzzPackages=(clang libclang-rt-14-dev python3)
 benchPackages=(libbenchmark-dev python3)
 peerPackages=(gdal-bin python3-contourpy python3-matplotlib python3-numpy python3-scipy)
@@ -40,10 +40,12 @@ installPackages() {
     quietly asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# What has been compiled before is not compiled again, where ccache is installed.
+# What has been compiled before is not compiled again, where ccache is installed. It takes the tests' precompiled headers
+# when macros of theirs and macros of time need not be looked at.
 if command -v ccache >/dev/null; then
     export CMAKE_C_COMPILER_LAUNCHER=${CMAKE_C_COMPILER_LAUNCHER-ccache}
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
 fi
 
 # buildPreset PRESET [CMAKE-OPTION...]

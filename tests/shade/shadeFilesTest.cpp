@@ -8,6 +8,7 @@
 #include "files/file.h"
 #include "shade/shadingCall.h"
 #include "support/said.h"
+#include "support/samples.h"
 
 namespace {
 
@@ -163,6 +164,15 @@ TEST_F(ShadedFiles, AndGridsNeedValuesLevelsAndColours) {
     EXPECT_TRUE(nothing(g, 3, 3, g, colours.data(), 0, g));
     EXPECT_EQ(velmarCntrShadD(g, 3, 3, g, colours.data(), 1, 0, 1, g, none), nullptr);
     EXPECT_EQ(velmarCntrShadD(g, 3, 3, g, colours.data(), 1, 0, 1, none, g), nullptr);
+}
+
+/// The number in the table is that of rows in a strip.
+TEST_F(ShadedFiles, OfTheSamplesStayAsTheyAre) {
+    test::expectResultsAsIn("shade/samples.txt", 20, [](const std::string& path, int stripRows) {
+        const bool image = path.ends_with(".img");
+        return image ? readByteShadData(path.c_str(), stripRows, 0, 0)
+                     : readCntrShadData(path.c_str(), 0, stripRows);
+    });
 }
 
 }  // namespace

@@ -1,18 +1,21 @@
-#include "grid/refine.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <limits>
 #include <random>
 
 #include "contour/plain.h"
+#include "grid/extremes.h"
+#include "grid/refine.h"
 #include "support/fields.h"
 
 namespace {
 
 using namespace velmar;
 using grid::chooseFactors;
+using grid::Extremes;
+using grid::extremesOf;
 using grid::refine;
 
 TEST(Refine, EqualsThePlainWay) {
@@ -46,6 +49,25 @@ TEST(Refine, ChoosesFactorsThatLeaveFiveAndClampToFour) {
     EXPECT_EQ(factors(250, 60), std::pair(1, 1));
     EXPECT_EQ(factors(1, 1), std::pair(4, 4));
     EXPECT_EQ(factors(0, -3), std::pair(1, 1));
+}
+
+TEST(ExtremesOf, AreThoseOfAWalk) {
+    std::mt19937 random(1);
+    const std::vector<float> stock{0.0F, -0.0F, 1, -1, 2, 9999, -3e36F, 3e36F, std::nanf(""), 0.5F};
+    for (int round = 0; round < 2000; ++round) {
+        std::vector<float> values(random() % 150);
+        const std::size_t kinds = 1 + random() % stock.size();
+        for (float& value : values) value = stock[random() % kinds];
+        Extremes expected;
+        for (const float value : values) {
+            if (value == 9999) continue;
+            if (value > expected.largest) expected.largest = value;
+            if (value < expected.smallest) expected.smallest = value;
+        }
+        const Extremes found = extremesOf(values, 9999);
+        EXPECT_EQ(std::bit_cast<unsigned>(found.largest), std::bit_cast<unsigned>(expected.largest));
+        EXPECT_EQ(std::bit_cast<unsigned>(found.smallest), std::bit_cast<unsigned>(expected.smallest));
+    }
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "capi/state.h"
-#include "formats/plainRegions.h"
+#include "regions/plainRegions.h"
 #include "support/files.h"
 #include "support/said.h"
 

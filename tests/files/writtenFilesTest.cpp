@@ -1,5 +1,3 @@
-#include "files/gridWriter.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -9,6 +7,8 @@
 #include <random>
 #include <vector>
 
+#include "files/diagnosticFile.h"
+#include "files/gridWriter.h"
 #include "support/ownFolder.h"
 #include "support/plainLocale.h"
 
@@ -59,6 +59,29 @@ TEST_F(GridWriter, FormatsValuesAsPrintfDoes) {
         expected += line.data();
     }
     EXPECT_TRUE(written({}, 100000, 1, values).ends_with(expected + "\n"));
+}
+
+using DiagnosticFile = velmar::test::InOwnFolder;
+
+TEST_F(DiagnosticFile, IsWrittenOverNothingElse) {
+    namespace fs = std::filesystem;
+    std::ofstream("kept") << "data";
+    EXPECT_EQ(openDiagnosticFile("kept", "./kept"), nullptr) << "the file that is being read";
+    fs::create_hard_link("kept", "link");
+    EXPECT_EQ(openDiagnosticFile("link"), nullptr);
+    fs::remove("link");
+    for (const char* target : {"kept", "nothing"}) {
+        std::error_code notAllowed;  // as for most users of Windows
+        fs::create_symlink(target, "link", notAllowed);
+        if (!notAllowed) {
+            EXPECT_EQ(openDiagnosticFile("link"), nullptr) << target;
+        }
+        fs::remove("link");
+    }
+    EXPECT_FALSE(fs::exists("nothing"));
+    EXPECT_EQ(velmar::test::textOf("kept"), "data");
+    EXPECT_NE(openDiagnosticFile("kept", "nothing"), nullptr);
+    EXPECT_EQ(velmar::test::textOf("kept"), "") << "it begins anew";
 }
 
 }  // namespace

@@ -6,9 +6,9 @@
 #include <random>
 
 #include "capi/state.h"
-#include "geometry/plainTriangles.h"
 #include "support/files.h"
 #include "support/said.h"
+#include "triangles/plainTriangles.h"
 
 namespace {
 

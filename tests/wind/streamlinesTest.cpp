@@ -95,7 +95,7 @@ TEST_F(Streamlines, AreThoseOfThePlainWay) {
 }
 
 TEST_F(Streamlines, OfRealWindsAreTheSameBitsEverywhere) {
-    expectResultsAsIn("wind/streamlines.txt", 6, [](const std::string& path, int density) {
+    expectResultsAsIn("wind/samples.txt", 6, [](const std::string& path, int density) {
         state().streamlineColour = 0;
         return readWindData(path.c_str(), density);
     });
