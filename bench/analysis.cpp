@@ -17,7 +17,7 @@ using analysis::StationView;
 using test::Nodes;
 using test::StationList;
 
-constexpr analysis::WholeBounds bounds{70, 140, 10, 60};
+constexpr analysis::WholeLonLatBox bounds{70, 140, 10, 60};
 constexpr analysis::BarnesParameters parameters{0.25F, 20.0F, 0.3F};
 const std::vector<float> radii{25, 10, 5, 2, 1};
 constexpr float maskRadius = 2.0F;
@@ -63,8 +63,7 @@ struct Cressman {
 struct CapAndMask {
     static std::vector<float> fast(const Nodes& n, const StationList& s) {
         std::vector<float> grid(n.count());
-        analysis::capByNearbyStations(grid.data(), {n.x0, n.y0, n.dx, n.dy}, {n.nx, n.ny}, viewOf(s),
-                                      maskRadius);
+        analysis::capAndMask(grid.data(), {n.x0, n.y0, n.dx, n.dy}, {n.nx, n.ny}, viewOf(s), maskRadius);
         return grid;
     }
     static std::vector<float> plain(const Nodes& n, const StationList& s) {

@@ -12,8 +12,8 @@
 #include "capi/state.h"
 #include "counters.h"
 #include "files/regionFile.h"
-#include "rain/dateKey.h"
 #include "rain/rainTable.h"
+#include "rain/rainTimes.h"
 #include "velmarBaseA.h"
 
 namespace {
@@ -60,10 +60,11 @@ Loaded load(int count, int points) {
     const std::string text = textOf(counties(count, points));
     base::TextScanner in(text);
     Loaded loaded{regions::RegionTable(files::readRegions(in).value()), {}};
-    for (const regions::Region& region : loaded.table.regions) {
-        const float* const first = loaded.table.pointsOf(region);
-        loaded.regions.emplace_back(loaded.table.nameOf(region),
-                                    std::vector<float>(first, first + 2 * region.points));
+    for (const regions::Region& region : loaded.table.runs) {
+        std::vector<float> outline;
+        for (const auto& [longitude, latitude] : loaded.table.pointsOf(region))
+            outline.insert(outline.end(), {longitude, latitude});
+        loaded.regions.emplace_back(loaded.table.nameOf(region), outline);
     }
     return loaded;
 }
@@ -109,9 +110,9 @@ void regionLookupPlainly(benchmark::State& state) { lookUpPlainly(state, true); 
 /// Without a look at the bounds first.
 void regionLookupEdgeByEdge(benchmark::State& state) { lookUpPlainly(state, false); }
 
-std::vector<RainTable::Station> rainOf(int stations, int file) {
+std::vector<base::StationValue> rainOf(int stations, int file) {
     std::mt19937 random(static_cast<unsigned>(file));
-    std::vector<RainTable::Station> list;
+    std::vector<base::StationValue> list;
     for (int k = 0; k < stations; ++k)
         list.push_back({50000 + (k * 7919 + file) % (stations + 100), 100, 30, 5,
                         0.1F * static_cast<float>(random() % 200)});
@@ -180,7 +181,7 @@ public:
 private:
     static constexpr rain::DateKey start = rain::dateKey(2016, 7, 1, 0);
 
-    static void write(const std::filesystem::path& path, const std::vector<RainTable::Station>& stations) {
+    static void write(const std::filesystem::path& path, const std::vector<base::StationValue>& stations) {
         std::ofstream file(path);
         file << "diamond 3 rain\n16 7 1 0 0 0 1 0 0 1 " << stations.size() << '\n';
         for (const auto& s : stations)

@@ -50,19 +50,18 @@ Stations fileStations(const char* path) {
     return s;
 }
 
-triangles::Lines contour(Stations& s, float interval, triangles::LevelTable& levels) {
+triangles::StationLines contour(Stations& s, float interval, triangles::LevelTable& levels) {
     return triangles::contourStations(s.x, s.y, s.values,
                                       {triangles::LevelChoice::byInterval, 0, interval, nullptr, 0}, levels);
 }
 
 /// Of each line its number of points, its level and its points, as the plain way has them.
-std::vector<float> flat(const triangles::Lines& lines) {
+std::vector<float> flat(const triangles::StationLines& lines) {
     std::vector<float> elements;
-    auto point = lines.points.begin();
-    for (const auto& [points, level] : lines.lines) {
-        elements.insert(elements.end(), {static_cast<float>(points), level});
-        for (std::size_t k = 0; k < points; ++k, ++point)
-            elements.insert(elements.end(), {point->x, point->y});
+    for (const triangles::StationLine& line : lines.runs) {
+        elements.insert(elements.end(), {static_cast<float>(line.pointCount), line.level});
+        for (const auto& [longitude, latitude] : lines.pointsOf(line))
+            elements.insert(elements.end(), {longitude, latitude});
     }
     return elements;
 }
@@ -107,7 +106,7 @@ void stationContoursPlainly(benchmark::State& state) {
 /// Without levels: the triangles alone.
 void network(benchmark::State& state) {
     const Stations s = randomStations(static_cast<int>(state.range(0)));
-    for (auto _ : state) benchmark::DoNotOptimize(triangles::growNetwork({s.x, s.y, s.values}));
+    for (auto _ : state) benchmark::DoNotOptimize(triangles::growTriangulation({s.x, s.y, s.values}));
     bench::reportTimePerValue(state, static_cast<double>(s.x.size()));
 }
 

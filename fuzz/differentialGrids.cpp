@@ -9,12 +9,12 @@ namespace velmar::fuzz {
 
 namespace {
 
-std::vector<test::PlainLine> plainLines(const contour::LineList& list) {
+std::vector<test::PlainLine> plainLines(const contour::ContourLines& list) {
     std::vector<test::PlainLine> lines;
-    for (const contour::ContourLine& line : list.lines) {
+    for (const contour::ContourLine& line : list.runs) {
         lines.push_back({line.level, {}});
-        for (const grid::Point& point : list.pointsOf(line))
-            lines.back().xy.insert(lines.back().xy.end(), {point.x, point.y});
+        for (const grid::GridPoint& point : list.pointsOf(line))
+            lines.back().xy.insert(lines.back().xy.end(), {point.column, point.row});
     }
     return lines;
 }
@@ -26,9 +26,9 @@ void compareTraces(Input& in) {
     const std::vector<float> levels = in.levels(4);
     const std::vector<float> field = in.values(size.values());
     const grid::GridView grid{field.data(), size.nx, size.ny};
-    contour::TraceBuffers& buffers = capi::state().contours.buffers;
+    contour::ContourBuffers& buffers = capi::state().contours.buffers;
     for (const float level : levels) {
-        contour::LineList list;
+        contour::ContourLines list;
         contour::traceLevels(grid, missing, std::vector{level}, buffers, list);
         const auto expected = test::PlainTracer(grid, missing, level, buffers.workBufferFloats).trace();
         const auto lines = plainLines(list);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/progress.h"
-#include "base/realText.h"
+#include "base/numbers.h"
 #include "base/scanner.h"
 #include "capi/state.h"
 #include "regions/plainRegions.h"

@@ -24,7 +24,7 @@ constexpr int passes = 5;
 
 class Barnes {
 public:
-    Barnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
+    Barnes(const BarnesParameters& parameters, const GridSize& size, const WholeLonLatBox& bounds,
            const StationView& stations)
         : parameters_(parameters),
           size_(size),
@@ -58,7 +58,7 @@ private:
 
     const BarnesParameters parameters_;
     const GridSize size_;
-    const WholeBounds bounds_;
+    const WholeLonLatBox bounds_;
     const GridPlace place_;
     const StationView stations_;
     Floats grid_;
@@ -73,7 +73,7 @@ Floats Barnes::analyse(float maskRadius) {
         stationResidualStats(t);
         barnesCorrectionPass(t + 1);
     }
-    if (maskRadius > 0.0F) capByNearbyStations(grid_.get(), place_, size_, stations_, maskRadius);
+    if (maskRadius > 0.0F) capAndMask(grid_.get(), place_, size_, stations_, maskRadius);
     return std::move(grid_);
 }
 
@@ -111,8 +111,8 @@ void Barnes::interpolateGridToStations() {
 }
 
 float Barnes::interpolatedAt(float longitude, float latitude) const {
-    const float x = (longitude - place_.x0) / place_.dx;
-    const float y = (latitude - place_.y0) / place_.dy;
+    const float x = (longitude - place_.startLongitude) / place_.longitudeStep;
+    const float y = (latitude - place_.startLatitude) / place_.latitudeStep;
     const int column = base::truncateToInt(x);
     const int row = base::truncateToInt(y);
     const float fx = x - static_cast<float>(column);
@@ -189,7 +189,7 @@ float Barnes::combined(const BarnesRow& row, std::size_t i, float point, const B
 
 }  // namespace
 
-Floats analyseBarnes(const BarnesParameters& parameters, const GridSize& size, const WholeBounds& bounds,
+Floats analyseBarnes(const BarnesParameters& parameters, const GridSize& size, const WholeLonLatBox& bounds,
                      const StationView& stations, float maskRadius) {
     if (grid::valueCount(size.nx, size.ny) == 0) return nullptr;
     return Barnes(parameters, size, bounds, stations).analyse(maskRadius);

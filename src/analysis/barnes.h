@@ -16,6 +16,6 @@ struct BarnesParameters {
 /// corrections, each narrower than the one before (after Barnes 1964). Prints a line a pass. Null when the
 /// grid has no points. With a mask radius above 0 (degrees) the field is capped and masked at the end.
 base::Floats analyseBarnes(const BarnesParameters& parameters, const GridSize& size,
-                           const WholeBounds& bounds, const StationView& stations, float maskRadius);
+                           const WholeLonLatBox& bounds, const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

@@ -4,9 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
-#include "analysis/reach.h"
-#include "analysis/rowSums.h"
 #include "analysis/stations.h"
 
 namespace velmar::analysis {

@@ -1,7 +1,10 @@
 #include "analysis/capAndMask.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
@@ -11,19 +14,6 @@ namespace velmar::analysis {
 namespace {
 
 constexpr float blanked = -9999.0F;
-
-/// What the points of a row have found so far.
-struct RowFindings {
-    std::vector<float> largest;
-    std::vector<std::int32_t> found;  ///< as wide as the values, so that both are worked on side by side
-
-    explicit RowFindings(std::size_t points) : largest(points), found(points) {}
-
-    void clear() {
-        std::fill(largest.begin(), largest.end(), -1.0e16F);
-        std::fill(found.begin(), found.end(), 0);
-    }
-};
 
 /// What a station does to points of a row side by side.
 void addStation(std::size_t count, const float* longitudes, float longitude, float dy, float radius,
@@ -35,37 +25,56 @@ void addStation(std::size_t count, const float* longitudes, float longitude, flo
     }
 }
 
-/// What the stations do to the points of one block.
-void capBlock(float* grid, const grid::GridPlace& place, const GridSize& size, const StationView& stations,
-              float radius, LineRange block) {
-    const auto columns = static_cast<std::size_t>(size.nx);
-    const std::vector<float> longitudes = columnLongitudes(place, block);
-    RowFindings row(block.count);
-    for (int j = 0; j < size.ny; ++j) {
-        row.clear();
-        const float latitude = rowLatitude(place, j);
+/// The points of a row in a block of columns, and what they find within the radius.
+class MaskRow {
+public:
+    MaskRow(const grid::GridPlace& place, LineRange block)
+        : place_(place),
+          block_(block),
+          longitudes_(columnLongitudes(place, block)),
+          largest_(block.count),
+          found_(block.count) {}
+
+    void find(float latitude, const StationView& stations, float radius) {
+        std::fill(largest_.begin(), largest_.end(), -1.0e16F);
+        std::fill(found_.begin(), found_.end(), 0);
         for (std::size_t k = 0; k < stations.count(); ++k) {
             const float dy = latitude - stations.latitudes[k];
             if (!(std::fabs(dy) <= radius)) continue;
             const float longitude = stations.longitudes[k];
-            const auto [first, count] = linesWithin(place.x0, place.dx, block, longitude, radius);
-            addStation(count, longitudes.data() + first, longitude, dy, radius, stations.values[k],
-                       row.largest.data() + first, row.found.data() + first);
-        }
-        float* const points = grid + static_cast<std::size_t>(j) * columns + block.first;
-        for (std::size_t i = 0; i < block.count; ++i) {
-            const float capped = row.largest[i] < points[i] ? row.largest[i] : points[i];
-            points[i] = row.found[i] != 0 ? capped : blanked;
+            const auto [first, count] =
+                linesWithin(place_.startLongitude, place_.longitudeStep, block_, longitude, radius);
+            addStation(count, longitudes_.data() + first, longitude, dy, radius, stations.values[k],
+                       largest_.data() + first, found_.data() + first);
         }
     }
-}
+
+    void apply(float* points) const {
+        for (std::size_t i = 0; i < block_.count; ++i) {
+            const float capped = largest_[i] < points[i] ? largest_[i] : points[i];
+            points[i] = found_[i] != 0 ? capped : blanked;
+        }
+    }
+
+private:
+    const grid::GridPlace place_;
+    const LineRange block_;
+    const std::vector<float> longitudes_;
+    std::vector<float> largest_;       ///< value of the stations found
+    std::vector<std::int32_t> found_;  ///< as wide as the values, so that both are worked on side by side
+};
 
 }  // namespace
 
-void capByNearbyStations(float* grid, const grid::GridPlace& place, const GridSize& size,
-                         const StationView& stations, float radius) {
-    forEachColumnBlock(size.nx,
-                       [&](LineRange block) { capBlock(grid, place, size, stations, radius, block); });
+void capAndMask(float* grid, const grid::GridPlace& place, const GridSize& size, const StationView& stations,
+                float radius) {
+    forEachColumnBlock(size.nx, [&](LineRange block) {
+        MaskRow row(place, block);
+        for (int j = 0; j < size.ny; ++j) {
+            row.find(rowLatitude(place, j), stations, radius);
+            row.apply(grid + static_cast<std::size_t>(j) * static_cast<std::size_t>(size.nx) + block.first);
+        }
+    });
 }
 
 }  // namespace velmar::analysis

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "analysis/reach.h"
+#include "analysis/distance.h"
 #include "grid/grid.h"
 
 namespace velmar::analysis {
@@ -26,8 +26,22 @@ inline std::vector<float> columnLongitudes(const grid::GridPlace& place, LineRan
     std::vector<float> longitudes;
     longitudes.reserve(block.count);
     for (std::size_t i = block.first; i < block.end(); ++i)
-        longitudes.push_back(place.x0 + static_cast<float>(static_cast<int>(i)) * place.dx);
+        longitudes.push_back(place.startLongitude +
+                             static_cast<float>(static_cast<int>(i)) * place.longitudeStep);
     return longitudes;
 }
+
+/// Weighted sums of what stations bring to the points of a row, and of the weights.
+struct RowSums {
+    std::vector<double> sums;
+    std::vector<double> weights;
+
+    explicit RowSums(std::size_t points) : sums(points), weights(points) {}
+
+    void clear() {
+        std::fill(sums.begin(), sums.end(), 0.0);
+        std::fill(weights.begin(), weights.end(), 0.0);
+    }
+};
 
 }  // namespace velmar::analysis

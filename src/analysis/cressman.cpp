@@ -7,7 +7,6 @@
 #include "analysis/capAndMask.h"
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
-#include "analysis/rowSums.h"
 #include "base/messages.h"
 #include "base/progress.h"
 #include "base/threads.h"
@@ -62,7 +61,7 @@ public:
           unreached_(size.nx, size.ny) {}
 
     /// Puts the stations on the grid. Those outside and those without a value are left out.
-    void placeStations(const StationView& stations, const Bounds& bounds);
+    void placeStations(const StationView& stations, const base::LonLatBox& bounds);
     /// The sum of the stations' values, of those in the grid: the first guess.
     float sum() const;
     void fill(float value) { std::fill_n(grid_.get(), firstPoint(size_.ny), value); }
@@ -86,16 +85,16 @@ private:
     std::vector<float> residuals_;
 };
 
-void Cressman::placeStations(const StationView& stations, const Bounds& bounds) {
+void Cressman::placeStations(const StationView& stations, const base::LonLatBox& bounds) {
     stations_.reserve(stations.count());
     for (std::size_t k = 0; k < stations.count(); ++k) {
         float longitude = stations.longitudes[k];
-        if (longitude < bounds.startLongitude)
+        if (longitude < bounds.west)
             longitude += 360.0F;
-        else if (longitude > bounds.endLongitude)
+        else if (longitude > bounds.east)
             longitude -= 360.0F;
-        const float x = (longitude - place_.x0) / place_.dx;
-        const float y = (stations.latitudes[k] - place_.y0) / place_.dy;
+        const float x = (longitude - place_.startLongitude) / place_.longitudeStep;
+        const float y = (stations.latitudes[k] - place_.startLatitude) / place_.latitudeStep;
         const int column = base::truncateToInt(x);
         const int row = base::truncateToInt(y);
         // Truncation takes stations up to one grid length west or south of the grid for inside.
@@ -178,7 +177,7 @@ void Cressman::blankUnreached() {
 
 }  // namespace
 
-Floats analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
+Floats analyseCressman(std::span<const float> radii, const GridSize& size, const base::LonLatBox& bounds,
                        const StationView& stations, float maskRadius) try {
     if (grid::valueCount(size.nx, size.ny) == 0) return nullptr;
     const GridPlace place = placeOf(size, bounds);
@@ -194,7 +193,7 @@ Floats analyseCressman(std::span<const float> radii, const GridSize& size, const
     for (std::size_t s = 0; s < radii.size(); ++s) cressman.scan(radii[s], s == markingScan);
     cressman.blankUnreached();
     Floats grid = cressman.release();
-    if (maskRadius > 0.0F) capByNearbyStations(grid.get(), place, size, stations, maskRadius);
+    if (maskRadius > 0.0F) capAndMask(grid.get(), place, size, stations, maskRadius);
     return grid;
 } catch (const std::exception&) {
     // std::bad_alloc, or std::length_error for more than an allocator can be asked for.

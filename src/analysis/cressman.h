@@ -13,7 +13,7 @@ namespace velmar::analysis {
 /// above 0 (degrees) the field is capped and masked at the end.
 ///
 ///   radii  influence radius of each scan, in grid lengths
-base::Floats analyseCressman(std::span<const float> radii, const GridSize& size, const Bounds& bounds,
-                             const StationView& stations, float maskRadius);
+base::Floats analyseCressman(std::span<const float> radii, const GridSize& size,
+                             const base::LonLatBox& bounds, const StationView& stations, float maskRadius);
 
 }  // namespace velmar::analysis

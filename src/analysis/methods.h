@@ -2,10 +2,12 @@
 
 #include <array>
 
-#include "analysis/analysisArea.h"
+#include "analysis/area.h"
 #include "analysis/barnes.h"
+#include "analysis/cressman.h"
 #include "analysis/stations.h"
 #include "base/floats.h"
+#include "base/numbers.h"
 
 namespace velmar::analysis {
 
@@ -19,9 +21,18 @@ inline constexpr std::array cressmanRadii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};
 inline constexpr BarnesParameters barnesParameters{.kappa = 0.25F, .radius = 20.0F, .gamma = 0.3F};
 
 /// The analyses with the parameters that station files get. Null without a grid.
-base::Floats runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius);
+inline base::Floats runCressman(const AnalysisArea& area, const StationView& stations, float maskRadius) {
+    return analyseCressman(cressmanRadii, area.size, area.bounds, stations, maskRadius);
+}
 
 /// The bounds are cut to whole degrees.
-base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations, float maskRadius);
+inline base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
+                              float maskRadius) {
+    const base::LonLatBox& b = area.bounds;
+    const WholeLonLatBox whole{base::truncateToInt(b.west), base::truncateToInt(b.east),
+                               base::truncateToInt(b.south), base::truncateToInt(b.north)};
+    return analyseBarnes({barnesParameters.kappa, radius, barnesParameters.gamma}, area.size, whole, stations,
+                         maskRadius);
+}
 
 }  // namespace velmar::analysis

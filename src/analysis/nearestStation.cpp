@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
+#include <vector>
 
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
@@ -12,49 +14,56 @@ namespace {
 
 constexpr int none = -1;
 
-/// The nearest stations of a row's points so far.
-struct RowNearest {
-    std::vector<float> distances;
-    std::vector<int> stations;
-
-    explicit RowNearest(std::size_t points) : distances(points), stations(points) {}
-
-    void clear() {
-        std::fill(distances.begin(), distances.end(), 1.0e20F);
-        std::fill(stations.begin(), stations.end(), none);
-    }
-};
-
 /// Half the width of the box that a station must lie in.
 float boxReach(float radius, Reach reach) {
     return reach == Reach::distanceAndBox ? 2.0F * radius : std::numeric_limits<float>::infinity();
 }
 
-void findInBlock(const grid::GridPlace& place, const GridSize& size, const StationView& stations,
-                 float radius, float box, LineRange block, const TakeNearest& take) {
-    const std::vector<float> longitudes = columnLongitudes(place, block);
-    RowNearest row(block.count);
-    for (int j = 0; j < size.ny; ++j) {
-        row.clear();
-        const float latitude = rowLatitude(place, j);
+/// Gives points of a row side by side a station where it is nearer than those before it.
+void keepNearer(std::size_t count, const float* longitudes, const StationFromRow& station, int number,
+                float box, float* distances, int* nearest) {
+    const StationFromRow from = station;
+    for (std::size_t i = 0; i < count; ++i) {
+        const float distance = from.distanceOf(longitudes[i]);
+        const bool nearer = distance < distances[i] && std::fabs(longitudes[i] - from.longitude) < box;
+        distances[i] = nearer ? distance : distances[i];
+        nearest[i] = nearer ? number : nearest[i];
+    }
+}
+
+/// The points of a row in a block of columns, and the nearest station of each.
+class NearestRow {
+public:
+    NearestRow(const grid::GridPlace& place, LineRange block)
+        : place_(place),
+          block_(block),
+          longitudes_(columnLongitudes(place, block)),
+          distances_(block.count),
+          nearest_(block.count) {}
+
+    std::span<const int> find(float latitude, const StationView& stations, float radius, float box) {
+        std::fill(distances_.begin(), distances_.end(), 1.0e20F);
+        std::fill(nearest_.begin(), nearest_.end(), none);
         for (std::size_t k = 0; k < stations.count(); ++k) {
             // Stations as far away as the radius are no different from none.
             if (!(std::fabs(latitude - stations.latitudes[k]) < radius)) continue;
             const StationFromRow station(latitude, stations.longitudes[k], stations.latitudes[k]);
-            const auto [first, count] = station.columnsWithin(radius, place, block);
-            for (std::size_t i = first; i < first + count; ++i) {
-                const float distance = station.distanceOf(longitudes[i]);
-                const bool nearer =
-                    distance < row.distances[i] && std::fabs(longitudes[i] - station.longitude) < box;
-                row.distances[i] = nearer ? distance : row.distances[i];
-                row.stations[i] = nearer ? static_cast<int>(k) : row.stations[i];
-            }
+            const auto [first, count] = station.columnsWithin(radius, place_, block_);
+            keepNearer(count, longitudes_.data() + first, station, static_cast<int>(k), box,
+                       distances_.data() + first, nearest_.data() + first);
         }
-        for (std::size_t i = 0; i < block.count; ++i)
-            row.stations[i] = row.distances[i] < radius ? row.stations[i] : none;
-        take(static_cast<std::size_t>(j) * static_cast<std::size_t>(size.nx) + block.first, row.stations);
+        for (std::size_t i = 0; i < block_.count; ++i)
+            nearest_[i] = distances_[i] < radius ? nearest_[i] : none;
+        return nearest_;
     }
-}
+
+private:
+    const grid::GridPlace place_;
+    const LineRange block_;
+    const std::vector<float> longitudes_;
+    std::vector<float> distances_;
+    std::vector<int> nearest_;
+};
 
 }  // namespace
 
@@ -62,8 +71,12 @@ void findNearestStations(const grid::GridPlace& place, const GridSize& size, con
                          float radius, Reach reach, const TakeNearest& take) {
     if (grid::valueCount(size.nx, size.ny) == 0) return;
     const float box = boxReach(radius, reach);
-    forEachColumnBlock(
-        size.nx, [&](LineRange block) { findInBlock(place, size, stations, radius, box, block, take); });
+    forEachColumnBlock(size.nx, [&](LineRange block) {
+        NearestRow row(place, block);
+        std::size_t firstPoint = block.first;
+        for (int j = 0; j < size.ny; ++j, firstPoint += static_cast<std::size_t>(size.nx))
+            take(firstPoint, row.find(rowLatitude(place, j), stations, radius, box));
+    });
 }
 
 }  // namespace velmar::analysis

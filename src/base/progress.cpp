@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdio>
 
-#include "base/realText.h"
+#include "base/numbers.h"
 
 namespace velmar::base {
 

@@ -198,4 +198,10 @@ std::size_t TextScanner::read(std::span<float> values) {
     return count;
 }
 
+std::size_t TextScanner::read(std::span<LonLat> places) {
+    std::size_t count = 0;
+    while (count < places.size() && read(places[count].longitude) && read(places[count].latitude)) ++count;
+    return count;
+}
+
 }  // namespace velmar::base

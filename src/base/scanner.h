@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/points.h"
+
 namespace velmar::base {
 
 /// A word of the letters a to z, read as by `%[a-z]` after a blank: it ends at the first other character.
@@ -36,6 +38,9 @@ public:
 
     /// Reads numbers until one does not convert or the span is full; returns how many.
     std::size_t read(std::span<float> values);
+
+    /// Reads places, longitude before latitude, until a number does not convert or the span is full; returns how many.
+    std::size_t read(std::span<LonLat> places);
 
     /// Whether the rest of the text is long enough for this many numbers: two of them take more than two characters. So
     /// a count that is wrong, by mistake or on purpose, is noticed before memory is taken for it.

@@ -9,6 +9,13 @@ void BlockWriter::append(std::span<const float> values) {
     next_ = std::copy(values.begin(), values.end(), next_);
 }
 
+void BlockWriter::append(std::span<const base::LonLat> points) {
+    for (const auto& [longitude, latitude] : points) {
+        *next_++ = longitude;
+        *next_++ = latitude;
+    }
+}
+
 std::span<float> BlockWriter::claim(std::size_t elements) {
     float* const first = next_;
     next_ += elements;
@@ -16,13 +23,15 @@ std::span<float> BlockWriter::claim(std::size_t elements) {
 }
 
 void appendGrid(BlockWriter& out, const grid::GridView& grid, const grid::GridPlace& place) {
-    const auto [x0, y0, dx, dy] = place;
     out.append(-1.0F);
     out.appendCount(grid.nx);
     out.appendCount(grid.ny);
-    const float lastX = x0 + (static_cast<float>(grid.nx) - 1.0F) * dx;
-    const float lastY = y0 + (static_cast<float>(grid.ny) - 1.0F) * dy;
-    out.append(std::array{x0, y0, lastX, lastY, dx, dy});
+    const float lastLongitude =
+        place.startLongitude + (static_cast<float>(grid.nx) - 1.0F) * place.longitudeStep;
+    const float lastLatitude =
+        place.startLatitude + (static_cast<float>(grid.ny) - 1.0F) * place.latitudeStep;
+    out.append(std::array{place.startLongitude, place.startLatitude, lastLongitude, lastLatitude,
+                          place.longitudeStep, place.latitudeStep});
     out.append(std::span(grid.values, grid.size()));
 }
 

@@ -24,6 +24,9 @@ public:
 
     void append(std::span<const float> values);
 
+    /// Longitude and latitude of each.
+    void append(std::span<const base::LonLat> points);
+
     /// Leaves the next elements to the caller, who must set each of them.
     std::span<float> claim(std::size_t elements);
 

@@ -20,13 +20,13 @@ using base::Failure;
 using base::Outcome;
 using contour::Center;
 using contour::ContourLine;
+using contour::ContourLines;
 using contour::LevelMode;
 using contour::LevelRequest;
-using contour::LineList;
 using grid::Grid;
 using grid::GridPlace;
+using grid::GridPoint;
 using grid::GridView;
-using grid::Point;
 using grid::RefinementFactors;
 
 /// Whether the grid is refined before it is traced.
@@ -41,23 +41,21 @@ struct ContourHints {
 };
 
 /// Packs lines and their grid. Positions on the traced grid become degrees.
-ResultBlock packContours(const LineList& lines, const RefinementFactors& factors, const GridView& grid,
+ResultBlock packContours(const ContourLines& lines, const RefinementFactors& factors, const GridView& grid,
                          const GridPlace& place, const ContourHints& hints) {
-    const std::size_t elements = 15 + 3 * lines.lines.size() + 2 * lines.points.size() + grid.size();
+    const std::size_t elements = 15 + 3 * lines.runs.size() + 2 * lines.points.size() + grid.size();
     ResultBlock block = base::allocateFloats(elements);
     BlockWriter out(block);
     out.appendCount(elements);
-    out.appendCount(lines.lines.size());
-    const auto [x0, y0, dx, dy] = place;
-    const auto factorX = static_cast<float>(factors.x);
-    const auto factorY = static_cast<float>(factors.y);
-    for (const ContourLine& line : lines.lines) {
+    out.appendCount(lines.runs.size());
+    for (const ContourLine& line : lines.runs) {
         out.appendCount(line.pointCount);
         out.append(line.level);
         out.append(0.0F);
-        for (const Point& point : lines.pointsOf(line)) {
-            out.append((point.x - 1.0F) * dx / factorX + x0);
-            out.append((point.y - 1.0F) * dy / factorY + y0);
+        for (const GridPoint& point : lines.pointsOf(line)) {
+            const auto [longitude, latitude] = grid::degreesOf(point, place, factors);
+            out.append(longitude);
+            out.append(latitude);
         }
     }
     appendGrid(out, grid, place);
@@ -72,8 +70,8 @@ ResultBlock packCenters(std::span<const Center> centers, const GridPlace& place)
     out.appendCount(centers.size());
     for (const Center& center : centers) {
         out.append(center.high ? 1.0F : -1.0F);
-        out.append(static_cast<float>(center.column) * place.dx + place.x0);
-        out.append(static_cast<float>(center.row) * place.dy + place.y0);
+        out.append(static_cast<float>(center.column) * place.longitudeStep + place.startLongitude);
+        out.append(static_cast<float>(center.row) * place.latitudeStep + place.startLatitude);
         out.append(center.value);
         out.append(center.normalisedStrength);
         out.appendCount(center.stepCount);
@@ -125,7 +123,7 @@ Outcome<ResultBlock> contourFile(const char* path, int mode, int count, const fl
     if (!grid) return grid.failure();
 
     base::KeptMemory memory(state().contours);
-    const GridPlace place = files::placeOf(header->field.lattice);
+    const GridPlace place = header->field.lattice.place();
     std::optional<LevelRequest> request =
         levelRequest(mode, header->startValue, header->endValue, header->interval, levels, count);
     if (request) request->most = contour::mostLevelsOfHeader;

@@ -2,7 +2,6 @@
 #include <cstdio>
 #include <new>
 #include <optional>
-#include <span>
 #include <utility>
 
 #include "base/messages.h"
@@ -19,18 +18,19 @@ namespace {
 
 using base::TextScanner;
 using files::MapForm;
+using files::MapLine;
 using files::MapLines;
 using files::tell;
 namespace messages = base::messages;
 
 ResultBlock packPolyline(const files::Polyline& line) {
-    const std::size_t numbers = line.coordinates.size();
-    ResultBlock block = base::allocateFloats(numbers + 6);
+    const std::size_t elements = 2 * line.points.size() + 6;
+    ResultBlock block = base::allocateFloats(elements);
     BlockWriter out(block);
-    out.appendCount(numbers + 6);
+    out.appendCount(elements);
     for (const int item : line.header) out.appendCount(item);
-    out.appendCount(numbers / 2);
-    out.append(line.coordinates);
+    out.appendCount(line.points.size());
+    out.append(line.points);
     return block;
 }
 
@@ -58,7 +58,7 @@ struct MapCounts {
     std::size_t lastIndex() const { return 3 * lines + 2 * points + 1; }
 };
 
-MapCounts countLines(const MapLines& lines) { return {lines.lines.size(), lines.coordinates.size() / 2}; }
+MapCounts countLines(const MapLines& lines) { return {lines.runs.size(), lines.points.size()}; }
 
 ResultBlock pack(const MapLines& lines, const MapCounts& told, std::FILE* logFile) try {
     tell(logFile, messages::mapResultSize, told.lastIndex());
@@ -71,14 +71,12 @@ ResultBlock pack(const MapLines& lines, const MapCounts& told, std::FILE* logFil
     BlockWriter out(block);
     out.appendCount(told.lastIndex());
     out.appendCount(told.lines);
-    const float* points = lines.coordinates.data();
-    for (const MapLines::Line& line : lines.lines) {
-        tell(logFile, messages::mapLineWritten, line.points);
-        out.appendCount(line.points);
+    for (const MapLine& line : lines.runs) {
+        tell(logFile, messages::mapLineWritten, line.pointCount);
+        out.appendCount(line.pointCount);
         out.appendCount(line.attribute1);
         out.appendCount(line.attribute2);
-        out.append(std::span(points, 2 * line.points));
-        points += 2 * line.points;
+        out.append(lines.pointsOf(line));
     }
     return block;
 } catch (const std::bad_alloc&) {
@@ -112,8 +110,8 @@ ResultBlock readMap(const char* path, MapState& state) {
     const MapLines& handedOut = state.hasFirstMap ? state.firstMap : own;
     ResultBlock block = pack(handedOut, told, logFile.get());
     tell(logFile.get(), messages::mapReleasing);
-    for (const MapLines::Line& line : handedOut.lines)
-        tell(logFile.get(), messages::mapLineReleased, line.points);
+    for (const MapLine& line : handedOut.runs)
+        tell(logFile.get(), messages::mapLineReleased, line.pointCount);
     tell(logFile.get(), messages::mapReleased);
     state = {true, {}};
     return block;

@@ -40,9 +40,8 @@ ResultBlock makeField(const FieldKind& kind, const SelectedStations& selected,
     ResultBlock block = base::allocateFloats(n + 9);
     BlockWriter out(block);
     out.appendCount(n + 9);
-    const analysis::Bounds& b = area.bounds;
-    out.append(std::array{b.startLongitude, b.endLongitude, b.startLatitude, b.endLatitude,
-                          area.longitudeStep, area.latitudeStep});
+    const base::LonLatBox& b = area.bounds;
+    out.append(std::array{b.west, b.east, b.south, b.north, area.longitudeStep, area.latitudeStep});
     out.appendCount(area.size.nx);
     out.appendCount(area.size.ny);
     const std::span<float> values = out.claim(n);

@@ -8,8 +8,7 @@
 #include "capi/barrier.h"
 #include "capi/state.h"
 #include "files/diagnosticFile.h"
-#include "polygon/clip.h"
-#include "polygon/fill.h"
+#include "polygon/polygon.h"
 #include "velmarBaseA.h"
 
 namespace velmar::capi {

@@ -26,11 +26,11 @@ int loadRegions(const char* path) {
     base::TextScanner in(file->view());
     std::optional<base::NamedOutlines> outlines = files::readRegions(in);
     if (!outlines) return refused;
-    const bool isWhole = outlines->outlines.empty() || outlines->outlines.back().isWhole;
+    const bool isWhole = outlines->runs.empty() || outlines->runs.back().isWhole;
     // A file without regions is kept as well: no other is loaded after it.
     kept.emplace(std::move(*outlines));
     if (!isWhole) return pointMissing;
-    return kept->regions.empty() ? refused : loaded;
+    return kept->runs.empty() ? refused : loaded;
 }
 
 bool hasName(const RegionTable& table, const Region& region, std::string_view name) {
@@ -38,15 +38,21 @@ bool hasName(const RegionTable& table, const Region& region, std::string_view na
 }
 
 const Region* regionAt(const RegionTable& table, int place) {
-    const bool isThere = place >= 0 && static_cast<std::size_t>(place) < table.regions.size();
-    return isThere ? &table.regions[static_cast<std::size_t>(place)] : nullptr;
+    const bool isThere = place >= 0 && static_cast<std::size_t>(place) < table.runs.size();
+    return isThere ? &table.runs[static_cast<std::size_t>(place)] : nullptr;
 }
 
 const Region* firstOfName(const RegionTable& table, const char* name) {
     if (name == nullptr) return nullptr;
-    for (const Region& region : table.regions)
+    for (const Region& region : table.runs)
         if (hasName(table, region, name)) return &region;
     return nullptr;
+}
+
+/// The points of a region as hosts see them: longitude and latitude in turn.
+const float* coordinatesOf(const RegionTable& table, const Region& region) {
+    static_assert(sizeof(base::LonLat) == 2 * sizeof(float));
+    return reinterpret_cast<const float*>(table.pointsOf(region).data());
 }
 
 /// The points of the region that is chosen from the table, and their number (`count` may be null).
@@ -57,26 +63,26 @@ const float* boundary(int* count, Choose choose) noexcept {
         const std::optional<RegionTable>& table = state().regions;
         const Region* const region = table ? choose(*table) : nullptr;
         if (region == nullptr) return nullptr;
-        if (count != nullptr) *count = static_cast<int>(region->points);
-        return table->pointsOf(*region);
+        if (count != nullptr) *count = static_cast<int>(region->pointCount);
+        return coordinatesOf(*table, *region);
     });
 }
 
 ResultBlock allOfName(const RegionTable& table, std::string_view name, int& total) {
     std::size_t regions = 0;
     std::size_t points = 0;
-    for (const Region& region : table.regions) {
+    for (const Region& region : table.runs) {
         if (!hasName(table, region, name)) continue;
         ++regions;
-        points += region.points;
+        points += region.pointCount;
     }
     ResultBlock block = base::allocateFloats(1 + regions + 2 * points);
     BlockWriter out(block);
     out.appendCount(regions);
-    for (const Region& region : table.regions) {
+    for (const Region& region : table.runs) {
         if (!hasName(table, region, name)) continue;
-        out.appendCount(region.points);
-        out.append({table.pointsOf(region), 2 * region.points});
+        out.appendCount(region.pointCount);
+        out.append(table.pointsOf(region));
     }
     total = static_cast<int>(points);
     return block;
@@ -97,7 +103,7 @@ const char* countyNameFromRegion(float x, float y) noexcept {
     constexpr const char* nowhere = " ";
     return guarded(nowhere, [&] {
         const std::optional<RegionTable>& table = state().regions;
-        const Region* const region = table ? velmar::regions::findRegion(*table, x, y) : nullptr;
+        const Region* const region = table ? velmar::regions::findRegion(*table, {x, y}) : nullptr;
         return region == nullptr ? nowhere : table->nameOf(*region);
     });
 }

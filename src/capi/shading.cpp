@@ -24,26 +24,23 @@ using grid::Grid;
 using grid::GridPlace;
 using shade::ShadeLevels;
 using shade::ShadePolygon;
-using shade::ShadePolygonList;
+using shade::ShadePolygons;
 using shade::ShadeRequest;
 namespace messages = base::messages;
 
 /// Packs the polygons and their grid. Null when there is no polygon.
-ResultBlock packPolygons(const ShadePolygonList& list, const grid::GridView& grid, const GridPlace& place) {
-    if (list.polygons.empty()) return nullptr;
-    const std::size_t elements = 12 + 3 * list.polygons.size() + 2 * list.points.size() + grid.size();
+ResultBlock packPolygons(const ShadePolygons& list, const grid::GridView& grid, const GridPlace& place) {
+    if (list.runs.empty()) return nullptr;
+    const std::size_t elements = 12 + 3 * list.runs.size() + 2 * list.points.size() + grid.size();
     ResultBlock block = base::allocateFloats(elements);
     BlockWriter out(block);
     out.appendCount(elements);
-    out.appendCount(list.polygons.size());
-    for (const ShadePolygon& polygon : list.polygons) {
+    out.appendCount(list.runs.size());
+    for (const ShadePolygon& polygon : list.runs) {
         out.appendCount(polygon.pointCount);
         out.append(polygon.level);
         out.appendCount(polygon.colour);
-        for (const grid::Point& point : list.pointsOf(polygon)) {
-            out.append(point.x);
-            out.append(point.y);
-        }
+        out.append(list.pointsOf(polygon));
     }
     appendGrid(out, grid, place);
     out.append(0.0F);  // the block is one element longer than its layout needs
@@ -63,15 +60,14 @@ ResultBlock tracedAndPacked(const grid::GridView& grid, const GridPlace& place, 
 }
 
 ResultBlock shadePlaced(const ShadeRequest& request, const GridPlace& place) {
-    return tracedAndPacked(request.grid, place,
-                           [&](shade::TraceBuffers& buffers, ShadePolygonList& polygons) {
-                               return shade::shadeGrid(request, place, buffers, polygons);
-                           });
+    return tracedAndPacked(request.grid, place, [&](shade::ShadeBuffers& buffers, ShadePolygons& polygons) {
+        return shade::shadeGrid(request, place, buffers, polygons);
+    });
 }
 
 ResultBlock shadeUneven(const ShadeRequest& request, const shade::GridLineSteps& steps) {
-    return tracedAndPacked(request.grid, shade::gridColumns,
-                           [&](shade::TraceBuffers& buffers, ShadePolygonList& polygons) {
+    return tracedAndPacked(request.grid, shade::numberedFromZero,
+                           [&](shade::ShadeBuffers& buffers, ShadePolygons& polygons) {
                                return shade::shadeUnevenGrid(request, steps, buffers, polygons);
                            });
 }
@@ -101,7 +97,7 @@ Outcome<ResultBlock> shadeGridFile(const char* path, int stripRows) {
     std::iota(colours.begin(), colours.end(), 0);
     const auto listed = ShadeLevels::listed(levels.data(), colours.data(), static_cast<int>(levels.size()));
     return shadePlaced({grid->view(), grid::missingInFiles, listed, stripRows},
-                       files::placeOf(header->field.lattice));
+                       header->field.lattice.place());
 }
 
 ResultBlock shadeByteImage(const char* path, int stripRows, int mode, float level) {
@@ -116,7 +112,7 @@ ResultBlock shadeByteImage(const char* path, int stripRows, int mode, float leve
     const int colour = 0;
     const auto levels = mode == 1 ? ShadeLevels::listed(&level, &colour, 1) : ShadeLevels::classes(256);
     return shadePlaced({grid.view(), files::undefinedValueOf(*image), levels, stripRows},
-                       files::placeOf(image->lattice));
+                       image->lattice.place());
 }
 
 }  // namespace

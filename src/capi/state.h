@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "capi/block.h"
-#include "contour/lines.h"
 #include "contour/trace.h"
 #include "files/mapFile.h"
 #include "files/soundings.h"
@@ -18,8 +17,8 @@ namespace velmar::capi {
 
 /// Contour lines on their way to a result, and the memory used to trace them.
 struct ContourWork {
-    contour::LineList lines;
-    contour::TraceBuffers buffers;
+    contour::ContourLines lines;
+    contour::ContourBuffers buffers;
 
     std::size_t bytes() const { return lines.bytes() + buffers.bytes(); }
 
@@ -32,8 +31,8 @@ struct ContourWork {
 
 /// Polygons on their way to a result, and the memory used to trace them.
 struct ShadeWork {
-    shade::ShadePolygonList polygons;
-    shade::TraceBuffers buffers;
+    shade::ShadePolygons polygons;
+    shade::ShadeBuffers buffers;
 
     std::size_t bytes() const { return polygons.bytes() + buffers.bytes(); }
     void release() { *this = {}; }
@@ -82,6 +81,9 @@ struct State {
     std::optional<regions::RegionTable> regions;
 };
 
-State& state();
+inline State& state() {
+    static State instance;
+    return instance;
+}
 
 }  // namespace velmar::capi

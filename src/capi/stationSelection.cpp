@@ -6,6 +6,7 @@
 #include "base/messages.h"
 #include "base/progress.h"
 #include "files/file.h"
+#include "files/firstLine.h"
 
 namespace velmar::capi {
 
@@ -26,8 +27,8 @@ std::optional<analysis::StationView> stationsOf(int n, const float* lon, const f
 
 void SelectedStations::add(float longitude, float latitude, float value) {
     stations.add(longitude, latitude, value);
-    extent.addLongitude(longitude);
-    extent.addLatitude(latitude);
+    extent.includeLongitude(longitude);
+    extent.includeLatitude(latitude);
     if (value > largest) largest = value;
     if (value < smallest) smallest = value;
 }
@@ -47,9 +48,10 @@ namespace {
 
 std::vector<files::SurfaceReport> readReports(TextScanner& in, int promised) {
     std::vector<files::SurfaceReport> reports;
-    reports.reserve(in.recordsAtMost(promised, files::SurfaceReport::fieldCount));
+    reports.reserve(in.recordsAtMost(promised, files::analysedReports.fields));
     files::SurfaceReport report;
-    for (int k = 0; k < promised && files::readSurfaceReport(in, report); ++k) reports.push_back(report);
+    for (int k = 0; k < promised && files::readReport(in, files::analysedReports, report.fields); ++k)
+        reports.push_back(report);
     return reports;
 }
 
@@ -63,14 +65,18 @@ Outcome<SurfaceFile> readSurfaceFile(const char* path) {
     }
     progress(messages::readingReports, {std::string_view(path)});
     TextScanner in(file->view());
-    files::SurfaceHeader header;
-    const int converted = files::scanSurfaceHeader(in, header);
-    if (converted < files::SurfaceHeader::firstLineCount) return Failure{-2};
-    if (header.type != 1) return Failure{-3};
-    if (converted < files::SurfaceHeader::fieldCount) return Failure{-4};
+    const std::optional<files::FirstLine> line = files::readFirstLine(in);
+    if (!line) return Failure{-2};
+    if (line->type != 1) return Failure{-3};
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int promised = 0;
+    if (scan(in, year, month, day, hour, promised) < 5) return Failure{-4};
 
-    progress(messages::reportsPromised, {header.reportCount});
-    SurfaceFile reports{header.reportCount, readReports(in, header.reportCount)};
+    progress(messages::reportsPromised, {promised});
+    SurfaceFile reports{promised, readReports(in, promised)};
     // For a file without any report, 1 is printed.
     progress(messages::reportsRead, {std::max<std::size_t>(reports.reports.size(), 1)});
     if (!reports.reports.empty()) reports.reports.pop_back();

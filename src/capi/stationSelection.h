@@ -3,10 +3,10 @@
 #include <optional>
 #include <vector>
 
-#include "analysis/analysisArea.h"
+#include "analysis/area.h"
 #include "analysis/stations.h"
 #include "base/outcome.h"
-#include "files/surfaceReports.h"
+#include "files/reports.h"
 
 namespace velmar::capi {
 
@@ -23,7 +23,7 @@ inline analysis::AreaRequest areaRequest(int autoBounds, float startLon, float e
 /// The stations with a value, in the order in which they were found, their extent and the range of their values.
 struct SelectedStations {
     analysis::Stations stations;
-    analysis::Extent extent;
+    base::LonLatBox extent;
     float largest = -1e16F;
     float smallest = 1e16F;
 

@@ -44,8 +44,7 @@ ResultBlock run(analysis::Method method, const analysis::AnalysisArea& area, int
                 const analysis::StationView& stations, float maskRadius) {
     switch (method) {
         case analysis::Method::cressman:
-            base::progress(base::messages::griddingReports,
-                           {area.bounds.startLongitude, area.bounds.endLongitude, promised});
+            base::progress(base::messages::griddingReports, {area.bounds.west, area.bounds.east, promised});
             return analysis::runCressman(area, stations, maskRadius);
         case analysis::Method::barnes:
             return analysis::runBarnes(analysis::barnesParameters.radius, area, stations, maskRadius);

@@ -30,7 +30,7 @@ struct KeptStations {
     analysis::Stations stations;
     std::vector<float> numbers;
     std::vector<float> heights;
-    analysis::Extent extent;  ///< of all stations, also of those without a value
+    base::LonLatBox extent;  ///< of all stations, also of those without a value
 
     void keep(const base::StationValue& station) {
         stations.add(station.longitude, station.latitude, station.value);
@@ -52,8 +52,8 @@ KeptStations readStations(TextScanner& in, int promised) {
     for (int k = 0; k < promised; ++k) {
         const int converted = files::scanStationValue(in, station);
         // The position counts for the extent even when the record is cut off after it.
-        if (converted >= 2) kept.extent.addLongitude(station.longitude);
-        if (converted >= 3) kept.extent.addLatitude(station.latitude);
+        if (converted >= 2) kept.extent.includeLongitude(station.longitude);
+        if (converted >= 3) kept.extent.includeLatitude(station.latitude);
         if (converted < base::StationValue::fieldCount) {
             // In a list that is cut off, stations without a value deliberately keep their places: they follow
             // the others, the first as what was read last, the rest as zeros, and are analysed like them.
@@ -74,8 +74,8 @@ ResultBlock run(analysis::Method method, const analysis::AnalysisArea& area,
                 const analysis::StationView& stations, float maskRadius) {
     switch (method) {
         case analysis::Method::cressman:
-            progress(messages::griddingValues, {area.bounds.startLongitude, area.bounds.endLongitude,
-                                                stations.count(), area.size.nx, area.size.ny});
+            progress(messages::griddingValues,
+                     {area.bounds.west, area.bounds.east, stations.count(), area.size.nx, area.size.ny});
             return analysis::runCressman(area, stations, maskRadius);
         case analysis::Method::barnes:
             progress(messages::firstGuess);
@@ -98,9 +98,8 @@ ResultBlock analyseAndPack(analysis::Method method, const std::vector<float>& le
     out.appendCount(stationCount);
     out.appendCount(area.size.nx);
     out.appendCount(area.size.ny);
-    const analysis::Bounds& b = area.bounds;
-    out.append(std::array{b.startLongitude, b.endLongitude, b.startLatitude, b.endLatitude,
-                          area.longitudeStep, area.latitudeStep});
+    const base::LonLatBox& b = area.bounds;
+    out.append(std::array{b.west, b.east, b.south, b.north, area.longitudeStep, area.latitudeStep});
     out.appendCount(levels.size());
     out.append(levels);
     const analysis::Stations& s = kept.stations;

@@ -59,7 +59,7 @@ Grid speedOf(const files::WindFile& file) {
 }
 
 /// The result of streamAnalyse.
-ResultBlock packStreamlines(wind::Drawing drawing, const wind::Wind& wind, const Lattice& lattice) {
+ResultBlock packStreamlines(wind::Drawing drawing, const wind::WindField& wind, const Lattice& lattice) {
     if (drawing.arrows.empty()) base::progress(base::messages::noArrows);
     base::GrowingFloats& out = drawing.points;
     out.append(drawing.arrows);
@@ -81,7 +81,7 @@ ResultBlock packStreamlines(wind::Drawing drawing, const wind::Wind& wind, const
     return block;
 }
 
-ResultBlock streamlines(const wind::Wind& wind, const wind::LineColours& colours, int density) {
+ResultBlock streamlines(const wind::WindField& wind, const wind::LineColours& colours, int density) {
     constexpr std::size_t headElements = 2;
     State& kept = state();
     std::optional<wind::Drawing> drawing = wind::drawStreamlines(wind, colours, kept.windLattice, density,
@@ -105,11 +105,10 @@ ResultBlock drawBySpeed(const files::WindFile& file, int density) {
                        {speed.view(), missingInFiles, {levels, colours}}, density);
 }
 
-float* differentiateGrids(const wind::FieldPair& fields, const grid::GridPlace& place,
-                          wind::Combination combination) noexcept {
-    if (fields.p.values == nullptr || fields.q.values == nullptr) return nullptr;
-    return guarded<float*>(nullptr,
-                           [&] { return wind::differentiate(fields, place, combination).release(); });
+float* differentiateGrids(const wind::WindPair& wind, const grid::GridPlace& place,
+                          wind::WindDerivative derivative) noexcept {
+    if (wind.p.values == nullptr || wind.q.values == nullptr) return nullptr;
+    return guarded<float*>(nullptr, [&] { return wind::differentiate(wind, place, derivative).release(); });
 }
 
 /// Writes an output unless its pointer is null.
@@ -163,13 +162,13 @@ float* streamAnalyse(const float* u, const float* v, const float* c, int nx, int
 float* hdiv(const float* p, const float* q, int nx, int ny, float missing, float startLon, float startLat,
             float lonStep, float latStep) noexcept {
     return differentiateGrids({{p, nx, ny}, {q, nx, ny}, missing}, {startLon, startLat, lonStep, latStep},
-                              wind::Combination::sum);
+                              wind::WindDerivative::divergence);
 }
 
 float* hvor(const float* p, const float* q, int nx, int ny, float missing, float startLon, float startLat,
             float lonStep, float latStep) noexcept {
     return differentiateGrids({{p, nx, ny}, {q, nx, ny}, missing}, {startLon, startLat, lonStep, latStep},
-                              wind::Combination::difference);
+                              wind::WindDerivative::vorticity);
 }
 
 // These two do not write their output; hosts that call them rely on its being left unchanged.

@@ -14,7 +14,7 @@ namespace {
 
 using grid::GridView;
 
-enum class Kind : unsigned char { none, low, high };
+enum class CenterKind : unsigned char { none, low, high };
 
 /// A sum of differences along one direction and how many were added.
 struct Slope {
@@ -62,7 +62,7 @@ Center measure(const GridView& grid, int column, int row, bool high) {
 }
 
 /// Marks the centres of one inner row. Returns whether there are any.
-bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
+bool classifyRow(const GridView& grid, int row, std::vector<CenterKind>& kinds) {
     const float* const south = grid.row(row - 1);
     const float* const here = grid.row(row);
     const float* const north = grid.row(row + 1);
@@ -76,7 +76,7 @@ bool classifyRow(const GridView& grid, int row, std::vector<Kind>& kinds) {
         const bool high = (p >= here[i + 1]) & (p > here[i - 1]) & (p > south[i]) & (p > north[i]) &
                           (p > north[i + 1]) & (p > south[i - 1]) & (p > south[i + 1]) & (p > north[i - 1]);
         const auto kind = static_cast<unsigned char>(low + 2 * high);
-        kinds[static_cast<std::size_t>(i)] = static_cast<Kind>(kind);
+        kinds[static_cast<std::size_t>(i)] = static_cast<CenterKind>(kind);
         any |= kind;
     }
     return any != 0;
@@ -102,13 +102,13 @@ void assignClasses(std::vector<Center>& centers) {
 /// The centres of inner rows, row by row.
 std::vector<Center> centersOfRows(const GridView& grid, int firstRow, int lastRow, float range) {
     std::vector<Center> centers;
-    std::vector<Kind> kinds(static_cast<std::size_t>(grid.nx), Kind::none);
+    std::vector<CenterKind> kinds(static_cast<std::size_t>(grid.nx), CenterKind::none);
     for (int row = firstRow; row < lastRow; ++row) {
         if (!classifyRow(grid, row, kinds)) continue;
         for (int column = 1; column + 1 < grid.nx; ++column) {
-            const Kind kind = kinds[static_cast<std::size_t>(column)];
-            if (kind == Kind::none) continue;
-            Center& center = centers.emplace_back(measure(grid, column, row, kind == Kind::high));
+            const CenterKind kind = kinds[static_cast<std::size_t>(column)];
+            if (kind == CenterKind::none) continue;
+            Center& center = centers.emplace_back(measure(grid, column, row, kind == CenterKind::high));
             center.normalisedStrength = center.strength / range;
         }
     }

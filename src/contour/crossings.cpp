@@ -4,7 +4,7 @@ namespace velmar::contour {
 
 using grid::LevelIndex;
 using grid::nextColumn;
-using Word = std::uint64_t;
+using grid::Word;
 
 void Crossings::mark(const LevelIndex& index, float level) {
     const grid::GridView& grid = index.grid();

@@ -19,8 +19,8 @@ struct Crossings {
     void mark(const grid::LevelIndex& index, float level);
 
 private:
-    std::vector<std::uint64_t> above_;
-    std::vector<std::uint64_t> aboveNext_;
+    std::vector<grid::Word> above_;
+    std::vector<grid::Word> aboveNext_;
 };
 
 }  // namespace velmar::contour

@@ -19,6 +19,7 @@ namespace {
 using base::progress;
 using base::truncateToInt;
 using grid::Extremes;
+using grid::mostLevels;
 namespace messages = base::messages;
 
 /// An interval and the power of ten used to round it.

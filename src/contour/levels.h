@@ -22,11 +22,8 @@ constexpr std::optional<LevelMode> levelMode(int mode) {
     return static_cast<LevelMode>(mode);
 }
 
-/// More levels than this are taken for a mistake, and the list of levels is empty then.
-inline constexpr std::size_t mostLevels = 1'000'000;
-
-/// The same limit for the levels that a file's header asks for. A header is short, but each of its levels may cost as
-/// much time and as many points as the grid has.
+/// The limit on the levels that a file's header asks for. A header is short, but each of its levels may cost as much
+/// time and as many points as the grid has.
 inline constexpr std::size_t mostLevelsOfHeader = 10'000;
 
 /// The levels that a host asks for, in units of the grid.
@@ -36,8 +33,8 @@ struct LevelRequest {
     float end;
     float interval;
     std::span<const float> list;
-    int count;                      ///< wanted number of intervals (automatic)
-    std::size_t most = mostLevels;  ///< largest number of levels (interval)
+    int count;                            ///< wanted number of intervals (automatic)
+    std::size_t most = grid::mostLevels;  ///< largest number of levels (interval)
 };
 
 /// Levels in the order in which they are traced, not necessarily ascending.

@@ -14,7 +14,8 @@ namespace {
 using grid::bit;
 using grid::BitPlane;
 using grid::Cell;
-using grid::Edge;
+using grid::GridEdge;
+using grid::GridPoint;
 using grid::GridView;
 using grid::LevelCurve;
 using grid::Pairing;
@@ -36,17 +37,17 @@ WalkRoom walkRoom(std::size_t workBufferFloats) {
 /// Traces one level. The mark of an edge is cleared when a line passes it.
 class LevelTracer {
 public:
-    LevelTracer(const LevelCurve& curve, const WalkRoom& room, LevelBuffers& buffers, LineList& lines)
+    LevelTracer(const LevelCurve& curve, const WalkRoom& room, LevelBuffers& buffers, ContourLines& lines)
         : curve_(curve), room_(room), buffers_(buffers), marks_(buffers.crossings), lines_(lines) {}
 
     void traceAll();
 
 private:
-    void traceFrom(const Edge& start);
-    bool walk(Cell cell, Side entry, const Edge& start, std::size_t room, std::vector<Point>& points);
+    void traceFrom(const GridEdge& start);
+    bool walk(Cell cell, Side entry, const GridEdge& start, std::size_t room, std::vector<GridPoint>& points);
     unsigned markedSides(const Cell& cell) const;
     Pairing pairingOf(const Cell& cell) const;
-    void clearMark(const Edge& edge) {
+    void clearMark(const GridEdge& edge) {
         (edge.alongRow ? marks_.alongRow : marks_.alongColumn).clear(edge.i, edge.j);
     }
 
@@ -54,7 +55,7 @@ private:
     WalkRoom room_;
     LevelBuffers& buffers_;
     Crossings& marks_;
-    LineList& lines_;
+    ContourLines& lines_;
 };
 
 void LevelTracer::traceAll() {
@@ -74,9 +75,9 @@ void LevelTracer::traceAll() {
     }
 }
 
-void LevelTracer::traceFrom(const Edge& start) {
-    std::vector<Point>& forward = buffers_.forward;
-    std::vector<Point>& backward = buffers_.backward;
+void LevelTracer::traceFrom(const GridEdge& start) {
+    std::vector<GridPoint>& forward = buffers_.forward;
+    std::vector<GridPoint>& backward = buffers_.backward;
     forward.clear();
     backward.clear();
 
@@ -88,10 +89,10 @@ void LevelTracer::traceFrom(const Edge& start) {
     clearMark(start);
     walk(first.neighbour(below), opposite(below), start, room_.backward, backward);
 
-    const Point from = curve_.crossing(start);
+    const GridPoint from = curve_.crossing(start);
     if (closed) forward.push_back(from);
-    std::vector<Point>& points = lines_.points;
-    lines_.lines.push_back({curve_.level, points.size(), backward.size() + 1 + forward.size()});
+    std::vector<GridPoint>& points = lines_.points;
+    lines_.runs.push_back({{points.size(), backward.size() + 1 + forward.size()}, curve_.level});
     points.insert(points.end(), backward.rbegin(), backward.rend());
     points.push_back(from);
     points.insert(points.end(), forward.begin(), forward.end());
@@ -99,8 +100,8 @@ void LevelTracer::traceFrom(const Edge& start) {
 
 /// Follows the line from the cell that it enters, adding the points after the entry. Returns whether it came
 /// back to its start.
-bool LevelTracer::walk(Cell cell, Side entry, const Edge& start, std::size_t room,
-                       std::vector<Point>& points) {
+bool LevelTracer::walk(Cell cell, Side entry, const GridEdge& start, std::size_t room,
+                       std::vector<GridPoint>& points) {
     while (cell.i >= 0 && cell.j >= 0 && cell.i + 1 < curve_.grid.nx && cell.j + 1 < curve_.grid.ny) {
         const unsigned exits = markedSides(cell) & ~bit(entry);
         if (exits == 0) return false;
@@ -110,7 +111,7 @@ bool LevelTracer::walk(Cell cell, Side entry, const Edge& start, std::size_t roo
         // In a saddle the exit may already be cleared: a line that was cut short has passed it.
         if ((exits & bit(exit)) == 0) return false;
 
-        const Edge edge = cell.edge(exit);
+        const GridEdge edge = cell.edge(exit);
         if (edge == start) return true;
         if (points.size() == room) return false;
         clearMark(edge);
@@ -136,8 +137,8 @@ Pairing LevelTracer::pairingOf(const Cell& cell) const {
 
 }  // namespace
 
-void traceLevels(const GridView& grid, float missing, std::span<const float> levels, TraceBuffers& buffers,
-                 LineList& lines) {
+void traceLevels(const GridView& grid, float missing, std::span<const float> levels, ContourBuffers& buffers,
+                 ContourLines& lines) {
     if (levels.empty() || grid.size() == 0) return;
     const std::size_t bordered =
         (static_cast<std::size_t>(grid.nx) + 2) * (static_cast<std::size_t>(grid.ny) + 2);
@@ -145,7 +146,7 @@ void traceLevels(const GridView& grid, float missing, std::span<const float> lev
     if (grid.nx < 2 || grid.ny < 2) return;
     buffers.index.build(grid, {missing});
     const WalkRoom room = walkRoom(buffers.workBufferFloats);
-    const auto traceRun = [&](std::span<const float> run, LevelBuffers& work, LineList& into) {
+    const auto traceRun = [&](std::span<const float> run, LevelBuffers& work, ContourLines& into) {
         for (const float level : run) {
             if (!buffers.index.reaches(level)) continue;
             work.crossings.mark(buffers.index, level);
@@ -157,7 +158,7 @@ void traceLevels(const GridView& grid, float missing, std::span<const float> lev
     const auto others =
         base::collectWork(levels.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
             const std::span<const float> run = levels.subspan(first, last - first);
-            LineList own;
+            ContourLines own;
             LevelBuffers ownWork;
             traceRun(run, first == 0 ? buffers.work : ownWork, first == 0 ? lines : own);
             return own;

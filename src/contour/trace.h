@@ -3,16 +3,24 @@
 #include <span>
 #include <vector>
 
+#include "base/points.h"
 #include "contour/crossings.h"
-#include "contour/lines.h"
 
 namespace velmar::contour {
+
+/// A traced line. A ring repeats its first point at its end.
+struct ContourLine : base::PointRun {
+    float level;
+};
+
+/// Lines in the order in which they were traced, with positions on the traced grid.
+using ContourLines = base::PointRuns<ContourLine, grid::GridPoint>;
 
 /// What the tracing of a level works in.
 struct LevelBuffers {
     Crossings crossings;
-    std::vector<Point> forward;
-    std::vector<Point> backward;
+    std::vector<grid::GridPoint> forward;
+    std::vector<grid::GridPoint> backward;
 
     /// Size of the memory in use.
     std::size_t bytes() const {
@@ -26,7 +34,7 @@ struct LevelBuffers {
 /// The length of lines is limited as if a line were written from the middle of a work buffer towards both its
 /// ends: the buffer has a float per point of the largest grid so far, border included, and a very long line is
 /// cut where it would reach an end. Only the size of that buffer is kept.
-struct TraceBuffers {
+struct ContourBuffers {
     grid::LevelIndex index;
     LevelBuffers work;
     std::size_t workBufferFloats = 0;
@@ -47,6 +55,6 @@ struct TraceBuffers {
 /// followed upward or to the right, then downward or to the left; its points are stored from the end of the
 /// second walk through the start to the end of the first.
 void traceLevels(const grid::GridView& grid, float missing, std::span<const float> levels,
-                 TraceBuffers& buffers, LineList& lines);
+                 ContourBuffers& buffers, ContourLines& lines);
 
 }  // namespace velmar::contour

@@ -54,9 +54,4 @@ bool circlesGlobe(const FieldHeader& field);
 base::Outcome<grid::Grid> readGridValues(base::TextScanner& in, const FieldHeader& field,
                                          UnreadableValue unreadable);
 
-/// Where the grid of a file lies, from its start and its steps; the end positions are not used.
-constexpr grid::GridPlace placeOf(const grid::Lattice& lattice) {
-    return {lattice.startLongitude, lattice.startLatitude, lattice.longitudeStep, lattice.latitudeStep};
-}
-
 }  // namespace velmar::files

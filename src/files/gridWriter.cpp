@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "base/messages.h"
-#include "base/realText.h"
+#include "base/numbers.h"
 #include "files/diagnosticFile.h"
 
 namespace velmar::files {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "base/messages.h"
 
@@ -44,18 +45,18 @@ LineHeadResult readLineHead(TextScanner& in, MapForm form, LineHead& head, std::
     return converted == 0 && in.remaining() == 0 ? LineHeadResult::atEnd : LineHeadResult::failed;
 }
 
-bool readPoints(TextScanner& in, std::size_t points, std::vector<float>& coordinates) {
-    if (!in.mayHold(2 * points)) return false;
-    const std::size_t first = coordinates.size();
-    coordinates.resize(first + 2 * points);
-    const std::span<float> read = std::span(coordinates).subspan(first);
-    if (in.read(read) < read.size()) {
-        coordinates.resize(first);
-        coordinates.shrink_to_fit();  // The lines read until now may be kept for the life of the process.
+bool readPoints(TextScanner& in, std::size_t count, std::vector<base::LonLat>& points) {
+    if (!in.mayHold(2 * count)) return false;
+    const std::size_t first = points.size();
+    points.resize(first + count);
+    const std::span<base::LonLat> added = std::span(points).subspan(first);
+    if (in.read(added) < count) {
+        points.resize(first);
+        points.shrink_to_fit();  // The lines read until now may be kept for the life of the process.
         return false;
     }
-    for (std::size_t k = 0; k < read.size(); k += 2)
-        if (read[k] < 0) read[k] += 360.0F;
+    for (base::LonLat& point : added)
+        if (point.longitude < 0) point.longitude += 360.0F;
     return true;
 }
 
@@ -82,9 +83,10 @@ bool readMapLines(TextScanner& in, MapForm form, MapLines& lines, std::FILE* log
         LineHead head;
         const LineHeadResult result = readLineHead(in, form, head, logFile);
         if (result != LineHeadResult::read) return result == LineHeadResult::atEnd;
-        const auto points = static_cast<std::size_t>(std::max(head.points, 0));
-        if (!readPoints(in, points, lines.coordinates)) return false;
-        lines.lines.push_back({points, head.attribute1, head.attribute2});
+        const auto count = static_cast<std::size_t>(std::max(head.points, 0));
+        const std::size_t first = lines.points.size();
+        if (!readPoints(in, count, lines.points)) return false;
+        lines.runs.push_back({{first, count}, head.attribute1, head.attribute2});
     }
 }
 

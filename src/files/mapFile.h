@@ -2,25 +2,20 @@
 
 #include <cstdio>
 #include <optional>
-#include <span>
 #include <string_view>
-#include <vector>
 
+#include "base/points.h"
 #include "base/scanner.h"
 
 namespace velmar::files {
 
-/// Lines of a map, their points in one array.
-struct MapLines {
-    struct Line {
-        std::size_t points;
-        int attribute1;
-        int attribute2;
-    };
-
-    std::vector<Line> lines;
-    std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees; longitudes from 0 on
+/// A line of a map, its longitudes from 0 on.
+struct MapLine : base::PointRun {
+    int attribute1;
+    int attribute2;
 };
+
+using MapLines = base::PointRuns<MapLine, base::LonLat>;
 
 /// The form of the lines of a map file, given by its keyword.
 enum class MapForm { diamond, march };

@@ -13,14 +13,14 @@ using base::TextScanner;
 /// The part that the types have in common: four header integers, which may be missing, and the points.
 std::optional<Polyline> readPoints(TextScanner& in) {
     Polyline line;
-    auto& [header, coordinates] = line;
-    int points = 0;
+    auto& [header, points] = line;
+    int promised = 0;
     static_cast<void>(scan(in, header[0], header[1], header[2], header[3]));
-    if (!in.read(points)) return std::nullopt;
-    const std::size_t numbers = 2 * static_cast<std::size_t>(std::max(points, 0));
-    if (!in.mayHold(numbers)) return std::nullopt;
-    coordinates.resize(numbers);
-    if (in.read(coordinates) < numbers) return std::nullopt;
+    if (!in.read(promised)) return std::nullopt;
+    const auto count = static_cast<std::size_t>(std::max(promised, 0));
+    if (!in.mayHold(2 * count)) return std::nullopt;
+    points.resize(count);
+    if (in.read(points) < count) return std::nullopt;
     return line;
 }
 

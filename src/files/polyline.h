@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/points.h"
+
 namespace velmar::files {
 
 /// The kinds of files of one line: type 780, and types 777 and 778, which have three more items in front.
@@ -13,7 +15,7 @@ enum class PolylineKind { type780, type777 };
 /// A line and the integers in front of it; those that do not convert are 0.
 struct Polyline {
     std::array<int, 4> header{};
-    std::vector<float> coordinates;  ///< longitude and latitude in turn, degrees
+    std::vector<base::LonLat> points;
 };
 
 /// Reads the text of a file of one line; nullopt when its header or a point is missing.

@@ -22,12 +22,12 @@ std::size_t addName(NamedOutlines& regions, std::string_view name) {
 }
 
 /// Reads the points of a region; returns how many there are.
-std::size_t readPoints(TextScanner& in, int promised, std::vector<float>& coordinates) {
-    const std::size_t first = coordinates.size();
-    coordinates.resize(first + 2 * in.recordsAtMost(promised, 2));
-    const std::size_t points = in.read(std::span(coordinates).subspan(first)) / 2;
-    coordinates.resize(first + 2 * points);
-    return points;
+std::size_t readPoints(TextScanner& in, int promised, std::vector<base::LonLat>& points) {
+    const std::size_t first = points.size();
+    points.resize(first + in.recordsAtMost(promised, 2));
+    const std::size_t count = in.read(std::span(points).subspan(first));
+    points.resize(first + count);
+    return count;
 }
 
 /// Reads a region; returns whether it is complete. Of an incomplete one, the points that could be read are kept.
@@ -36,10 +36,10 @@ bool readRegion(TextScanner& in, NamedOutlines& regions) {
     std::string_view name;
     int promised = 0;
     if (scan(in, unused[0], unused[1], name, promised) < 4) return false;
-    const std::size_t firstPoint = regions.coordinates.size() / 2;
-    const std::size_t points = readPoints(in, promised, regions.coordinates);
-    const bool isWhole = promised <= 0 || points == static_cast<std::size_t>(promised);
-    regions.outlines.push_back({addName(regions, name), firstPoint, points, isWhole});
+    const std::size_t first = regions.points.size();
+    const std::size_t count = readPoints(in, promised, regions.points);
+    const bool isWhole = promised <= 0 || count == static_cast<std::size_t>(promised);
+    regions.runs.push_back({{first, count}, addName(regions, name), isWhole});
     return isWhole;
 }
 
@@ -49,7 +49,7 @@ std::optional<NamedOutlines> readRegions(TextScanner& in) {
     constexpr std::size_t mostRegions = 10'000'000;
     if (!readFirstLine(in)) return std::nullopt;
     NamedOutlines regions;
-    while (regions.outlines.size() < mostRegions && readRegion(in, regions)) {
+    while (regions.runs.size() < mostRegions && readRegion(in, regions)) {
     }
     return regions;
 }

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "base/namedOutlines.h"
+#include "base/records.h"
 #include "base/scanner.h"
 
 namespace velmar::files {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "base/records.h"
 #include "base/scanner.h"
-#include "base/sounding.h"
 
 namespace velmar::files {
 

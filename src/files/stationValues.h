@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "base/records.h"
 #include "base/scanner.h"
-#include "base/stationValue.h"
 
 namespace velmar::files {
 

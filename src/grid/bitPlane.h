@@ -9,6 +9,9 @@
 
 namespace velmar::grid {
 
+/// The bits of 64 neighbouring points of a row.
+using Word = std::uint64_t;
+
 /// One bit per grid point, rows padded to whole words.
 class BitPlane {
 public:
@@ -26,10 +29,8 @@ public:
 
     std::size_t wordsPerRow() const { return wordsPerRow_; }
     std::size_t bytes() const { return base::bytesOf(words_); }
-    std::uint64_t* row(int j) { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
-    const std::uint64_t* row(int j) const {
-        return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_;
-    }
+    Word* row(int j) { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
+    const Word* row(int j) const { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
 
     bool test(int i, int j) const { return (row(j)[wordOf(i)] & bitOf(i)) != 0; }
     void set(int i, int j) { row(j)[wordOf(i)] |= bitOf(i); }
@@ -37,21 +38,21 @@ public:
 
 private:
     static std::size_t wordOf(int i) { return static_cast<unsigned>(i) / wordBits; }
-    static std::uint64_t bitOf(int i) { return std::uint64_t{1} << (static_cast<unsigned>(i) % wordBits); }
+    static Word bitOf(int i) { return Word{1} << (static_cast<unsigned>(i) % wordBits); }
 
     std::size_t wordsPerRow_ = 0;
-    std::vector<std::uint64_t> words_;
+    std::vector<Word> words_;
 };
 
 /// Word `w` of a row with each bit replaced by that of the next column.
-inline std::uint64_t nextColumn(std::span<const std::uint64_t> row, std::size_t w) {
-    const std::uint64_t next = w + 1 < row.size() ? row[w + 1] : 0;
+inline Word nextColumn(std::span<const Word> row, std::size_t w) {
+    const Word next = w + 1 < row.size() ? row[w + 1] : 0;
     return row[w] >> 1U | next << (BitPlane::wordBits - 1);
 }
 
 /// The same with the bit of the column before.
-inline std::uint64_t previousColumn(std::span<const std::uint64_t> row, std::size_t w) {
-    const std::uint64_t previous = w > 0 ? row[w - 1] : 0;
+inline Word previousColumn(std::span<const Word> row, std::size_t w) {
+    const Word previous = w > 0 ? row[w - 1] : 0;
     return row[w] << 1U | previous >> (BitPlane::wordBits - 1);
 }
 

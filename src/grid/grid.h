@@ -6,10 +6,15 @@
 #include <limits>
 #include <vector>
 
+#include "base/points.h"
+
 namespace velmar::grid {
 
 /// Grid points without data carry this value in the files of the diamond family.
 inline constexpr float missingInFiles = 9999.0F;
+
+/// More levels than this, of lines or of bands, are taken for a mistake, and the list of levels is empty then.
+inline constexpr std::size_t mostLevels = 1'000'000;
 
 /// Number of values of an nx by ny grid, 0 when nx or ny is not positive. A number too large for any memory or file
 /// (on a 32-bit host, for instance) is replaced by one that leaves room for what callers add to it.
@@ -42,7 +47,29 @@ struct Grid {
     GridView view() const { return {values.data(), nx, ny}; }
 };
 
-/// Where a grid lies: its first and last columns and rows and the grid spacing, in degrees.
+/// A position on a grid, counted from 1 at its first column and row.
+struct GridPoint {
+    float column;
+    float row;
+
+    bool operator==(const GridPoint&) const = default;
+};
+
+/// What places the points of a grid: its first column and row and the grid spacing, in degrees. It says nothing of the
+/// last ones: callers that have a grid in memory know none, and those that headers state need not agree with it.
+struct GridPlace {
+    float startLongitude;
+    float startLatitude;
+    float longitudeStep;
+    float latitudeStep;
+
+    base::LonLat degrees(GridPoint position) const {
+        return {(position.column - 1.0F) * longitudeStep + startLongitude,
+                (position.row - 1.0F) * latitudeStep + startLatitude};
+    }
+};
+
+/// Where a grid lies as headers have it: its first and last columns and rows and the grid spacing, in degrees.
 struct Lattice {
     float startLongitude;
     float endLongitude;
@@ -50,27 +77,8 @@ struct Lattice {
     float startLatitude;
     float endLatitude;
     float latitudeStep;
-};
 
-/// A position in the plane: on a grid, counted from 1 at the first column and row, or in degrees.
-struct Point {
-    float x;
-    float y;
-
-    bool operator==(const Point&) const = default;
-};
-
-/// Where a grid's first column and row lie and how far apart columns and rows are, in degrees.
-struct GridPlace {
-    float x0;
-    float y0;
-    float dx;
-    float dy;
-
-    /// The degrees of a position on the grid.
-    Point degrees(Point position) const {
-        return {(position.x - 1.0F) * dx + x0, (position.y - 1.0F) * dy + y0};
-    }
+    GridPlace place() const { return {startLongitude, startLatitude, longitudeStep, latitudeStep}; }
 };
 
 }  // namespace velmar::grid

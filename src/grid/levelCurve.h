@@ -14,12 +14,12 @@ constexpr unsigned bit(Side side) { return 1U << static_cast<unsigned>(side); }
 constexpr Side opposite(Side side) { return static_cast<Side>((static_cast<unsigned>(side) + 2) % 4); }
 
 /// A grid edge, named by its lower-numbered end.
-struct Edge {
+struct GridEdge {
     bool alongRow;
     int i;
     int j;
 
-    bool operator==(const Edge&) const = default;
+    bool operator==(const GridEdge&) const = default;
 };
 
 /// A grid cell, named by its lower-numbered corner.
@@ -27,7 +27,7 @@ struct Cell {
     int i;
     int j;
 
-    Edge edge(Side side) const;
+    GridEdge edge(Side side) const;
     Cell neighbour(Side side) const;
 };
 
@@ -51,7 +51,7 @@ inline constexpr std::array<SideGeometry, 4> sides{{
 
 }  // namespace detail
 
-inline Edge Cell::edge(Side side) const {
+inline GridEdge Cell::edge(Side side) const {
     const detail::SideGeometry& to = detail::sides[static_cast<unsigned>(side)];
     return {to.alongRow, i + to.edgeDi, j + to.edgeDj};
 }
@@ -85,24 +85,23 @@ struct SaddleLengths {
     double bottomWithRight;
 };
 
-/// The places where one level crosses a grid, by linear interpolation along the edges. Positions count from 1
-/// at the first column and row.
+/// The places where one level crosses a grid, by linear interpolation along the edges.
 struct LevelCurve {
     GridView grid;
     float level;
 
     /// Where the level lies on an edge, from 0 at its lower-numbered end to 1.
-    float fraction(const Edge& edge) const {
+    float fraction(const GridEdge& edge) const {
         const float a0 = grid.at(edge.i, edge.j);
         const float a1 = edge.alongRow ? grid.at(edge.i + 1, edge.j) : grid.at(edge.i, edge.j + 1);
         return (level - a0) / (a1 - a0);
     }
 
-    Point crossing(const Edge& edge) const {
+    GridPoint crossing(const GridEdge& edge) const {
         const float column = static_cast<float>(edge.i + 1);
         const float row = static_cast<float>(edge.j + 1);
         const float along = fraction(edge);
-        return edge.alongRow ? Point{column + along, row} : Point{column, row + along};
+        return edge.alongRow ? GridPoint{column + along, row} : GridPoint{column, row + along};
     }
 
     SaddleLengths saddleLengths(const Cell& cell) const {

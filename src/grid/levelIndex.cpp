@@ -13,7 +13,6 @@ namespace velmar::grid {
 
 namespace {
 
-using Word = std::uint64_t;
 constexpr std::size_t wordBits = BitPlane::wordBits;
 constexpr float infinity = std::numeric_limits<float>::infinity();
 using Flags = std::array<unsigned char, wordBits>;  // each 0 or 1

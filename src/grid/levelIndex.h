@@ -34,10 +34,10 @@ public:
     float highest() const { return whole_.highest; }
 
     /// The bits of the points of row j that have data and lie above the level.
-    void classifyRow(int j, float level, std::span<std::uint64_t> above) const;
+    void classifyRow(int j, float level, std::span<Word> above) const;
 
     /// The bits of the points of row j that have data.
-    std::span<const std::uint64_t> defined(int j) const { return {defined_.row(j), defined_.wordsPerRow()}; }
+    std::span<const Word> defined(int j) const { return {defined_.row(j), defined_.wordsPerRow()}; }
 
     bool hasData(int i, int j) const { return defined_.test(i, j); }
 

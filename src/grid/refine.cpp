@@ -11,9 +11,6 @@ namespace velmar::grid {
 
 namespace {
 
-using grid::Grid;
-using grid::GridView;
-
 /// The values before, at both ends of, and after each of a run of intervals. `before` or `after` is
 /// null at an edge of the grid.
 struct Neighbours {
@@ -24,21 +21,21 @@ struct Neighbours {
 };
 
 /// A position in an interval, which runs from 0 to 1, and its powers.
-struct Position {
+struct IntervalPosition {
     float t;
     float t2;
     float t3;
 };
 
 /// The position of the new point number k, from 1 on, of an interval that is divided into `factor` parts.
-Position innerPosition(int k, int factor) {
+IntervalPosition innerPosition(int k, int factor) {
     const float t = static_cast<float>(k) / static_cast<float>(factor);
     return {t, t * t, t * t * t};
 }
 
 /// The cubic over an interval with these values and slopes at its ends.
 template <CubicForm form>
-float cubic(float a0, float a1, float s0, float s1, const Position& at) {
+float cubic(float a0, float a1, float s0, float s1, const IntervalPosition& at) {
     if constexpr (form == CubicForm::ascending) {
         const float c3 = 2.0F * a0 - 2.0F * a1 + s0 + s1;
         const float c2 = 3.0F * a1 - 3.0F * a0 - 2.0F * s0 - s1;
@@ -52,7 +49,8 @@ float cubic(float a0, float a1, float s0, float s1, const Position& at) {
 
 /// Interpolates at one position of `count` intervals that lie side by side.
 template <CubicForm form>
-void interpolate(const Neighbours& in, std::size_t count, const Position& at, float missing, float* out) {
+void interpolate(const Neighbours& in, std::size_t count, const IntervalPosition& at, float missing,
+                 float* out) {
     const bool opens = in.before == nullptr;
     const bool closes = in.after == nullptr;
     const float* const before = opens ? in.first : in.before;
@@ -76,7 +74,7 @@ void interpolate(const Neighbours& in, std::size_t count, const Position& at, fl
 
 /// Interpolates at one position of all intervals of a row of values, at least two.
 template <CubicForm form>
-void interpolateRow(std::span<const float> row, const Position& at, float missing, float* out) {
+void interpolateRow(std::span<const float> row, const IntervalPosition& at, float missing, float* out) {
     const float* const start = row.data();
     const std::size_t lastInterval = row.size() - 2;
     const float* const second = lastInterval > 0 ? start + 2 : nullptr;
@@ -203,7 +201,7 @@ Grid refine(const GridView& grid, float missing, const RefinementFactors& factor
     if (grid.size() == 0) return fine;
     fine.nx = (grid.nx - 1) * factors.x + 1;
     fine.ny = (grid.ny - 1) * factors.y + 1;
-    fine.values.resize(grid::valueCount(fine.nx, fine.ny));
+    fine.values.resize(valueCount(fine.nx, fine.ny));
     refineInto(grid, missing, factors, CubicForm::ascending, fine.values.data());
     return fine;
 }

@@ -1,12 +1,10 @@
-#include "polygon/clip.h"
+#include "polygon/polygon.h"
 
 #include <array>
 
 namespace velmar::polygon {
 
 namespace {
-
-using grid::Point;
 
 /// Where the inside of an edge lies.
 enum class Inside { above, below, left, right, nowhere };
@@ -22,9 +20,9 @@ Inside insideOf(const ClipEdge& edge) {
 /// The line of an edge and its inside.
 struct HalfPlane {
     Inside inside;
-    Point on;
+    Vertex on;
 
-    bool contains(Point p) const {
+    bool contains(Vertex p) const {
         switch (inside) {
             case Inside::above:
                 return p.y >= on.y;
@@ -41,14 +39,14 @@ struct HalfPlane {
     }
 
     /// Where the segment between two points, one inside and one not, passes the line.
-    Point crossing(Point from, Point to) const {
+    Vertex crossing(Vertex from, Vertex to) const {
         if (inside == Inside::above || inside == Inside::below)
             return {from.x + (to.x - from.x) * (on.y - from.y) / (to.y - from.y), on.y};
         return {on.x, from.y + (to.y - from.y) * (on.x - from.x) / (to.x - from.x)};
     }
 };
 
-void append(std::vector<float>& polygon, Point p) {
+void append(std::vector<float>& polygon, Vertex p) {
     polygon.push_back(p.x);
     polygon.push_back(p.y);
 }
@@ -60,9 +58,9 @@ std::vector<float> clipByEdge(const PolygonView& polygon, const ClipEdge& edge) 
     std::vector<float> clipped;
     if (polygon.count == 0) return clipped;
     clipped.reserve(3 * polygon.count);
-    Point previous = polygon.at(polygon.count - 1);
+    Vertex previous = polygon.at(polygon.count - 1);
     for (std::size_t k = 0; k < polygon.count; ++k) {
-        const Point point = polygon.at(k);
+        const Vertex point = polygon.at(k);
         const bool inside = half.contains(point);
         if (inside != half.contains(previous)) append(clipped, half.crossing(previous, point));
         if (inside) append(clipped, point);
@@ -73,7 +71,7 @@ std::vector<float> clipByEdge(const PolygonView& polygon, const ClipEdge& edge) 
 
 std::vector<float> clipByRectangle(const PolygonView& polygon, const Rectangle& rectangle) {
     const auto& [xlo, ylo, xhi, yhi] = rectangle;
-    const std::array<Point, 5> corners{{{xlo, ylo}, {xhi, ylo}, {xhi, yhi}, {xlo, yhi}, {xlo, ylo}}};
+    const std::array<Vertex, 5> corners{{{xlo, ylo}, {xhi, ylo}, {xhi, yhi}, {xlo, yhi}, {xlo, ylo}}};
     std::vector<float> clipped = clipByEdge(polygon, {corners[0], corners[1]});
     for (std::size_t side = 1; side < 4; ++side)
         clipped = clipByEdge({clipped.data(), clipped.size() / 2}, {corners[side], corners[side + 1]});

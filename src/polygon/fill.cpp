@@ -1,14 +1,12 @@
-#include "polygon/fill.h"
+#include "polygon/polygon.h"
 
 namespace velmar::polygon {
 
 namespace {
 
-using grid::Point;
-
 bool within(float value, float low, float high) { return low <= value && value <= high; }
 
-bool contains(const Rectangle& r, Point p) { return within(p.x, r.xlo, r.xhi) && within(p.y, r.ylo, r.yhi); }
+bool contains(const Rectangle& r, Vertex p) { return within(p.x, r.xlo, r.xhi) && within(p.y, r.ylo, r.yhi); }
 
 float clamped(float value, float low, float high) {
     if (value < low) return low;
@@ -18,7 +16,7 @@ float clamped(float value, float low, float high) {
 /// Where the segment between two points, one inside and one not, passes the rim. The vertical sides are tried
 /// first; a crossing on one of them is final, even one that rounding has put beyond the end of its side, as long
 /// as the segment itself stays within the range of y.
-Point crossing(const Rectangle& r, Point a, Point b) {
+Vertex crossing(const Rectangle& r, Vertex a, Vertex b) {
     const bool withinRows = within(a.y, r.ylo, r.yhi) && within(b.y, r.ylo, r.yhi);
     if (!(within(a.x, r.xlo, r.xhi) && within(b.x, r.xlo, r.xhi))) {
         const float x = a.x > r.xhi || b.x > r.xhi ? r.xhi : r.xlo;
@@ -32,13 +30,13 @@ Point crossing(const Rectangle& r, Point a, Point b) {
 }  // namespace
 
 float* keepInside(const PolygonView& polygon, const Rectangle& r, float* outline) {
-    const auto append = [&outline](Point p) {
+    const auto append = [&outline](Vertex p) {
         *outline++ = p.x;
         *outline++ = p.y;
     };
     bool previousInside = contains(r, polygon.at(0));
     for (std::size_t k = 0; k < polygon.count; ++k) {
-        const Point point = polygon.at(k);
+        const Vertex point = polygon.at(k);
         const bool inside = contains(r, point);
         if (inside != previousInside) append(crossing(r, polygon.at(k - 1), point));
         append({clamped(point.x, r.xlo, r.xhi), clamped(point.y, r.ylo, r.yhi)});

@@ -11,9 +11,9 @@
 namespace velmar::rain {
 namespace {
 
-using Station = RainTable::Station;
+using base::StationValue;
 
-float amountOf(const Station& station) {
+float amountOf(const StationValue& station) {
     return station.value == grid::missingInFiles ? 0.0F : station.value;
 }
 
@@ -30,7 +30,7 @@ void addToAll(float* totals, std::size_t count, float amount) {
 
 }  // namespace
 
-void RainTable::append(const Station& station) {
+void RainTable::append(const StationValue& station) {
     const std::size_t row = stations_.size();
     stations_.push_back(station);
     stations_.back().value = amountOf(station);
@@ -40,14 +40,14 @@ void RainTable::append(const Station& station) {
         rowOfNumber_.try_emplace(station.number, row);
 }
 
-void RainTable::add(std::span<const Station> file) {
+void RainTable::add(std::span<const StationValue> file) {
     if (stations_.empty()) {
-        for (const Station& station : file) append(station);
+        for (const StationValue& station : file) append(station);
         shareTotalsOfZeros();
         return;
     }
-    std::vector<Station> newcomers;
-    for (const Station& station : file) {
+    std::vector<StationValue> newcomers;
+    for (const StationValue& station : file) {
         const auto taker = rowOfNumber_.find(station.number);
         if (station.number == 0) {
             if (adds(station.value)) addToZerosFrom(0, station.value);
@@ -59,7 +59,7 @@ void RainTable::add(std::span<const Station> file) {
         }
     }
     for (const auto [row, total] : zeroRows_) stations_[row].value = zeroTotals_[total];
-    for (const Station& station : newcomers) append(station);
+    for (const StationValue& station : newcomers) append(station);
 }
 
 void RainTable::shareTotalsOfZeros() {

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "base/stationValue.h"
+#include "base/records.h"
 
 namespace velmar::rain {
 
@@ -18,12 +18,10 @@ namespace velmar::rain {
 /// that stations before it in the table have taken already, besides other zeros. All this is established behaviour.
 class RainTable {
 public:
-    using Station = base::StationValue;
-
-    void add(std::span<const Station> file);
+    void add(std::span<const base::StationValue> file);
 
     /// The stations, with the totals as their values.
-    std::span<const Station> stations() const { return stations_; }
+    std::span<const base::StationValue> stations() const { return stations_; }
 
 private:
     /// A row of number 0.
@@ -32,11 +30,11 @@ private:
         std::size_t total;  ///< which of the totals it has
     };
 
-    void append(const Station& station);
+    void append(const base::StationValue& station);
     void shareTotalsOfZeros();
     void addToZerosFrom(std::size_t row, float amount);
 
-    std::vector<Station> stations_;
+    std::vector<base::StationValue> stations_;
     std::unordered_map<int, std::size_t> rowOfNumber_;  ///< the first row of each number but 0
     std::vector<ZeroRow> zeroRows_;
 

@@ -8,14 +8,17 @@
 #include "base/numbers.h"
 
 namespace velmar::regions {
+
+using base::LonLatBox;
+
 namespace {
 
-bool isSomewhere(const Box& box) { return box.west <= box.east && box.south <= box.north; }
+bool isSomewhere(const LonLatBox& box) { return box.west <= box.east && box.south <= box.north; }
 
-Box extentOf(std::span<const Box> boxes) {
+LonLatBox extentOf(std::span<const LonLatBox> boxes) {
     constexpr float infinite = std::numeric_limits<float>::infinity();
-    Box extent{infinite, -infinite, infinite, -infinite};
-    for (const Box& box : boxes) {
+    LonLatBox extent{infinite, -infinite, infinite, -infinite};
+    for (const LonLatBox& box : boxes) {
         if (!isSomewhere(box)) continue;
         extent = {std::min(extent.west, box.west), std::max(extent.east, box.east),
                   std::min(extent.south, box.south), std::max(extent.north, box.north)};
@@ -51,25 +54,26 @@ struct BoxIndex::Reach {
     }
 };
 
-BoxIndex::Reach BoxIndex::reachOf(const Box& box) const {
+BoxIndex::Reach BoxIndex::reachOf(const LonLatBox& box) const {
     return {columns_.bucketOf(box.west), columns_.bucketOf(box.east), rows_.bucketOf(box.south),
             rows_.bucketOf(box.north)};
 }
 
-void BoxIndex::setAxes(const Box& extent, std::uint32_t columns, std::uint32_t rows) {
+void BoxIndex::setAxes(const LonLatBox& extent, std::uint32_t columns, std::uint32_t rows) {
     columns_ = Axis(extent.west, extent.east, columns);
     rows_ = Axis(extent.south, extent.north, rows);
 }
 
-std::size_t BoxIndex::entryCount(std::span<const Box> boxes) const {
-    return std::accumulate(boxes.begin(), boxes.end(), std::size_t{0}, [&](std::size_t sum, const Box& box) {
-        return isSomewhere(box) ? sum + reachOf(box).buckets() : sum;
-    });
+std::size_t BoxIndex::entryCount(std::span<const LonLatBox> boxes) const {
+    return std::accumulate(boxes.begin(), boxes.end(), std::size_t{0},
+                           [&](std::size_t sum, const LonLatBox& box) {
+                               return isSomewhere(box) ? sum + reachOf(box).buckets() : sum;
+                           });
 }
 
-BoxIndex::BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint32_t rows) {
+BoxIndex::BoxIndex(std::span<const LonLatBox> boxes, std::uint32_t columns, std::uint32_t rows) {
     constexpr std::size_t entriesPerBox = 4;
-    const Box extent = extentOf(boxes);
+    const LonLatBox extent = extentOf(boxes);
     setAxes(extent, columns, rows);
     while ((columns > 1 || rows > 1) && entryCount(boxes) > entriesPerBox * boxes.size()) {
         columns = std::max(columns / 2, 1U);
@@ -79,7 +83,7 @@ BoxIndex::BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint3
     fill(boxes);
 }
 
-void BoxIndex::fill(std::span<const Box> boxes) {
+void BoxIndex::fill(std::span<const LonLatBox> boxes) {
     // The list of a bucket is counted two places further on, so that the sums leave its start one place further on;
     // filling the list moves that to its end, which is the start of the next one.
     starts_.assign(std::size_t{columns_.count} * rows_.count + 2, 0);
@@ -94,9 +98,10 @@ void BoxIndex::fill(std::span<const Box> boxes) {
     forEachEntry([&](std::size_t bucket, std::uint32_t k) { entries_[starts_[bucket + 1]++] = k; });
 }
 
-std::span<const std::uint32_t> BoxIndex::near(float x, float y) const {
+std::span<const std::uint32_t> BoxIndex::near(base::LonLat place) const {
     if (starts_.empty()) return {};
-    const std::size_t bucket = std::size_t{rows_.bucketOf(y)} * columns_.count + columns_.bucketOf(x);
+    const std::size_t bucket =
+        std::size_t{rows_.bucketOf(place.latitude)} * columns_.count + columns_.bucketOf(place.longitude);
     return std::span(entries_).subspan(starts_[bucket], starts_[bucket + 1] - starts_[bucket]);
 }
 

@@ -4,15 +4,9 @@
 #include <span>
 #include <vector>
 
-namespace velmar::regions {
+#include "base/points.h"
 
-/// An upright rectangle; it is empty when a lower bound is above the upper one.
-struct Box {
-    float west;
-    float east;
-    float south;
-    float north;
-};
+namespace velmar::regions {
 
 /// Finds the boxes that may hold a place without looking at the others: their common extent is divided into
 /// buckets, each with a list of the boxes that reach into it. The lists have a few entries for each box.
@@ -22,10 +16,10 @@ public:
 
     /// Divides into this many columns and rows of buckets, or fewer where boxes overlap so much that the lists would
     /// become long.
-    BoxIndex(std::span<const Box> boxes, std::uint32_t columns, std::uint32_t rows);
+    BoxIndex(std::span<const base::LonLatBox> boxes, std::uint32_t columns, std::uint32_t rows);
 
     /// The numbers, in rising order, of all boxes that hold a place, and of some others near it.
-    std::span<const std::uint32_t> near(float x, float y) const;
+    std::span<const std::uint32_t> near(base::LonLat place) const;
 
 private:
     /// Buckets along one axis. They are in the order of the values: a value between two others is in a bucket between
@@ -41,10 +35,10 @@ private:
     };
 
     struct Reach;
-    Reach reachOf(const Box& box) const;
-    void setAxes(const Box& extent, std::uint32_t columns, std::uint32_t rows);
-    std::size_t entryCount(std::span<const Box> boxes) const;
-    void fill(std::span<const Box> boxes);
+    Reach reachOf(const base::LonLatBox& box) const;
+    void setAxes(const base::LonLatBox& extent, std::uint32_t columns, std::uint32_t rows);
+    std::size_t entryCount(std::span<const base::LonLatBox> boxes) const;
+    void fill(std::span<const base::LonLatBox> boxes);
 
     Axis columns_;
     Axis rows_;

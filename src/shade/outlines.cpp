@@ -16,7 +16,7 @@ namespace {
 
 using grid::BitPlane;
 using grid::Cell;
-using grid::Edge;
+using grid::GridEdge;
 using grid::LevelIndex;
 using grid::nextColumn;
 using grid::Pairing;
@@ -47,14 +47,14 @@ Cell aheadLeft(const Arrival& at) {
 Cell aheadRight(const Arrival& at) { return aheadLeft({at.i, at.j, turned(at.heading, 3)}); }
 
 /// The end of a side along the edge of the data, reached with the cell that has data on the left.
-Arrival endOfWalk(const Edge& side, bool upperCellHasData) {
+Arrival endOfWalk(const GridEdge& side, bool upperCellHasData) {
     const auto [alongRow, i, j] = side;
     if (alongRow) return upperCellHasData ? Arrival{i + 1, j, Heading::east} : Arrival{i, j, Heading::west};
     return upperCellHasData ? Arrival{i, j, Heading::south} : Arrival{i, j + 1, Heading::north};
 }
 
 /// The side that leads on from there.
-Edge nextSide(const Arrival& at) {
+GridEdge nextSide(const Arrival& at) {
     const bool alongRow = at.heading == Heading::east || at.heading == Heading::west;
     return {alongRow, at.heading == Heading::west ? at.i - 1 : at.i,
             at.heading == Heading::south ? at.j - 1 : at.j};
@@ -76,7 +76,7 @@ BitPlane definedCells(const LevelIndex& index) {
 /// A place where an outline passes a side: the crossing of one of the bounds or, of a side along the edge of the data
 /// that lies in the band from end to end, the whole of it, which counts with the lower bound.
 struct Passage {
-    Edge side;
+    GridEdge side;
     bool ofUpper;
 
     bool operator==(const Passage&) const = default;
@@ -104,15 +104,15 @@ private:
     void traceFrom(const Passage& start);
     Passage pass(const Passage& passage);
     Passage passCrossing(const Passage& passage, bool startAbove);
-    Edge leave(const Cell& cell, Side entry, float level) const;
-    Passage followEdge(const Edge& side);
+    GridEdge leave(const Cell& cell, Side entry, float level) const;
+    Passage followEdge(const GridEdge& side);
     void endRing();
 
     bool isDefined(const Cell& cell) const {
         return cell.i >= 0 && cell.j >= 0 && cells_.test(cell.i, cell.j);
     }
-    float startOf(const Edge& side) const { return grid_.at(side.i, side.j); }
-    float endOf(const Edge& side) const {
+    float startOf(const GridEdge& side) const { return grid_.at(side.i, side.j); }
+    float endOf(const GridEdge& side) const {
         return side.alongRow ? grid_.at(side.i + 1, side.j) : grid_.at(side.i, side.j + 1);
     }
     Passages& passagesOf(bool ofUpper) { return ofUpper ? upper_ : lower_; }
@@ -193,7 +193,7 @@ void OutlineTracer::traceFrom(const Passage& start) {
 
 /// Passes a side; returns where the outline leads from there.
 Passage OutlineTracer::pass(const Passage& passage) {
-    const Edge& side = passage.side;
+    const GridEdge& side = passage.side;
     auto& [alongRow, alongColumn] = passagesOf(passage.ofUpper);
     (side.alongRow ? alongRow : alongColumn).clear(side.i, side.j);
     const float level = passage.ofUpper ? band_.upper : band_.lower;
@@ -232,7 +232,7 @@ Passage OutlineTracer::passCrossing(const Passage& passage, bool startAbove) {
 }
 
 /// The side through which a level leaves a cell.
-Edge OutlineTracer::leave(const Cell& cell, Side entry, float level) const {
+GridEdge OutlineTracer::leave(const Cell& cell, Side entry, float level) const {
     const auto [i, j] = cell;
     const auto isAbove = [&](int column, int row) { return grid_.at(column, row) > level; };
     const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |
@@ -248,7 +248,7 @@ Edge OutlineTracer::leave(const Cell& cell, Side entry, float level) const {
 
 /// Walks along a side on the edge of the data, with the cell that has data on the left, to its end, which lies in the
 /// band. Where two cells meet in a corner only, the walk stays with the one that it follows.
-Passage OutlineTracer::followEdge(const Edge& side) {
+Passage OutlineTracer::followEdge(const GridEdge& side) {
     Arrival at = endOfWalk(side, isDefined({side.i, side.j}));
     const Heading before = at.heading;
     if (!isDefined(aheadLeft(at)))
@@ -257,17 +257,19 @@ Passage OutlineTracer::followEdge(const Edge& side) {
         at.heading = turned(before, 3);
     if (at.heading != before)
         outlines_.points.push_back({static_cast<float>(at.i), static_cast<float>(at.j), true});
-    const Edge next = nextSide(at);
+    const GridEdge next = nextSide(at);
     return {next, std::max(startOf(next), endOf(next)) > band_.upper};
 }
 
 void OutlineTracer::endRing() {
     constexpr std::size_t fewest = 3;
-    const std::size_t first = outlines_.ends.empty() ? 0 : outlines_.ends.back();
-    if (outlines_.points.size() - first < fewest)
+    const std::size_t first =
+        outlines_.runs.empty() ? 0 : outlines_.runs.back().firstPoint + outlines_.runs.back().pointCount;
+    const std::size_t count = outlines_.points.size() - first;
+    if (count < fewest)
         outlines_.points.resize(first);
     else
-        outlines_.ends.push_back(outlines_.points.size());
+        outlines_.runs.push_back({first, count});
 }
 
 }  // namespace

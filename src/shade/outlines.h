@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstddef>
 #include <limits>
 #include <span>
 #include <vector>
 
+#include "base/points.h"
 #include "grid/grid.h"
 
 namespace velmar::shade {
@@ -24,16 +24,7 @@ struct ValueBand {
 
 /// The outlines of where the values of a grid lie in a band, each a ring whose last point joins the first. Those of areas
 /// run counter-clockwise where x rises with columns and y with rows, those of holes in them the other way.
-struct AreaOutlines {
-    std::vector<OutlinePoint> points;
-    std::vector<std::size_t> ends;  ///< of each ring: the number of points up to its last one
-
-    std::size_t count() const { return ends.size(); }
-    std::span<const OutlinePoint> ring(std::size_t k) const {
-        const std::size_t first = k == 0 ? 0 : ends[k - 1];
-        return std::span(points).subspan(first, ends[k] - first);
-    }
-};
+using AreaOutlines = base::PointRuns<base::PointRun, OutlinePoint>;
 
 /// Outlines where the values of a grid lie in each of the bands, in the cells with data at all four corners: along the
 /// lines of the bounds, which pass a cell as contour lines do, and along the edge of the data. Areas that touch in a

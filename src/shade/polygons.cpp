@@ -7,29 +7,36 @@
 
 namespace velmar::shade {
 
+using base::LonLat;
+using grid::GridPlace;
+using grid::GridPoint;
+
 namespace {
 
+LonLat inHostCoordinates(const GridPoint& point, const std::optional<GridPlace>& place) {
+    return place ? place->degrees(point) : LonLat{point.column, point.row};
+}
+
 /// Prints the point array, x and y in turn, but only as many of its floats as there are points.
-void printPoints(std::span<const Point> points) {
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        const Point& point = points[k / 2];
-        base::progress(base::messages::polygonPoint, {points.size(), k, k % 2 == 0 ? point.x : point.y});
+void printPoints(std::span<const GridPoint> outline, const std::optional<GridPlace>& place) {
+    for (std::size_t k = 0; k < outline.size(); ++k) {
+        const auto [x, y] = inHostCoordinates(outline[k / 2], place);
+        base::progress(base::messages::polygonPoint, {outline.size(), k, k % 2 == 0 ? x : y});
     }
     base::progress("\n");
 }
 
 }  // namespace
 
-void freeShadePolygons(ShadePolygonList& list) {
-    list.polygons.clear();
-    list.points.clear();
-}
-
-void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, float level, int colour) {
-    if (points.size() < 3) return;
-    printPoints(points);
-    list.polygons.push_back({level, std::clamp(colour, 0, 99), list.points.size(), points.size()});
-    list.points.insert(list.points.end(), points.begin(), points.end());
+void appendShadePolygon(ShadePolygons& polygons, std::span<const GridPoint> outline,
+                        const std::optional<GridPlace>& place, float level, int colour) {
+    if (outline.size() < 3) return;
+    printPoints(outline, place);
+    const std::size_t first = polygons.points.size();
+    polygons.runs.push_back({{first, outline.size()}, level, std::clamp(colour, 0, 99)});
+    polygons.points.resize(first + outline.size());
+    std::ranges::transform(outline, polygons.points.begin() + static_cast<std::ptrdiff_t>(first),
+                           [&](const GridPoint& point) { return inHostCoordinates(point, place); });
 }
 
 }  // namespace velmar::shade

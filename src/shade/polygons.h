@@ -1,42 +1,34 @@
 #pragma once
 
-#include <cstddef>
+#include <optional>
 #include <span>
-#include <vector>
 
-#include "base/keptMemory.h"
+#include "base/points.h"
 #include "grid/grid.h"
 
 namespace velmar::shade {
 
-using grid::Point;
-
-/// A finished polygon: `pointCount` points from `firstPoint` on, the last one equal to the first.
-struct ShadePolygon {
+/// A finished polygon; its last point equals its first.
+struct ShadePolygon : base::PointRun {
     float level;
     int colour;
-    std::size_t firstPoint;
-    std::size_t pointCount;
 };
 
-/// Polygons in the order in which they are to be painted, their points in one array.
-struct ShadePolygonList {
-    std::vector<ShadePolygon> polygons;
-    std::vector<Point> points;
+/// Polygons in the order in which they are to be painted, in the host's coordinates.
+using ShadePolygons = base::PointRuns<ShadePolygon, base::LonLat>;
 
-    std::span<const Point> pointsOf(const ShadePolygon& polygon) const {
-        return {points.data() + polygon.firstPoint, polygon.pointCount};
-    }
+/// Adds a polygon; one of fewer than three points is ignored. The colour is brought into 0 to 99.
+///
+///   place  turns positions on the grid into the host's coordinates; without one they are these
+void appendShadePolygon(ShadePolygons& polygons, std::span<const grid::GridPoint> outline,
+                        const std::optional<grid::GridPlace>& place, float level, int colour);
 
-    /// Size of the memory in use.
-    std::size_t bytes() const { return base::bytesOf(polygons) + base::bytesOf(points); }
+/// A polygon around low ground, kept until its strip is done.
+struct Hole : base::PointRun {
+    int colourBelow;
 };
 
-/// Empties the list. Memory is kept for the next call.
-void freeShadePolygons(ShadePolygonList& list);
-
-/// Adds a polygon in the host's coordinates; one of fewer than three points is ignored. The colour is brought
-/// into 0 to 99.
-void appendShadePolygon(ShadePolygonList& list, std::span<const Point> points, float level, int colour);
+/// Holes in the order in which they were found.
+using HoleStack = base::PointRuns<Hole, grid::GridPoint>;
 
 }  // namespace velmar::shade

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <span>
 
-#include "contour/levels.h"
 #include "grid/grid.h"
 #include "shade/polygons.h"
 #include "shade/trace.h"
@@ -34,7 +33,7 @@ private:
         : levels_(levels), colours_(colours), count_(mayBeMeant(count) ? count : 0) {}
 
     static bool mayBeMeant(int count) {
-        return count > 0 && static_cast<std::size_t>(count) <= contour::mostLevels;
+        return count > 0 && static_cast<std::size_t>(count) <= grid::mostLevels;
     }
 
     const float* levels_;
@@ -46,7 +45,7 @@ private:
 /// time (below 1: all).
 struct ShadeRequest {
     grid::GridView grid;
-    float undefValue;
+    float missing;
     ShadeLevels levels;
     int stripRows;
 };
@@ -58,14 +57,16 @@ struct GridLineSteps {
     const float* y;
 };
 
-/// The place of a grid whose positions are numbers of columns and rows.
-inline constexpr grid::GridPlace gridColumns{0.0F, 0.0F, 1.0F, 1.0F};
+/// The place of a grid whose columns and rows are numbered from 0.
+inline constexpr grid::GridPlace numberedFromZero{0.0F, 0.0F, 1.0F, 1.0F};
 
-/// Trace the polygons of a grid into the list, which is emptied first. False when the tracing fails, which is reported
-/// on standard output; the list is incomplete then.
-bool shadeGrid(const ShadeRequest& request, const grid::GridPlace& place, TraceBuffers& buffers,
-               ShadePolygonList& polygons);
-bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, TraceBuffers& buffers,
-                     ShadePolygonList& polygons);
+/// Trace the polygons of a grid, strip by strip, into the list, which is emptied first: for each strip, level by level,
+/// what lies above, and then the holes, the newest first. Holes have the colour of the band below the level that they
+/// belong to, but carry the last level of the list. False when the tracing fails, which is reported on standard output;
+/// the list is incomplete then.
+bool shadeGrid(const ShadeRequest& request, const grid::GridPlace& place, ShadeBuffers& buffers,
+               ShadePolygons& polygons);
+bool shadeUnevenGrid(const ShadeRequest& request, const GridLineSteps& steps, ShadeBuffers& buffers,
+                     ShadePolygons& polygons);
 
 }  // namespace velmar::shade

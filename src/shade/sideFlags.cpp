@@ -8,7 +8,7 @@ using grid::BitPlane;
 using grid::LevelIndex;
 using grid::nextColumn;
 using grid::previousColumn;
-using Word = std::uint64_t;
+using grid::Word;
 
 namespace {
 
@@ -52,7 +52,7 @@ void markColumnSides(const BitPlane& cells, const Strip& strip, int nx, SideFlag
 
 void StripSides::resize(int nx, int ny) {
     definedCells.resize(nx, ny);
-    for (SideFlags* const flags : {&sideFlagsH, &sideFlagsV}) {
+    for (SideFlags* const flags : {&alongRow, &alongColumn}) {
         flags->usable.resize(nx, ny);
         flags->boundary.resize(nx, ny);
         flags->walked.resize(nx, ny);
@@ -61,12 +61,12 @@ void StripSides::resize(int nx, int ny) {
 
 void StripSides::markUndefinedSides(const LevelIndex& index, const Strip& strip) {
     findDefinedCells(index, strip, definedCells);
-    markRowSides(definedCells, strip, sideFlagsH);
-    markColumnSides(definedCells, strip, index.grid().nx, sideFlagsV);
+    markRowSides(definedCells, strip, alongRow);
+    markColumnSides(definedCells, strip, index.grid().nx, alongColumn);
 }
 
 void StripSides::clearWalked(const Strip& strip) {
-    for (SideFlags* const flags : {&sideFlagsH, &sideFlagsV})
+    for (SideFlags* const flags : {&alongRow, &alongColumn})
         std::fill(flags->walked.row(strip.jmin), flags->walked.row(strip.jmax + 1), Word{0});
 }
 

@@ -43,8 +43,8 @@ struct SideFlags {
 /// The cells and sides of a strip.
 struct StripSides {
     grid::BitPlane definedCells;  ///< cells with data at all four corners, named by the lower-numbered one
-    SideFlags sideFlagsH;         ///< side (i, j): from point (i, j) to (i + 1, j)
-    SideFlags sideFlagsV;         ///< side (i, j): from point (i, j) to (i, j + 1)
+    SideFlags alongRow;           ///< side (i, j): from point (i, j) to (i + 1, j)
+    SideFlags alongColumn;        ///< side (i, j): from point (i, j) to (i, j + 1)
 
     void resize(int nx, int ny);
 
@@ -54,11 +54,11 @@ struct StripSides {
     /// Clears the flags of sides that have been walked.
     void clearWalked(const Strip& strip);
 
-    SideFlags& of(const grid::Edge& side) { return side.alongRow ? sideFlagsH : sideFlagsV; }
-    SideFlag flag(const grid::Edge& side) const {
-        return (side.alongRow ? sideFlagsH : sideFlagsV).at(side.i, side.j);
+    SideFlags& of(const grid::GridEdge& side) { return side.alongRow ? alongRow : alongColumn; }
+    SideFlag flag(const grid::GridEdge& side) const {
+        return (side.alongRow ? alongRow : alongColumn).at(side.i, side.j);
     }
-    void setWalked(const grid::Edge& side) { of(side).walked.set(side.i, side.j); }
+    void setWalked(const grid::GridEdge& side) { of(side).walked.set(side.i, side.j); }
 };
 
 }  // namespace velmar::shade

@@ -6,14 +6,14 @@ namespace velmar::shade {
 
 using grid::BitPlane;
 using grid::nextColumn;
-using Word = std::uint64_t;
+using grid::Word;
 
 namespace {
 
-/// Sides of 64 neighbouring points, one bit a point: those along the row and those along the column.
+/// Sides of 64 neighbouring points, one bit a point.
 struct SideBits {
-    Word horizontal;
-    Word vertical;
+    Word alongRow;
+    Word alongColumn;
 };
 
 /// What traces start from: sides that the level crosses, or sides of a boundary that lie above it from end to end.
@@ -22,7 +22,7 @@ enum class StartsFrom { crossings, edges };
 /// Finds the sides that no trace has passed yet.
 class StartSearch {
 public:
-    StartSearch(const Strip& strip, TraceBuffers& buffers, RegionTracer& tracer)
+    StartSearch(const Strip& strip, ShadeBuffers& buffers, RegionTracer& tracer)
         : strip_(strip),
           lastColumn_(buffers.index.grid().nx - 1),
           above_(buffers.above),
@@ -33,6 +33,8 @@ public:
     bool trace();
 
 private:
+    template <StartsFrom from>
+    bool traceAt(int i, int j, const SideBits& sides);
     std::span<const Word> above(int j) const { return {above_.row(j), above_.wordsPerRow()}; }
     SideBits crossedSides(int j, std::size_t w) const;
     SideBits highEdges(int j, std::size_t w) const;
@@ -54,22 +56,21 @@ bool isSet(Word bits, int i) { return (bits >> (i % BitPlane::wordBits) & 1U) !=
 /// The usable sides between a point above the level and one that is not.
 SideBits StartSearch::crossedSides(int j, std::size_t w) const {
     const std::span<const Word> row = above(j);
-    const Word horizontal = (row[w] ^ nextColumn(row, w)) & sides_.sideFlagsH.usable.row(j)[w];
-    if (j == strip_.jmax) return {horizontal, 0};
-    return {horizontal, (row[w] ^ above(j + 1)[w]) & sides_.sideFlagsV.usable.row(j)[w]};
+    const Word crossed = (row[w] ^ nextColumn(row, w)) & sides_.alongRow.usable.row(j)[w];
+    if (j == strip_.jmax) return {crossed, 0};
+    return {crossed, (row[w] ^ above(j + 1)[w]) & sides_.alongColumn.usable.row(j)[w]};
 }
 
 /// The sides on the strip's edge and on undefined boundaries with both ends above the level.
 SideBits StartSearch::highEdges(int j, std::size_t w) const {
     const std::span<const Word> row = above(j);
     const bool onEdge = j == strip_.jmin || j == strip_.jmax;
-    const SideFlags& alongRow = sides_.sideFlagsH;
-    const Word horizontal =
-        row[w] & nextColumn(row, w) & (onEdge ? alongRow.usable : alongRow.boundary).row(j)[w];
-    if (j == strip_.jmax) return {horizontal, 0};
-    const SideFlags& alongColumn = sides_.sideFlagsV;
-    const Word ends = alongColumn.boundary.row(j)[w] | (alongColumn.usable.row(j)[w] & edgeColumns(w));
-    return {horizontal, row[w] & above(j + 1)[w] & ends};
+    const SideFlags& rowSides = sides_.alongRow;
+    const Word high = row[w] & nextColumn(row, w) & (onEdge ? rowSides.usable : rowSides.boundary).row(j)[w];
+    if (j == strip_.jmax) return {high, 0};
+    const SideFlags& columnSides = sides_.alongColumn;
+    const Word ends = columnSides.boundary.row(j)[w] | (columnSides.usable.row(j)[w] & edgeColumns(w));
+    return {high, row[w] & above(j + 1)[w] & ends};
 }
 
 /// The bits of the first and the last column.
@@ -103,33 +104,35 @@ RegionStart StartSearch::edgeAlongColumn(int i, int j) const {
 
 template <StartsFrom from>
 bool StartSearch::trace() {
-    constexpr bool crossings = from == StartsFrom::crossings;
-    const BitPlane& walkedH = sides_.sideFlagsH.walked;
-    const BitPlane& walkedV = sides_.sideFlagsV.walked;
     for (int j = strip_.jmin; j <= strip_.jmax; ++j) {
         for (std::size_t w = 0; w < above_.wordsPerRow(); ++w) {
-            const auto [horizontal, vertical] = crossings ? crossedSides(j, w) : highEdges(j, w);
-            for (Word points = horizontal | vertical; points != 0; points &= points - 1) {
+            const SideBits sides = from == StartsFrom::crossings ? crossedSides(j, w) : highEdges(j, w);
+            for (Word points = sides.alongRow | sides.alongColumn; points != 0; points &= points - 1) {
                 const int i = static_cast<int>(w) * BitPlane::wordBits + std::countr_zero(points);
-                bool traced = true;
-                if (isSet(horizontal, i) && !walkedH.test(i, j))
-                    traced =
-                        tracer_.traceShadeRegion(crossings ? crossingAlongRow(i, j) : edgeAlongRow(i, j));
-                // On edges, a failure of a point's first trace is ignored when there is a second one.
-                const bool goesOn = traced || !crossings;
-                if (goesOn && isSet(vertical, i) && !walkedV.test(i, j))
-                    traced = tracer_.traceShadeRegion(crossings ? crossingAlongColumn(i, j)
-                                                                : edgeAlongColumn(i, j));
-                if (!traced) return false;
+                if (!traceAt<from>(i, j, sides)) return false;
             }
         }
     }
     return true;
 }
 
+/// Traces from those sides at a point that no trace has passed yet.
+template <StartsFrom from>
+bool StartSearch::traceAt(int i, int j, const SideBits& sides) {
+    constexpr bool crossings = from == StartsFrom::crossings;
+    bool traced = true;
+    if (isSet(sides.alongRow, i) && !sides_.alongRow.walked.test(i, j))
+        traced = tracer_.traceRegion(crossings ? crossingAlongRow(i, j) : edgeAlongRow(i, j));
+    // On edges, a failure of a point's first trace is ignored when there is a second one.
+    const bool goesOn = traced || !crossings;
+    if (goesOn && isSet(sides.alongColumn, i) && !sides_.alongColumn.walked.test(i, j))
+        traced = tracer_.traceRegion(crossings ? crossingAlongColumn(i, j) : edgeAlongColumn(i, j));
+    return traced;
+}
+
 }  // namespace
 
-bool traceFromStarts(const Strip& strip, TraceBuffers& buffers, RegionTracer& tracer) {
+bool traceFromStarts(const Strip& strip, ShadeBuffers& buffers, RegionTracer& tracer) {
     StartSearch search(strip, buffers, tracer);
     return search.trace<StartsFrom::crossings>() && search.trace<StartsFrom::edges>();
 }

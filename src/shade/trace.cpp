@@ -16,12 +16,16 @@ using base::progress;
 using base::truncateToInt;
 using grid::bit;
 using grid::Cell;
-using grid::Edge;
+using grid::GridEdge;
+using grid::GridPoint;
 using grid::Pairing;
 using grid::Side;
 namespace messages = base::messages;
 
 namespace {
+
+/// As many holes of a strip as this end the call.
+constexpr std::size_t mostHoles = 50000;
 
 int sideNumber(Side side) { return static_cast<int>(side) + 1; }
 
@@ -40,7 +44,7 @@ void reportBlockedSide(const Cell& cell, Side entry, StartKind kind) {
 }  // namespace
 
 RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
-                           TraceBuffers& buffers, ShadePolygonList& polygons)
+                           ShadeBuffers& buffers, ShadePolygons& polygons)
     : grid_(buffers.index.grid()),
       strip_(strip),
       level_(level),
@@ -49,8 +53,8 @@ RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const gr
       buffers_(buffers),
       polygons_(polygons) {}
 
-bool RegionTracer::traceShadeRegion(const RegionStart& start) {
-    buffers_.xyBuffer.clear();
+bool RegionTracer::traceRegion(const RegionStart& start) {
+    buffers_.outline.clear();
     touchedBoundary_ = false;
     start_.reset();
     offBoundary_ = false;
@@ -111,8 +115,8 @@ RegionTracer::Next RegionTracer::walkCells() {
             reportCellOutside(cell_, entry_, grid_.nx, strip_.jmax + 1);
             return Next::failure;
         }
-        const Edge side = cell_.edge(entry_);
-        if (!addShadePoint(curve_.crossing(side))) return Next::failure;
+        const GridEdge side = cell_.edge(entry_);
+        if (!addPoint(curve_.crossing(side))) return Next::failure;
         const SideFlag flag = buffers_.sides.flag(side);
         // A walk that leaves an undefined boundary has yet to pass the crossed side of that boundary.
         if (!offBoundary_) {
@@ -154,10 +158,10 @@ Pairing RegionTracer::chooseSaddleExit() const {
     return bottomWithRight <= bottomWithLeft ? Pairing::bottomWithRight : Pairing::bottomWithLeft;
 }
 
-bool RegionTracer::addShadePoint(const Point& point) {
-    std::vector<Point>& xyBuffer = buffers_.xyBuffer;
-    if (xyBuffer.size() == grid_.size()) return false;
-    xyBuffer.push_back(point);
+bool RegionTracer::addPoint(const GridPoint& point) {
+    std::vector<GridPoint>& outline = buffers_.outline;
+    if (outline.size() == grid_.size()) return false;
+    outline.push_back(point);
     return true;
 }
 
@@ -169,40 +173,39 @@ bool RegionTracer::isInStrip(const Cell& cell) const {
 
 bool RegionTracer::finish() {
     removeDuplicatePoints();
-    std::vector<Point>& xyBuffer = buffers_.xyBuffer;
-    if (xyBuffer.size() < 4) return true;
+    std::vector<GridPoint>& outline = buffers_.outline;
+    if (outline.size() < 4) return true;
     // What touches a boundary counts as high whatever lies inside.
     if (!touchedBoundary_ && !isHighRegion()) return pushHole();
-    for (Point& point : xyBuffer) point = place_.degrees(point);
-    appendShadePolygon(polygons_, xyBuffer, level_.level, level_.levelColour);
+    appendShadePolygon(polygons_, outline, place_, level_.level, level_.levelColour);
     return true;
 }
 
 void RegionTracer::removeDuplicatePoints() {
-    std::vector<Point>& xyBuffer = buffers_.xyBuffer;
-    xyBuffer.erase(std::unique(xyBuffer.begin(), xyBuffer.end()), xyBuffer.end());
+    std::vector<GridPoint>& outline = buffers_.outline;
+    outline.erase(std::unique(outline.begin(), outline.end()), outline.end());
 }
 
 /// Looks at the grid point to the right of the leftmost crossing of a row: it lies inside the outline. Where
 /// that crossing is itself a grid point equal to the level, the point after it may not.
 bool RegionTracer::isHighRegion() const {
     constexpr float infinity = std::numeric_limits<float>::infinity();
-    Point leftmost{infinity, 1.0F};
-    for (const Point& point : buffers_.xyBuffer) {
-        if (point.x < leftmost.x && point.y == std::trunc(point.y)) leftmost = point;
+    GridPoint leftmost{infinity, 1.0F};
+    for (const GridPoint& point : buffers_.outline) {
+        if (point.column < leftmost.column && point.row == std::trunc(point.row)) leftmost = point;
     }
-    const int column = std::clamp(truncateToInt(leftmost.x), 0, grid_.nx - 1);
-    const int row = std::clamp(truncateToInt(leftmost.y) - 1, 0, grid_.ny - 1);
+    const int column = std::clamp(truncateToInt(leftmost.column), 0, grid_.nx - 1);
+    const int row = std::clamp(truncateToInt(leftmost.row) - 1, 0, grid_.ny - 1);
     return grid_.at(column, row) > level_.level;
 }
 
 bool RegionTracer::pushHole() try {
-    const std::vector<Point>& xyBuffer = buffers_.xyBuffer;
+    const std::vector<GridPoint>& outline = buffers_.outline;
     HoleStack& stack = buffers_.holeStack;
     const std::size_t firstPoint = stack.points.size();
-    stack.points.insert(stack.points.end(), xyBuffer.begin(), xyBuffer.end());
-    stack.records.push_back({firstPoint, xyBuffer.size(), level_.colourBelow});
-    if (stack.records.size() < HoleStack::limit) return true;
+    stack.points.insert(stack.points.end(), outline.begin(), outline.end());
+    stack.runs.push_back({{firstPoint, outline.size()}, level_.colourBelow});
+    if (stack.runs.size() < mostHoles) return true;
     progress(messages::tooManyHoles);
     return false;
 } catch (const std::bad_alloc&) {

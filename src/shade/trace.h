@@ -12,39 +12,18 @@
 
 namespace velmar::shade {
 
-/// A polygon around low ground, kept until its strip is done.
-struct HoleRecord {
-    std::size_t firstPoint;
-    std::size_t pointCount;
-    int colourBelow;
-};
-
-/// Holes in the order in which they were found, their points, in grid coordinates, in one array.
-struct HoleStack {
-    static constexpr std::size_t limit = 50000;
-
-    std::vector<HoleRecord> records;
-    std::vector<Point> points;
-
-    void clear() {
-        records.clear();
-        points.clear();
-    }
-};
-
 /// Buffers of the tracing, reused from call to call.
-struct TraceBuffers {
+struct ShadeBuffers {
     grid::LevelIndex index;
     grid::BitPlane above;  ///< points with data that lie above the level
     StripSides sides;
-    std::vector<Point> xyBuffer;  ///< the polygon that is being traced, in grid coordinates
+    std::vector<grid::GridPoint> outline;  ///< of the polygon that is being traced
     HoleStack holeStack;
 
     /// Size of the memory in use.
     std::size_t bytes() const {
         constexpr std::size_t planes = 8;  // each plane of the sides is as large as that of the points
-        return index.bytes() + planes * above.bytes() + base::bytesOf(xyBuffer) +
-               base::bytesOf(holeStack.records) + base::bytesOf(holeStack.points);
+        return index.bytes() + planes * above.bytes() + base::bytesOf(outline) + holeStack.bytes();
     }
 };
 
@@ -97,11 +76,11 @@ enum class DiagonalCase { risingUndefined = 1, fallingUndefined = 2, contradicti
 class RegionTracer {
 public:
     RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
-                 TraceBuffers& buffers, ShadePolygonList& polygons);
+                 ShadeBuffers& buffers, ShadePolygons& polygons);
 
     /// Traces one polygon. High ground is added to the polygons, low ground to the stack of holes. False on
     /// failure, which is reported on standard output unless the point buffer is full.
-    [[nodiscard]] bool traceShadeRegion(const RegionStart& start);
+    [[nodiscard]] bool traceRegion(const RegionStart& start);
 
 private:
     /// What follows a walk.
@@ -125,20 +104,20 @@ private:
     // Cell walk
     bool leaveCell();
     grid::Pairing chooseSaddleExit() const;
-    Next walkToHighEnd(const grid::Edge& side);
+    Next walkToHighEnd(const grid::GridEdge& side);
 
     // Boundary walks
     Next stepAlong(Direction direction);
     Next arriveAt(int i, int j, Next next);
     std::optional<Direction> chooseBoundarySide() const;
-    DiagonalCase undefDiagonalCase(int i, int j) const;
+    DiagonalCase diagonalAt(int i, int j) const;
 
     // Finish
     void removeDuplicatePoints();
     bool isHighRegion() const;
     bool pushHole();
 
-    [[nodiscard]] bool addShadePoint(const Point& point);
+    [[nodiscard]] bool addPoint(const grid::GridPoint& point);
     bool isAbove(int i, int j) const { return buffers_.above.test(i, j); }
     bool isInStrip(const grid::Cell& cell) const;
     bool isDefined(const grid::Cell& cell) const {
@@ -151,8 +130,8 @@ private:
     const ShadeLevel level_;
     const grid::LevelCurve curve_;
     const grid::GridPlace place_;
-    TraceBuffers& buffers_;
-    ShadePolygonList& polygons_;
+    ShadeBuffers& buffers_;
+    ShadePolygons& polygons_;
 
     // The trace in progress.
     StartKind startKind_{};

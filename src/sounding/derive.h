@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/sounding.h"
+#include "base/records.h"
 
 namespace velmar::sounding {
 

@@ -61,7 +61,7 @@ float bearingOf(float eastward, float northward, bool isWestward) {
 
 }  // namespace
 
-GreatCircle greatCircle(GeoPlace from, GeoPlace to) {
+GreatCircle greatCircle(base::LonLat from, base::LonLat to) {
     if (from.longitude == to.longitude && from.latitude == to.latitude) return {0, 0, 0};
     const float difference = longitudeDifference(from.longitude, to.longitude);
     const SineAndCosine longitude(difference);

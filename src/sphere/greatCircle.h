@@ -1,12 +1,8 @@
 #pragma once
 
-namespace velmar::sphere {
+#include "base/points.h"
 
-/// A place on the earth, degrees.
-struct GeoPlace {
-    float longitude;
-    float latitude;
-};
+namespace velmar::sphere {
 
 /// The path from one place to another along a great circle.
 struct GreatCircle {
@@ -31,6 +27,6 @@ struct GreatCircle {
 ///   largest error, km    8.0   1.1   0.35  0.15  0.04  0.013 0.004 0.002 0.003 0.003 0.008 0.04
 ///
 /// Places whose cosine rounds to above 1 come out 9 km apart, and opposite ones below -1 as not-a-number.
-GreatCircle greatCircle(GeoPlace from, GeoPlace to);
+GreatCircle greatCircle(base::LonLat from, base::LonLat to);
 
 }  // namespace velmar::sphere

@@ -16,21 +16,21 @@ double square(double x) { return x * x; }
 
 }  // namespace
 
-EdgeLine::EdgeLine(Place a, Place b) {
+EdgeLine::EdgeLine(PlanePoint a, PlanePoint b) {
     constexpr double least = 1e-6;
-    double dx = b.x - a.x;
+    double dx = b.longitude - a.longitude;
     if (std::fabs(dx) < least) dx = least;
-    slope = (b.y - a.y) / dx;
-    offset = a.y - slope * a.x;
+    slope = (b.latitude - a.latitude) / dx;
+    offset = a.latitude - slope * a.longitude;
 }
 
-Side sideOf(const EdgeLine& line, Place p) {
+LineSide sideOf(const EdgeLine& line, PlanePoint p) {
     const double north = line.northOf(p);
-    if (north < -onLine) return Side::south;
-    return north > onLine ? Side::north : Side::on;
+    if (north < -onLine) return LineSide::south;
+    return north > onLine ? LineSide::north : LineSide::on;
 }
 
-bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side) {
+bool reachesBeyond(const PlaneBox& extent, const EdgeLine& line, LineSide side) {
     const auto [west, south] = extent.lowest;
     const auto [east, north] = extent.highest;
     const double atWest = line.slope * west;
@@ -41,10 +41,10 @@ bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side) {
     if (!(std::max(std::fabs(atWest), std::fabs(atEast)) + std::fabs(line.offset) < largest)) return true;
     const bool reachesNorth = north - std::min(atWest, atEast) - line.offset > least;
     const bool reachesSouth = south - std::max(atWest, atEast) - line.offset < -least;
-    return (reachesNorth && side != Side::north) || (reachesSouth && side != Side::south);
+    return (reachesNorth && side != LineSide::north) || (reachesSouth && side != LineSide::south);
 }
 
-double viewOf(Place a, Place b, Place from) {
+double viewOf(PlanePoint a, PlanePoint b, PlanePoint from) {
     const double toB = squaredDistance(from, b);
     const double toA = squaredDistance(from, a);
     if (!(toB >= samePlace && toA >= samePlace)) return -1;
@@ -52,7 +52,7 @@ double viewOf(Place a, Place b, Place from) {
     return 1 - cosine;
 }
 
-double squaredReach(Place a, Place b, double view) {
+double squaredReach(PlanePoint a, PlanePoint b, double view) {
     // Views are differences from 1 of squared distances that may be nearly the same: this is how wrong one may be.
     constexpr double rounding = 1e-10;
     const double cosine = 1 - (view - rounding);

@@ -10,27 +10,27 @@ struct EdgeLine {
     double slope;
     double offset;
 
-    EdgeLine(Place a, Place b);
+    EdgeLine(PlanePoint a, PlanePoint b);
 
     /// How far north of the line a place is.
-    double northOf(Place p) const { return p.y - slope * p.x - offset; }
+    double northOf(PlanePoint p) const { return p.latitude - slope * p.longitude - offset; }
 };
 
-enum class Side { south, on, north };
+enum class LineSide { south, on, north };
 
 /// A place less than a hundredth of a degree north or south of a line counts as on it.
-Side sideOf(const EdgeLine& line, Place p);
+LineSide sideOf(const EdgeLine& line, PlanePoint p);
 
 /// Whether a place in the extent can be on the other side of the line than this one, and not on the line, rounding
 /// allowed for.
-bool reachesBeyond(const Extent& extent, const EdgeLine& line, Side side);
+bool reachesBeyond(const PlaneBox& extent, const EdgeLine& line, LineSide side);
 
 /// 1 minus the cosine of the angle under which a place sees the edge from a to b; -1 for a place too near to one of
 /// its ends.
-double viewOf(Place a, Place b, Place from);
+double viewOf(PlanePoint a, PlanePoint b, PlanePoint from);
 
 /// The square of a distance from the middle of an edge: no place farther away sees the edge under as large an angle,
 /// rounding allowed for.
-double squaredReach(Place a, Place b, double view);
+double squaredReach(PlanePoint a, PlanePoint b, double view);
 
 }  // namespace velmar::triangles

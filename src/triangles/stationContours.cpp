@@ -2,19 +2,18 @@
 
 #include <algorithm>
 
-#include "triangles/segments.h"
 #include "triangles/triangulation.h"
 
 namespace velmar::triangles {
 namespace {
 
-struct Range {
+struct StationRange {
     float smallest;
     float largest;
 };
 
-Range rangeOf(std::span<const float> values) {
-    Range range{values.front(), values.front()};
+StationRange rangeOf(std::span<const float> values) {
+    StationRange range{values.front(), values.front()};
     for (const float value : values) {
         if (value < range.smallest) range.smallest = value;
         if (value > range.largest) range.largest = value;
@@ -24,19 +23,20 @@ Range rangeOf(std::span<const float> values) {
 
 }  // namespace
 
-Lines contourStations(std::span<const float> x, std::span<const float> y, std::span<float> values,
-                      const LevelRequest& request, LevelTable& levels) {
+StationLines contourStations(std::span<const float> longitudes, std::span<const float> latitudes,
+                             std::span<float> values, const StationLevelRequest& request,
+                             LevelTable& levels) {
     const auto [smallest, largest] = rangeOf(values);
-    chooseLevels(request, smallest, largest, levels);
-    Lines lines;
+    chooseStationLevels(request, smallest, largest, levels);
+    StationLines lines;
     if (levels.count == 0) return lines;
     nudgeValues(levels.view(), values);
-    const StationsView stations{x, y, values};
-    const std::vector<RangedTriangle> triangles = withRanges(growNetwork(stations), values);
-    std::vector<Segment> segments;
+    const StationsView stations{longitudes, latitudes, values};
+    const std::vector<RangedTriangle> triangles = withRanges(growTriangulation(stations), values);
+    std::vector<LinePiece> pieces;
     for (const float level : levels.view()) {
-        cutTriangles(stations, triangles, level, segments);
-        joinSegments(segments, level, lines);
+        cutTriangles(stations, triangles, level, pieces);
+        joinPieces(pieces, level, lines);
     }
     return lines;
 }

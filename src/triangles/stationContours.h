@@ -4,7 +4,7 @@
 
 #include "triangles/chains.h"
 #include "triangles/stationLevels.h"
-#include "triangles/stations.h"
+#include "triangles/triangulation.h"
 
 namespace velmar::triangles {
 
@@ -12,7 +12,7 @@ namespace velmar::triangles {
 /// changed in place.
 ///
 ///   levels  the levels of the call before; receives those of this call
-Lines contourStations(std::span<const float> x, std::span<const float> y, std::span<float> values,
-                      const LevelRequest& request, LevelTable& levels);
+StationLines contourStations(std::span<const float> longitudes, std::span<const float> latitudes,
+                             std::span<float> values, const StationLevelRequest& request, LevelTable& levels);
 
 }  // namespace velmar::triangles

@@ -12,7 +12,7 @@ void addLevel(LevelTable& table, float level) { table.levels[table.count++] = le
 
 /// Multiples of the interval between the bounds. Where the smallest value is between -interval and 0, the level 0 is
 /// left out: this is established behaviour.
-void chooseByInterval(const LevelRequest& request, float smallest, float largest, LevelTable& table) {
+void chooseByInterval(const StationLevelRequest& request, float smallest, float largest, LevelTable& table) {
     const float interval = request.interval;
     if (!(interval > 0)) return;
     const float quotient = smallest / interval;
@@ -28,7 +28,7 @@ void chooseByInterval(const LevelRequest& request, float smallest, float largest
     }
 }
 
-void copyList(const LevelRequest& request, LevelTable& table) {
+void copyList(const StationLevelRequest& request, LevelTable& table) {
     if (request.count < 1 || request.count >= static_cast<int>(LevelTable::most)) return;
     for (int k = 0; k < request.count; ++k) {
         const float level = request.list[k];
@@ -39,7 +39,8 @@ void copyList(const LevelRequest& request, LevelTable& table) {
 
 }  // namespace
 
-void chooseLevels(const LevelRequest& request, float smallest, float largest, LevelTable& table) {
+void chooseStationLevels(const StationLevelRequest& request, float smallest, float largest,
+                         LevelTable& table) {
     table.count = 0;
     switch (request.choice) {
         case LevelChoice::byInterval:

@@ -9,7 +9,8 @@ namespace velmar::triangles {
 /// How the levels of station contours are chosen. The numbers are those that hosts pass.
 enum class LevelChoice { byInterval = 0, fromStart = 1, list = 2 };
 
-struct LevelRequest {
+/// The levels that a host asks for.
+struct StationLevelRequest {
     LevelChoice choice;
     float start;
     float interval;
@@ -29,7 +30,8 @@ struct LevelTable {
 };
 
 /// Chooses the levels of values between two bounds, as described for SanJiao.
-void chooseLevels(const LevelRequest& request, float smallest, float largest, LevelTable& table);
+void chooseStationLevels(const StationLevelRequest& request, float smallest, float largest,
+                         LevelTable& table);
 
 /// Moves values that lie almost on a level off it: up from a level above 0, down from another.
 void nudgeValues(std::span<const float> levels, std::span<float> values);

@@ -1,10 +1,12 @@
 #include "triangles/triangulation.h"
 
 #include <cmath>
+#include <limits>
 #include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "triangles/edge.h"
-#include "triangles/edgeCounts.h"
 
 namespace velmar::triangles {
 namespace {
@@ -12,18 +14,20 @@ namespace {
 /// The first station is looked for within this distance, degrees.
 constexpr double farthest = 10000;
 
-Place placeOf(const StationsView& stations, std::uint32_t k) { return {stations.x[k], stations.y[k]}; }
+PlanePoint placeOf(const StationsView& stations, std::uint32_t k) {
+    return {stations.longitudes[k], stations.latitudes[k]};
+}
 
 /// The nearest station to a place, other than station 0, that fits; of several at the same distance the first.
 template <class Fits>
-std::optional<std::uint32_t> nearestTo(const StationsView& stations, Place place, Fits fits) {
+std::optional<std::uint32_t> nearestTo(const StationsView& stations, PlanePoint place, Fits fits) {
     std::optional<std::uint32_t> nearest;
     double best = farthest;
     for (std::uint32_t k = 1; k < stations.count(); ++k) {
         if (!fits(k)) continue;
-        const Place p = placeOf(stations, k);
-        const double dx = p.x - place.x;
-        const double dy = p.y - place.y;
+        const PlanePoint p = placeOf(stations, k);
+        const double dx = p.longitude - place.longitude;
+        const double dy = p.latitude - place.latitude;
         const double distance = std::sqrt(dx * dx + dy * dy);
         if (!(distance < best)) continue;
         best = distance;
@@ -36,23 +40,52 @@ std::optional<Triangle> firstTriangle(const StationsView& stations) {
     constexpr double leastHeight = 2.0;
     const auto second = nearestTo(stations, placeOf(stations, 0), [](std::uint32_t) { return true; });
     if (!second) return std::nullopt;
-    const Place a = placeOf(stations, 0);
-    const Place b = placeOf(stations, *second);
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
+    const PlanePoint a = placeOf(stations, 0);
+    const PlanePoint b = placeOf(stations, *second);
+    const double dx = b.longitude - a.longitude;
+    const double dy = b.latitude - a.latitude;
     const double length = std::sqrt(dx * dx + dy * dy);
-    const auto third = nearestTo(stations, {(a.x + b.x) / 2, (a.y + b.y) / 2}, [&](std::uint32_t k) {
-        const Place p = placeOf(stations, k);
-        return k != *second && std::fabs(dx * (p.y - a.y) - dy * (p.x - a.x)) / length > leastHeight;
-    });
+    const auto third = nearestTo(
+        stations, {(a.longitude + b.longitude) / 2, (a.latitude + b.latitude) / 2}, [&](std::uint32_t k) {
+            const PlanePoint p = placeOf(stations, k);
+            return k != *second &&
+                   std::fabs(dx * (p.latitude - a.latitude) - dy * (p.longitude - a.longitude)) / length >
+                       leastHeight;
+        });
     if (!third) return std::nullopt;
     return Triangle{0, *second, *third};
 }
 
+/// In how many triangles each edge is.
+class EdgeCounts {
+public:
+    void reserve(std::size_t edges) { counts_.reserve(edges); }
+
+    void add(const Triangle& triangle) {
+        const auto [a, b, c] = triangle;
+        ++counts_[keyOf(a, b)];
+        ++counts_[keyOf(a, c)];
+        ++counts_[keyOf(b, c)];
+    }
+
+    int operator()(std::uint32_t a, std::uint32_t b) const {
+        const auto found = counts_.find(keyOf(a, b));
+        return found == counts_.end() ? 0 : found->second;
+    }
+
+private:
+    static std::uint64_t keyOf(std::uint32_t a, std::uint32_t b) {
+        return a < b ? std::uint64_t{a} << 32U | b : std::uint64_t{b} << 32U | a;
+    }
+
+    std::unordered_map<std::uint64_t, int> counts_;
+};
+
 /// The triangles, and what is needed to grow more.
 class Growth {
 public:
-    explicit Growth(const StationsView& stations) : stations_(stations), tree_(stations.x, stations.y) {
+    explicit Growth(const StationsView& stations)
+        : stations_(stations), tree_(stations.longitudes, stations.latitudes) {
         // Most triangulations have twice as many triangles as stations, and three times as many edges.
         triangles_.reserve(2 * stations.count());
         counts_.reserve(3 * stations.count());
@@ -86,23 +119,23 @@ private:
 
     /// The station that sees an edge under the largest angle from beyond it; of several the first.
     std::optional<std::uint32_t> bestViewOf(std::uint32_t p1, std::uint32_t p2, std::uint32_t third) const {
-        const Place a = placeOf(stations_, p1);
-        const Place b = placeOf(stations_, p2);
+        const PlanePoint a = placeOf(stations_, p1);
+        const PlanePoint b = placeOf(stations_, p2);
         const EdgeLine line(a, b);
-        const Side inner = sideOf(line, placeOf(stations_, third));
+        const LineSide inner = sideOf(line, placeOf(stations_, third));
         std::optional<std::uint32_t> best;
         double bestView = 0;
         double reach = std::numeric_limits<double>::infinity();
-        const Place middle{(a.x + b.x) / 2, (a.y + b.y) / 2};
+        const PlanePoint middle{(a.longitude + b.longitude) / 2, (a.latitude + b.latitude) / 2};
         tree_.search(
             middle,
-            [&](const Extent& extent, double squaredDistance) {
+            [&](const PlaneBox& extent, double squaredDistance) {
                 return squaredDistance <= reach && reachesBeyond(extent, line, inner);
             },
-            [&](std::uint32_t k, Place place) {
+            [&](std::uint32_t k, PlanePoint place) {
                 if (squaredDistance(middle, place) > reach) return;
-                const Side side = sideOf(line, place);
-                if (side == Side::on || side == inner || k == p1 || k == p2 || k == third) return;
+                const LineSide side = sideOf(line, place);
+                if (side == LineSide::on || side == inner || k == p1 || k == p2 || k == third) return;
                 const double view = viewOf(a, b, place);
                 if (!(view > bestView || (view == bestView && best && k < *best))) return;
                 best = k;
@@ -120,7 +153,7 @@ private:
 
 }  // namespace
 
-std::vector<Triangle> growNetwork(const StationsView& stations) {
+std::vector<Triangle> growTriangulation(const StationsView& stations) {
     const std::optional<Triangle> first = firstTriangle(stations);
     return first ? Growth(stations).grow(*first) : std::vector<Triangle>{};
 }

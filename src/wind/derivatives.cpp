@@ -31,7 +31,7 @@ struct Row {
     const float* northernQ;
     double southernCosine;
     double northernCosine;
-    double latitudeSpan;  ///< between the neighbouring rows, radians; negated for the difference
+    double latitudeSpan;  ///< between the neighbouring rows, radians; negated for the vorticity
     float circle;         ///< earth's radius times the cosine of latitude, metres
 };
 
@@ -55,25 +55,26 @@ void differentiateRow(const Row& row, const double* longitudeSpans, int nx, floa
 std::vector<double> longitudeSpansOf(int nx, const grid::GridPlace& place) {
     std::vector<double> spans(static_cast<std::size_t>(nx));
     for (int i = 1; i < nx - 1; ++i) {
-        spans[static_cast<std::size_t>(i)] = static_cast<double>(position(i + 1, place.dx, place.x0)) -
-                                             static_cast<double>(position(i - 1, place.dx, place.x0));
+        spans[static_cast<std::size_t>(i)] =
+            static_cast<double>(position(i + 1, place.longitudeStep, place.startLongitude)) -
+            static_cast<double>(position(i - 1, place.longitudeStep, place.startLongitude));
     }
     return spans;
 }
 
 /// A row of results: missing throughout on the first and the last row and where the earth's circle is none.
-void differentiateRowOf(const FieldPair& fields, int j, const grid::GridPlace& place, Combination combination,
+void differentiateRowOf(const WindPair& wind, int j, const grid::GridPlace& place, WindDerivative derivative,
                         const double* longitudeSpans, float* out) {
-    const auto& [p, q, missing] = fields;
-    const double latitude = static_cast<double>(position(j, place.dy, place.y0));
+    const auto& [p, q, missing] = wind;
+    const double latitude = static_cast<double>(position(j, place.latitudeStep, place.startLatitude));
     const float circle = static_cast<float>(base::cosine(latitude)) * earthRadius;
     if (j == 0 || j == p.ny - 1 || circle <= singular) {
         std::fill_n(out, p.nx, missing);
         return;
     }
-    const double south = position(j - 1, place.dy, place.y0);
-    const double north = position(j + 1, place.dy, place.y0);
-    const double span = combination == Combination::sum ? north - south : south - north;
+    const double south = position(j - 1, place.latitudeStep, place.startLatitude);
+    const double north = position(j + 1, place.latitudeStep, place.startLatitude);
+    const double span = derivative == WindDerivative::divergence ? north - south : south - north;
     const Row row{p.row(j), q.row(j - 1), q.row(j + 1), base::cosine(south), base::cosine(north),
                   span,     circle};
     out[0] = out[p.nx - 1] = missing;
@@ -82,8 +83,8 @@ void differentiateRowOf(const FieldPair& fields, int j, const grid::GridPlace& p
 
 }  // namespace
 
-base::Floats differentiate(const FieldPair& fields, const grid::GridPlace& place, Combination combination) {
-    const grid::GridView& p = fields.p;
+base::Floats differentiate(const WindPair& wind, const grid::GridPlace& place, WindDerivative derivative) {
+    const grid::GridView& p = wind.p;
     if (p.size() == 0) return nullptr;
     base::Floats result = base::allocateFloats(p.size());
     const std::vector<double> longitudeSpans = longitudeSpansOf(p.nx, place);
@@ -91,7 +92,7 @@ base::Floats differentiate(const FieldPair& fields, const grid::GridPlace& place
     base::shareWork(
         static_cast<std::size_t>(p.ny), nanosecondsEach, [&](std::size_t first, std::size_t last) {
             for (std::size_t j = first; j < last; ++j)
-                differentiateRowOf(fields, static_cast<int>(j), place, combination, longitudeSpans.data(),
+                differentiateRowOf(wind, static_cast<int>(j), place, derivative, longitudeSpans.data(),
                                    result.get() + j * static_cast<std::size_t>(p.nx));
         });
     return result;

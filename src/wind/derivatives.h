@@ -5,20 +5,19 @@
 
 namespace velmar::wind {
 
-/// How the difference along latitude is combined with that along longitude.
-enum class Combination { sum, difference };
+enum class WindDerivative { divergence, vorticity };
 
-/// Two fields on one lattice, to be differentiated.
-struct FieldPair {
+/// Two components of the wind on one grid: the eastward and the northward one for the divergence, in the other order for
+/// the vorticity.
+struct WindPair {
     grid::GridView p;
     grid::GridView q;
     float missing;
 };
 
-/// Centred differences of p along longitude and of q, times the cosine of latitude, along latitude; their sum or
-/// difference, divided by the earth's radius times the cosine of latitude. Of eastward and northward wind the
-/// sum is the divergence; of northward and eastward wind, in this order, the difference is the relative
-/// vorticity. Returns a bare grid in 1/s.
-base::Floats differentiate(const FieldPair& fields, const grid::GridPlace& place, Combination combination);
+/// Centred differences of p along longitude and of q, times the cosine of latitude, along latitude; their sum for
+/// the divergence and difference for the relative vorticity, divided by the earth's radius times the cosine of latitude.
+/// Returns a bare grid in 1/s.
+base::Floats differentiate(const WindPair& wind, const grid::GridPlace& place, WindDerivative derivative);
 
 }  // namespace velmar::wind

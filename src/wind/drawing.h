@@ -5,14 +5,9 @@
 #include <vector>
 
 #include "base/floats.h"
+#include "base/points.h"
 
 namespace velmar::wind {
-
-/// Degrees.
-struct Position {
-    float longitude;
-    float latitude;
-};
 
 /// Whether the pen is up or down on its way to a point, as encoded in results.
 enum class Pen { up = 0, down = 1 };
@@ -29,11 +24,11 @@ struct Drawing {
         points.claim(headElements);
     }
 
-    void addPoint(Pen pen, Position position) {
-        points.append(std::array{static_cast<float>(pen), position.longitude, position.latitude,
+    void addPoint(Pen pen, base::LonLat place) {
+        points.append(std::array{static_cast<float>(pen), place.longitude, place.latitude,
                                  static_cast<float>(currentColour)});
     }
-    void addArrow(Position tail, Position head) {
+    void addArrow(base::LonLat tail, base::LonLat head) {
         constexpr float tag = 2.0F;
         arrows.insert(arrows.end(), {tag, tail.longitude, tail.latitude, head.longitude, head.latitude,
                                      static_cast<float>(currentColour)});

@@ -54,7 +54,7 @@ void seedRow(std::int64_t row, int reach, int scale, const FlagGrid& flags, Trac
 
 }  // namespace
 
-std::optional<Drawing> drawStreamlines(const Wind& wind, const LineColours& colours,
+std::optional<Drawing> drawStreamlines(const WindField& wind, const LineColours& colours,
                                        const grid::Lattice& lattice, int density, Drawing drawing) {
     if (wind.u.size() == 0) return std::nullopt;
     const int scale = cellsPerLength(wind.u, density);

@@ -16,7 +16,7 @@ namespace velmar::wind {
 ///   lattice  where the wind lies
 ///   density  5 is usual; larger values give more lines
 ///   drawing  receives what is drawn
-std::optional<Drawing> drawStreamlines(const Wind& wind, const LineColours& colours,
+std::optional<Drawing> drawStreamlines(const WindField& wind, const LineColours& colours,
                                        const grid::Lattice& lattice, int density, Drawing drawing);
 
 }  // namespace velmar::wind

@@ -7,7 +7,6 @@ namespace velmar::wind {
 namespace {
 
 using grid::GridView;
-using grid::Point;
 
 constexpr std::int64_t noCell = -999;
 constexpr int mostStepsInCell = 10;
@@ -23,12 +22,12 @@ bool anyCornerIs(const GridView& grid, float missing, int i, int j) {
     return lower[0] == missing || lower[1] == missing || upper[0] == missing || upper[1] == missing;
 }
 
-bool isPart(Point part) { return part.x >= 0 && part.x < 1 && part.y >= 0 && part.y < 1; }
+bool isPart(GridOffset part) { return part.x >= 0 && part.x < 1 && part.y >= 0 && part.y < 1; }
 
 }  // namespace
 
-Tracer::Tracer(const Wind& wind, const LineColours& colours, const grid::Lattice& lattice, int cellsPerLength,
-               FlagGrid& flags, Drawing& drawing)
+Tracer::Tracer(const WindField& wind, const LineColours& colours, const grid::Lattice& lattice,
+               int cellsPerLength, FlagGrid& flags, Drawing& drawing)
     : wind_(wind),
       colours_(colours),
       lattice_(lattice),
@@ -37,18 +36,18 @@ Tracer::Tracer(const Wind& wind, const LineColours& colours, const grid::Lattice
       flags_(flags),
       drawing_(drawing) {}
 
-bool Tracer::trace(Point start) {
+bool Tracer::trace(GridOffset start) {
     bool hasFlagged = false;
-    for (const Direction direction : {Direction::withFlow, Direction::againstFlow}) {
+    for (const FlowDirection direction : {FlowDirection::withFlow, FlowDirection::againstFlow}) {
         drawing_.addPoint(Pen::up, degrees(start));
         hasFlagged |= trace(start, direction);
     }
     return hasFlagged;
 }
 
-bool Tracer::trace(Point start, Direction direction) {
+bool Tracer::trace(GridOffset start, FlowDirection direction) {
     // A line against the flow gets its first arrow early, so that short lines have one too.
-    const int stepsSinceArrow = direction == Direction::withFlow ? 0 : stepsBetweenArrows - 1;
+    const int stepsSinceArrow = direction == FlowDirection::withFlow ? 0 : stepsBetweenArrows - 1;
     Walk walk{start, noCell, 0, stepsSinceArrow, false, false, degrees(start)};
     while (step(walk, direction) && enterCell(walk)) draw(walk, direction);
     return walk.hasFlagged;
@@ -56,23 +55,23 @@ bool Tracer::trace(Point start, Direction direction) {
 
 /// Whether there are grid points on all sides. Large floats are whole numbers far apart, so the comparison is
 /// made in double precision.
-bool Tracer::isInside(Point place) const {
+bool Tracer::isOnGrid(GridOffset place) const {
     return place.x >= 0 && place.y >= 0 && static_cast<double>(place.x) < wind_.u.nx - 1 &&
            static_cast<double>(place.y) < wind_.u.ny - 1;
 }
 
 /// Adding and subtracting 1 is deliberate: it rounds to single precision.
-Position Tracer::degrees(Point place) const {
+base::LonLat Tracer::degrees(GridOffset place) const {
     return {lattice_.startLongitude + ((place.x + 1.0F) - 1.0F) * lattice_.longitudeStep,
             lattice_.startLatitude + ((place.y + 1.0F) - 1.0F) * lattice_.latitudeStep};
 }
 
 /// The place as seen from the corner of the current grid cell, exact inside the cell.
-Point Tracer::partOf(Point place) const {
+GridOffset Tracer::partOf(GridOffset place) const {
     return {place.x - gridCell_.corner.x, place.y - gridCell_.corner.y};
 }
 
-std::int64_t Tracer::cellOf(Point place) const {
+std::int64_t Tracer::cellOf(GridOffset place) const {
     return static_cast<std::int64_t>(place.y * cellsPerLength_) * flags_.columns() +
            static_cast<std::int64_t>(place.x * cellsPerLength_);
 }
@@ -96,7 +95,7 @@ void Tracer::enterGridCell(int i, int j) {
     gridCell_.colour = corners(colours_.grid);
 }
 
-void Tracer::chooseColour(Point part) {
+void Tracer::chooseColour(GridOffset part) {
     if (colours_.grid.values != nullptr) {
         colour_ = gridCell_.hasColour ? colours_.table(gridCell_.colour.between(part)) : colourOfMissing;
     }
@@ -105,10 +104,10 @@ void Tracer::chooseColour(Point part) {
 }
 
 /// Goes half a cell along the wind. Returns false at the edge and where there is no wind.
-bool Tracer::step(Walk& walk, Direction direction) {
-    Point part = partOf(walk.place);
+bool Tracer::step(Walk& walk, FlowDirection direction) {
+    GridOffset part = partOf(walk.place);
     if (!isPart(part)) {
-        if (!isInside(walk.place)) return false;
+        if (!isOnGrid(walk.place)) return false;
         enterGridCell(static_cast<int>(walk.place.x), static_cast<int>(walk.place.y));
         part = partOf(walk.place);
     }
@@ -122,7 +121,7 @@ bool Tracer::step(Walk& walk, Direction direction) {
     if (eastward < calm && northward < calm) return false;
     if (!std::isfinite(u) || !std::isfinite(v)) return false;
     const float longer = eastward > northward ? eastward : northward;
-    const float length = direction == Direction::withFlow ? stepLength_ : -stepLength_;
+    const float length = direction == FlowDirection::withFlow ? stepLength_ : -stepLength_;
     walk.place.x += u / longer * length;
     walk.place.y += v / longer * length;
     return true;
@@ -143,9 +142,9 @@ bool Tracer::enterCell(Walk& walk) {
     return true;
 }
 
-void Tracer::draw(Walk& walk, Direction direction) {
+void Tracer::draw(Walk& walk, FlowDirection direction) {
     const bool drawn = colour_ > -1;
-    const Position here = degrees(walk.place);
+    const base::LonLat here = degrees(walk.place);
     if (drawn) {
         if (walk.penIsUp) drawing_.addPoint(Pen::up, previous_);
         drawing_.addPoint(Pen::down, here);
@@ -153,7 +152,7 @@ void Tracer::draw(Walk& walk, Direction direction) {
     walk.penIsUp = !drawn;
     previous_ = here;
     if (++walk.stepsSinceArrow > stepsBetweenArrows) {
-        const bool withFlow = direction == Direction::withFlow;
+        const bool withFlow = direction == FlowDirection::withFlow;
         if (drawn) drawing_.addArrow(withFlow ? walk.last : here, withFlow ? here : walk.last);
         walk.stepsSinceArrow = 0;
     }

@@ -54,7 +54,7 @@ TEST_F(Contours, AreLaidOutWithTheirGrid) {
                                         -1, 2, 3, 100, 20, 102, 16, 2, -2,            //
                                         0, 4, 0, 4, 0, 4,                             //
                                         testing::_, 11, 12, 13));
-    EXPECT_TRUE(capi::state().contours.lines.lines.empty());
+    EXPECT_TRUE(capi::state().contours.lines.runs.empty());
 }
 
 TEST_F(Contours, WithoutLinesAreTheGridAlone) {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "contour/lines.h"
+#include "contour/trace.h"
 #include "grid/grid.h"
 #include "grid/refine.h"
 

@@ -18,33 +18,33 @@ using namespace velmar::contour;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<test::PlainLine> plainLines(const LineList& list) {
+std::vector<test::PlainLine> plainLines(const ContourLines& list) {
     std::vector<test::PlainLine> lines;
-    for (const ContourLine& line : list.lines) {
+    for (const ContourLine& line : list.runs) {
         lines.push_back({line.level, {}});
-        for (const Point& point : list.pointsOf(line)) {
-            lines.back().xy.push_back(point.x);
-            lines.back().xy.push_back(point.y);
+        for (const grid::GridPoint& point : list.pointsOf(line)) {
+            lines.back().xy.push_back(point.column);
+            lines.back().xy.push_back(point.row);
         }
     }
     return lines;
 }
 
-std::vector<test::PlainLine> traced(const grid::GridView& grid, float level, TraceBuffers& buffers) {
-    LineList list;
+std::vector<test::PlainLine> traced(const grid::GridView& grid, float level, ContourBuffers& buffers) {
+    ContourLines list;
     traceLevels(grid, 9999, std::vector{level}, buffers, list);
     return plainLines(list);
 }
 
 std::vector<std::vector<float>> tracedPoints(const std::vector<float>& grid, int nx, int ny, float level) {
-    TraceBuffers buffers;
+    ContourBuffers buffers;
     std::vector<std::vector<float>> points;
     for (const test::PlainLine& line : traced({grid.data(), nx, ny}, level, buffers))
         points.push_back(line.xy);
     return points;
 }
 
-void expectAsPlain(const std::vector<float>& field, int nx, int ny, float level, TraceBuffers& buffers) {
+void expectAsPlain(const std::vector<float>& field, int nx, int ny, float level, ContourBuffers& buffers) {
     const grid::GridView grid{field.data(), nx, ny};
     const auto lines = traced(grid, level, buffers);
     const auto expected = test::PlainTracer(grid, 9999, level, buffers.workBufferFloats).trace();
@@ -53,10 +53,10 @@ void expectAsPlain(const std::vector<float>& field, int nx, int ny, float level,
 
 TEST(Trace, EqualsThePlainWay) {
     std::mt19937 random(7);
-    TraceBuffers kept;  // keeps the largest work buffer, as a process does
+    ContourBuffers kept;  // keeps the largest work buffer, as a process does
     for (int round = 0; round < 6000; ++round) {
-        TraceBuffers fresh;
-        TraceBuffers& buffers = round % 2 == 0 ? fresh : kept;
+        ContourBuffers fresh;
+        ContourBuffers& buffers = round % 2 == 0 ? fresh : kept;
         const int nx = 2 + static_cast<int>(random() % (round % 10 == 0 ? 150 : 9));
         const int ny = 2 + static_cast<int>(random() % 9);
         const auto field = test::steppedField(random, nx, ny, 2 + random() % 4, random() % 3 == 0 ? 5 : 0);
@@ -75,7 +75,7 @@ TEST(Trace, EqualsThePlainWay) {
 TEST(Trace, EqualsThePlainWayOnEverySmallPattern) {
     constexpr float stock[] = {0, 1, 3, 9999};
     std::vector<float> field(9);
-    TraceBuffers buffers;
+    ContourBuffers buffers;
     for (unsigned pattern = 0; pattern < (1U << 18U); ++pattern) {
         for (std::size_t k = 0; k < field.size(); ++k) field[k] = stock[pattern >> (2 * k) & 3U];
         expectAsPlain(field, 3, 3, 1, buffers);
@@ -90,7 +90,7 @@ TEST(Trace, PassesEachCrossedEdgeOnceAtItsLevel) {
         const int ny = 30;
         const auto field = test::smoothField(random, nx, ny);
         const grid::GridView grid{field.data(), nx, ny};
-        TraceBuffers buffers;
+        ContourBuffers buffers;
         std::vector<std::pair<float, float>> points;
         for (const test::PlainLine& line : traced(grid, 0.25F, buffers)) {
             const std::size_t n = line.xy.size();
@@ -152,7 +152,7 @@ std::vector<float> meander(int nx, int ny) {
 TEST(Trace, CutsLinesThatOutgrowTheWorkBuffer) {
     const auto field = meander(41, 31);
     const grid::GridView grid{field.data(), 41, 31};
-    TraceBuffers buffers;
+    ContourBuffers buffers;
     const auto cut = traced(grid, 1, buffers);
     ASSERT_GT(cut.size(), 1U);
     const std::size_t room = 43 * 33;
@@ -169,15 +169,15 @@ TEST(Trace, CutsLinesThatOutgrowTheWorkBuffer) {
 
 TEST(Trace, TracesLevelsInTheirOrder) {
     const std::vector<float> grid{0, 4, 0, 4};
-    TraceBuffers buffers;
-    LineList list;
+    ContourBuffers buffers;
+    ContourLines list;
     traceLevels({grid.data(), 2, 2}, 9999, std::vector<float>{3, 1, 3, 7}, buffers, list);
     using testing::Field;
-    EXPECT_THAT(list.lines, ElementsAre(Field(&ContourLine::level, 3), Field(&ContourLine::level, 1),
-                                        Field(&ContourLine::level, 3)));
+    EXPECT_THAT(list.runs, ElementsAre(Field(&ContourLine::level, 3), Field(&ContourLine::level, 1),
+                                       Field(&ContourLine::level, 3)));
     for (const auto& [nx, ny] : {std::pair{4, 1}, {1, 4}}) {
         traceLevels({grid.data(), nx, ny}, 9999, std::vector<float>{2}, buffers, list);
-        EXPECT_EQ(list.lines.size(), 3U) << "a single row or column has no cells";
+        EXPECT_EQ(list.runs.size(), 3U) << "a single row or column has no cells";
     }
 }
 

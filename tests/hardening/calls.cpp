@@ -122,7 +122,7 @@ Seen boundary(const float* points, int count) {
 }
 
 const char* nameOf(const Input& in) {
-    return in.numbers == nullptr ? nullptr : capi::state().regions->nameOf(capi::state().regions->regions[1]);
+    return in.numbers == nullptr ? nullptr : capi::state().regions->nameOf(capi::state().regions->runs[1]);
 }
 
 Seen boundaryByOrder(const Input& in) {

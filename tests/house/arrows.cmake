@@ -8,7 +8,6 @@ set(files files grid base)
 foreach(method ${methods})
   set(${method} ${method} grid base)
 endforeach()
-list(APPEND shade contour)  # bands lie between the levels of lines
 set(capi velmarBaseA.h capi files ${methods} grid base)
 
 file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${SOURCE}/*.h ${SOURCE}/*.cpp)

@@ -4,8 +4,8 @@
 #include <map>
 #include <random>
 
-#include "rain/dateKey.h"
 #include "rain/rainTable.h"
+#include "rain/rainTimes.h"
 #include "support/files.h"
 #include "support/ownFolder.h"
 
@@ -31,7 +31,7 @@ TEST(DateKeys, StepThroughMonthsWithALongFebruary) {
 /// Every station of the table looks at every station of the file.
 class PlainTable {
 public:
-    void add(std::vector<RainTable::Station> file) {
+    void add(std::vector<velmar::base::StationValue> file) {
         const bool isFirst = stations.empty();
         if (!isFirst) {
             for (auto& total : stations) {
@@ -50,7 +50,7 @@ public:
         }
     }
 
-    std::vector<RainTable::Station> stations;
+    std::vector<velmar::base::StationValue> stations;
 };
 
 TEST(RainTables, AreThoseOfThePlainMerge) {
@@ -60,7 +60,7 @@ TEST(RainTables, AreThoseOfThePlainMerge) {
         PlainTable plain;
         const auto numbers = 2 + random() % 30;
         for (auto files = random() % 5; files > 0; --files) {
-            std::vector<RainTable::Station> file;
+            std::vector<velmar::base::StationValue> file;
             for (auto k = random() % 40; k > 0; --k) {
                 const float values[] = {0, 0.011F, 0.012F, 9999, 0.1F * static_cast<float>(random() % 100)};
                 file.push_back({static_cast<int>(random() % numbers), static_cast<float>(files), 1, 2,

@@ -34,9 +34,9 @@ protected:
     std::string failureOf(StartKind kind, int i, int j) {
         test::CapturedOutput output;
         RegionTracer tracer(strip_, {0.5F, 1, 0}, {0, 0, 1, 1}, buffers_, polygons_);
-        EXPECT_FALSE(tracer.traceShadeRegion({kind, i, j}));
+        EXPECT_FALSE(tracer.traceRegion({kind, i, j}));
         base::flushProgress();
-        EXPECT_TRUE(polygons_.polygons.empty());
+        EXPECT_TRUE(polygons_.runs.empty());
         return output.text();
     }
 
@@ -44,8 +44,8 @@ protected:
 
     std::vector<float> values_ = std::vector<float>(nx * ny, 1.0F);
     Strip strip_{0, ny - 1};
-    TraceBuffers buffers_;
-    ShadePolygonList polygons_;
+    ShadeBuffers buffers_;
+    ShadePolygons polygons_;
 };
 
 TEST_F(Consistency, CellsOutsideTheStripAreNotEntered) {
@@ -74,14 +74,14 @@ TEST_F(Consistency, BoundariesThatEndOrForkInTheWrongPlace) {
     EXPECT_EQ(failureOf(StartKind::undefinedAlongColumn, 2, ny - 1), "Logic error 20 in velmarCntrShad\n");
 
     // A strip's edge that is blocked where no undefined boundary leads inward.
-    buffers_.sides.sideFlagsH.usable.clear(3, 0);
+    buffers_.sides.alongRow.usable.clear(3, 0);
     EXPECT_EQ(failureOf(StartKind::bottomEdge, 2, 0), "Logic error 24 in velmarCntrShad\n");
 }
 
 TEST_F(Consistency, UndefinedCellsThatTouchAtAPointWithoutADiagonal) {
     const auto crossBoundariesAt = [&](int i, int j) {
-        for (const int k : {i - 1, i}) buffers_.sides.sideFlagsH.boundary.set(k, j);
-        for (const int k : {j - 1, j}) buffers_.sides.sideFlagsV.boundary.set(i, k);
+        for (const int k : {i - 1, i}) buffers_.sides.alongRow.boundary.set(k, j);
+        for (const int k : {j - 1, j}) buffers_.sides.alongColumn.boundary.set(i, k);
     };
     prepare();
     crossBoundariesAt(2, 2);

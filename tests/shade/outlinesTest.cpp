@@ -22,8 +22,8 @@ const std::vector<float> levels{0.5F, 1, 2.25F, 4.75F};
 /// The area inside, holes left out.
 double areaOf(const AreaOutlines& outlines) {
     double sum = 0;
-    for (std::size_t k = 0; k < outlines.count(); ++k) {
-        const auto ring = outlines.ring(k);
+    for (const auto& run : outlines.runs) {
+        const auto ring = outlines.pointsOf(run);
         for (std::size_t n = 0; n < ring.size(); ++n) {
             const auto& a = ring[n];
             const auto& b = ring[(n + 1) % ring.size()];
@@ -85,11 +85,11 @@ TEST(BandOutlines, GoRoundHolesTheOtherWayAndTellCornersOfTheData) {
     field[24] = missing;
     const AreaOutlines above =
         outlineBands({field.data(), 5, 5}, missing, std::vector<ValueBand>{{1}}).front();
-    ASSERT_EQ(above.count(), 2U);
+    ASSERT_EQ(above.runs.size(), 2U);
     EXPECT_NEAR(areaOf(above), 15 - 0.5, 1e-6);
-    EXPECT_EQ(above.ring(0).size(), 6U);
-    for (const auto& point : above.ring(0)) EXPECT_TRUE(point.sharp);
-    for (const auto& point : above.ring(1)) EXPECT_FALSE(point.sharp);
+    EXPECT_EQ(above.pointsOf(above.runs[0]).size(), 6U);
+    for (const auto& point : above.pointsOf(above.runs[0])) EXPECT_TRUE(point.sharp);
+    for (const auto& point : above.pointsOf(above.runs[1])) EXPECT_FALSE(point.sharp);
 }
 
 }  // namespace

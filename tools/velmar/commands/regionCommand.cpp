@@ -30,9 +30,9 @@ regions::RegionTable readTable(const std::string& path, Reporter& reporter) {
         throw Problem(fmt::format("it holds no regions: {} (type {})", head.kind.name, head.kind.type));
     base::TextScanner in(head.file.view());
     base::NamedOutlines outlines = files::readRegions(in).value_or(base::NamedOutlines{});
-    if (outlines.outlines.empty()) throw Problem("no region of it can be read");
-    if (!outlines.outlines.back().isWhole)
-        reporter.tell(path, fmt::format("the file breaks off in region {}", outlines.outlines.size()));
+    if (outlines.runs.empty()) throw Problem("no region of it can be read");
+    if (!outlines.runs.back().isWhole)
+        reporter.tell(path, fmt::format("the file breaks off in region {}", outlines.runs.size()));
     return regions::RegionTable(std::move(outlines));
 }
 
@@ -44,7 +44,7 @@ std::string nameIn(const regions::RegionTable& table, const regions::Region& reg
 std::string nameAt(const regions::RegionTable& table, const GeoPoint& place) {
     for (const float circles : {0.0F, 360.0F, -360.0F})
         if (const regions::Region* region =
-                regions::findRegion(table, place.longitude + circles, place.latitude))
+                regions::findRegion(table, {place.longitude + circles, place.latitude}))
             return nameIn(table, *region);
     return {};
 }
@@ -65,10 +65,10 @@ std::string placesText(const regions::RegionTable& table, const std::vector<GeoP
 std::string listText(const regions::RegionTable& table, bool asJson) {
     Json json = Json::array();
     std::string text;
-    for (const regions::Region& region : table.regions) {
+    for (const regions::Region& region : table.runs) {
         const auto& [west, east, south, north] = region.bounds;
         const std::string name = nameIn(table, region);
-        Json entry{{"region", name}, {"points", region.points}};
+        Json entry{{"region", name}, {"points", region.pointCount}};
         std::string bounds = "nowhere";
         if (west <= east && south <= north) {
             for (const float bound : {west, east, south, north})
@@ -77,7 +77,7 @@ std::string listText(const regions::RegionTable& table, bool asJson) {
                                  plainNumber(south), plainNumber(north));
         }
         json.push_back(entry);
-        text += fmt::format("{}  {} points, {}\n", name, region.points, bounds);
+        text += fmt::format("{}  {} points, {}\n", name, region.pointCount, bounds);
     }
     return asJson ? json.dump(2) + "\n" : text;
 }

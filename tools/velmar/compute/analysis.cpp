@@ -20,7 +20,7 @@ using analysis::StationView;
 /// What the analyses of the library put where there is no data.
 constexpr float withoutData = -9999.0F;
 
-grid::GridPlace placeOf(const GridPlan& plan) { return files::placeOf(plan.lattice); }
+grid::GridPlace placeOf(const GridPlan& plan) { return plan.lattice.place(); }
 
 std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, float radius) {
     std::vector<int> nearest(grid::valueCount(plan.nx, plan.ny));

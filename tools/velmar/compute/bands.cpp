@@ -103,7 +103,7 @@ private:
 /// belongs to, or another hole of that.
 std::vector<BandPolygon> polygonsOf(const AreaOutlines& outlines) {
     std::vector<BandRing> rings;
-    for (std::size_t k = 0; k < outlines.count(); ++k) rings.push_back(outlines.ring(k));
+    for (const base::PointRun& ring : outlines.runs) rings.push_back(outlines.pointsOf(ring));
     constexpr std::size_t hole = std::numeric_limits<std::size_t>::max();
     std::vector<BandPolygon> polygons;
     std::vector<std::size_t> polygonOf(rings.size(), hole);

@@ -15,30 +15,31 @@ void trace(ContourSet& set) {
     const bool refined = fx > 1 || fy > 1;
     const grid::Grid fine =
         refined ? grid::refine(grid, grid::missingInFiles, set.refinement) : grid::Grid{.values = {}};
-    contour::TraceBuffers buffers;
-    contour::LineList list;
+    contour::ContourBuffers buffers;
+    contour::ContourLines list;
     contour::traceLevels(refined ? fine.view() : grid, grid::missingInFiles, set.levels, buffers, list);
-    const grid::GridPlace place = files::placeOf(set.lattice);
+    const grid::GridPlace place = set.lattice.place();
     set.coordinates = base::allocateFloats(2 * list.points.size());
     float* next = set.coordinates.get();
-    set.lines.reserve(list.lines.size());
-    for (const contour::ContourLine& line : list.lines) {
+    set.lines.reserve(list.runs.size());
+    for (const contour::ContourLine& line : list.runs) {
         set.lines.push_back({{{next, 2 * line.pointCount}}, line.level});
-        for (const grid::Point& point : list.pointsOf(line)) {
-            *next++ = (point.x - 1.0F) * place.dx / static_cast<float>(fx) + place.x0;
-            *next++ = (point.y - 1.0F) * place.dy / static_cast<float>(fy) + place.y0;
+        for (const grid::GridPoint& point : list.pointsOf(line)) {
+            const auto [longitude, latitude] = grid::degreesOf(point, place, set.refinement);
+            *next++ = longitude;
+            *next++ = latitude;
         }
     }
 }
 
 /// The lattice of a grid that begins at a place, to its last column and row.
 grid::Lattice latticeOf(const grid::GridPlace& place, const grid::GridView& grid) {
-    return {.startLongitude = place.x0,
-            .endLongitude = place.x0 + (static_cast<float>(grid.nx) - 1.0F) * place.dx,
-            .longitudeStep = place.dx,
-            .startLatitude = place.y0,
-            .endLatitude = place.y0 + (static_cast<float>(grid.ny) - 1.0F) * place.dy,
-            .latitudeStep = place.dy};
+    return {.startLongitude = place.startLongitude,
+            .endLongitude = place.startLongitude + (static_cast<float>(grid.nx) - 1.0F) * place.longitudeStep,
+            .longitudeStep = place.longitudeStep,
+            .startLatitude = place.startLatitude,
+            .endLatitude = place.startLatitude + (static_cast<float>(grid.ny) - 1.0F) * place.latitudeStep,
+            .latitudeStep = place.latitudeStep};
 }
 
 }  // namespace
@@ -69,7 +70,7 @@ ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) 
     set.values = base::allocateFloats(grid.size());
     std::copy_n(grid.values, grid.size(), set.values.get());
     set.grid = {set.values.get(), grid.nx, grid.ny};
-    set.lattice = latticeOf(files::placeOf(file.header.field.lattice), grid);
+    set.lattice = latticeOf(file.header.field.lattice.place(), grid);
     requireFinite(set.lattice);
     set.refinement = grid::chooseFactors(grid.nx, grid.ny);
     trace(set);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "rain/dateKey.h"
+#include "rain/rainTimes.h"
 
 namespace velmar::tool {
 

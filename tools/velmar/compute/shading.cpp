@@ -43,24 +43,24 @@ Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, cons
     std::iota(colours.begin(), colours.end(), 0);
     const auto listed =
         shade::ShadeLevels::listed(levels.data(), colours.data(), static_cast<int>(levels.size()));
-    shade::TraceBuffers buffers;
-    shade::ShadePolygonList list;
-    const bool traced = shade::shadeGrid({grid, grid::missingInFiles, listed, stripRows},
-                                         files::placeOf(lattice), buffers, list);
-    if (!traced || list.polygons.empty()) {
+    shade::ShadeBuffers buffers;
+    shade::ShadePolygons list;
+    const bool traced =
+        shade::shadeGrid({grid, grid::missingInFiles, listed, stripRows}, lattice.place(), buffers, list);
+    if (!traced || list.runs.empty()) {
         // Nothing to paint although a cell reaches above the lowest level: the tracing gave up.
         if (reachesAbove(grid, levels.front()))
             throw Problem("the library gave up shading it, for lack of memory or of room in its tables");
         return {};
     }
     Shading shading{.coordinates = base::allocateFloats(2 * list.points.size()), .polygons = {}};
-    shading.polygons.reserve(list.polygons.size());
+    shading.polygons.reserve(list.runs.size());
     float* next = shading.coordinates.get();
-    for (const shade::ShadePolygon& polygon : list.polygons) {
+    for (const shade::ShadePolygon& polygon : list.runs) {
         shading.polygons.push_back({{{next, 2 * polygon.pointCount}}, polygon.level, polygon.colour});
-        for (const grid::Point& point : list.pointsOf(polygon)) {
-            *next++ = point.x;
-            *next++ = point.y;
+        for (const auto& [longitude, latitude] : list.pointsOf(polygon)) {
+            *next++ = longitude;
+            *next++ = latitude;
         }
     }
     return shading;

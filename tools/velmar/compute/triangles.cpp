@@ -27,20 +27,18 @@ grid::Lattice latticeOf(const analysis::StationView& stations) {
 void trace(const analysis::Stations& stations, ContourSet& set) {
     std::vector<float> values = stations.values;
     triangles::LevelTable table;
-    const triangles::Lines traced = triangles::contourStations(
+    const triangles::StationLines traced = triangles::contourStations(
         stations.longitudes, stations.latitudes, values,
         {triangles::LevelChoice::list, 0, 0, set.levels.data(), static_cast<int>(set.levels.size())}, table);
     set.coordinates = base::allocateFloats(2 * traced.points.size());
     float* next = set.coordinates.get();
-    for (const grid::Point& point : traced.points) {
-        *next++ = point.x;
-        *next++ = point.y;
+    for (const auto& [longitude, latitude] : traced.points) {
+        *next++ = longitude;
+        *next++ = latitude;
     }
-    next = set.coordinates.get();
-    for (const auto& [points, level] : traced.lines) {
-        set.lines.push_back({{{next, 2 * points}}, level});
-        next += 2 * points;
-    }
+    for (const triangles::StationLine& line : traced.runs)
+        set.lines.push_back(
+            {{{set.coordinates.get() + 2 * line.firstPoint, 2 * line.pointCount}}, line.level});
 }
 
 Json triangleJson(const StationContours& contours, const triangles::Triangle& triangle) {
@@ -63,7 +61,7 @@ StationContours contourStations(const analysis::Stations& stations, const std::v
     set.levels = levels;
     result.stations = broughtTo(set.lattice, stations.view());
     const analysis::Stations& placed = result.stations;
-    result.triangles = triangles::growNetwork({placed.longitudes, placed.latitudes, placed.values});
+    result.triangles = triangles::growTriangulation({placed.longitudes, placed.latitudes, placed.values});
     if (result.triangles.empty())
         throw Problem(
             "its stations make no triangle: one more than 2 degrees off the line from the first to its "

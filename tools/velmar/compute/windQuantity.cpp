@@ -21,10 +21,10 @@ base::Floats speeds(const WindFile& file) {
 
 base::Floats derivative(WindQuantity quantity, const grid::GridView& u, const grid::GridView& v,
                         const grid::Lattice& lattice) {
-    const grid::GridPlace place = files::placeOf(lattice);
+    const grid::GridPlace place = lattice.place();
     if (quantity == WindQuantity::divergence)
-        return wind::differentiate({u, v, grid::missingInFiles}, place, wind::Combination::sum);
-    return wind::differentiate({v, u, grid::missingInFiles}, place, wind::Combination::difference);
+        return wind::differentiate({u, v, grid::missingInFiles}, place, wind::WindDerivative::divergence);
+    return wind::differentiate({v, u, grid::missingInFiles}, place, wind::WindDerivative::vorticity);
 }
 
 /// The two columns on each side of the seam, from west to east.

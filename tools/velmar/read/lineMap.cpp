@@ -26,18 +26,23 @@ std::string breakOff(const LineMap& map, const char* what) {
     return fmt::format("the file breaks off: {} {} of it can be read", map.lines.size(), what);
 }
 
+std::vector<float> coordinatesOf(const std::vector<base::LonLat>& points) {
+    std::vector<float> coordinates;
+    coordinates.reserve(2 * points.size());
+    for (const auto& [longitude, latitude] : points)
+        coordinates.insert(coordinates.end(), {longitude, latitude});
+    return coordinates;
+}
+
 void readMap(const FileHead& head, LineMap& map) {
     base::TextScanner in(head.file.view());
     const auto form = files::readMapHead(in);
     if (!form) throw Problem("its header cannot be read: ten integers are expected in front of the lines");
     files::MapLines lines;
     const bool whole = files::readMapLines(in, *form, lines, nullptr);
-    std::size_t first = 0;
-    for (const files::MapLines::Line& line : lines.lines) {
-        map.lines.push_back({first, line.points, line.attribute1, line.attribute2, {}});
-        first += line.points;
-    }
-    map.coordinates = std::move(lines.coordinates);
+    for (const files::MapLine& line : lines.runs)
+        map.lines.push_back({line.firstPoint, line.pointCount, line.attribute1, line.attribute2, {}});
+    map.coordinates = coordinatesOf(lines.points);
     if (!whole) map.notice = breakOff(map, "lines");
 }
 
@@ -45,7 +50,7 @@ void readLine(const FileHead& head, LineMap& map) {
     const auto kind = head.kind.type == 780 ? files::PolylineKind::type780 : files::PolylineKind::type777;
     std::optional<files::Polyline> line = files::readPolyline(head.file.view(), kind);
     if (!line) throw Problem("its header or its points cannot be read");
-    map.coordinates = std::move(line->coordinates);
+    map.coordinates = coordinatesOf(line->points);
     map.lines.push_back({0, map.coordinates.size() / 2, 0, 0, {}});
 }
 
@@ -53,11 +58,11 @@ void readRegions(const FileHead& head, LineMap& map) {
     base::TextScanner in(head.file.view());
     std::optional<base::NamedOutlines> regions = files::readRegions(in);
     if (!regions) throw Problem("its header cannot be read");
-    for (const auto& [name, firstPoint, points, isWhole] : regions->outlines)
-        map.lines.push_back({firstPoint, points, 0, 0, gbkToUtf8(regions->names.data() + name)});
-    map.coordinates = std::move(regions->coordinates);
-    if (!regions->outlines.empty() && !regions->outlines.back().isWhole)
-        map.notice = breakOff(map, "regions");
+    for (const base::NamedOutline& outline : regions->runs)
+        map.lines.push_back(
+            {outline.firstPoint, outline.pointCount, 0, 0, gbkToUtf8(regions->names.data() + outline.name)});
+    map.coordinates = coordinatesOf(regions->points);
+    if (!regions->runs.empty() && !regions->runs.back().isWhole) map.notice = breakOff(map, "regions");
 }
 
 /// The longitudes of the points on the globe, from 0 to 360.

@@ -9,7 +9,7 @@ namespace velmar::shade {
 
 using base::progress;
 using grid::Cell;
-using grid::Edge;
+using grid::GridEdge;
 using grid::Side;
 namespace messages = base::messages;
 
@@ -41,7 +41,7 @@ constexpr bool ascends(Direction direction) {
 }
 
 /// The side between a grid point and its neighbour in a direction.
-Edge sideFrom(int i, int j, Direction direction) {
+GridEdge sideFrom(int i, int j, Direction direction) {
     const auto [di, dj] = ascends(direction) ? Step{0, 0} : stepTo(direction);
     return {isAlongRow(direction), i + di, j + dj};
 }
@@ -53,7 +53,7 @@ constexpr Side sideAtHand(Direction direction, Hand hand) {
 }
 
 /// The cell that has an edge as this side.
-constexpr Cell cellWith(Side side, const Edge& edge) {
+constexpr Cell cellWith(Side side, const GridEdge& edge) {
     return {edge.i - (side == Side::right ? 1 : 0), edge.j - (side == Side::top ? 1 : 0)};
 }
 
@@ -71,7 +71,7 @@ RegionTracer::Next RegionTracer::beginAt(const Walker& walker, Next next) {
 }
 
 /// Turns from a crossed side where the defined cells end towards its end above the level.
-RegionTracer::Next RegionTracer::walkToHighEnd(const Edge& side) {
+RegionTracer::Next RegionTracer::walkToHighEnd(const GridEdge& side) {
     // The defined cell is the one that the walk comes from, or, where a trace starts here, may be the other.
     const Side ofDefined = isDefined(cell_) ? entry_ : opposite(entry_);
     const auto [di, dj] = side.alongRow ? Step{1, 0} : Step{0, 1};
@@ -138,7 +138,7 @@ std::optional<Direction> RegionTracer::chooseBoundarySide() const {
         progress(messages::boundaryForks);
         return std::nullopt;
     }
-    const DiagonalCase diagonal = undefDiagonalCase(i, j);
+    const DiagonalCase diagonal = diagonalAt(i, j);
     if (diagonal == DiagonalCase::contradiction) return std::nullopt;
     // The walk stays with the defined cell that it follows. Where the defined cells are the upper left and
     // the lower right one, that is a turn to the left on a walk along a row, to the right along a column.
@@ -152,7 +152,7 @@ std::optional<Direction> RegionTracer::chooseBoundarySide() const {
 }
 
 /// Which cells are undefined where two of them touch at an inner point only.
-DiagonalCase RegionTracer::undefDiagonalCase(int i, int j) const {
+DiagonalCase RegionTracer::diagonalAt(int i, int j) const {
     if (i < 1 || i > grid_.nx - 2 || j < 1 || j > grid_.ny - 2) {
         progress(messages::diagonalOutside);
         return DiagonalCase::contradiction;
@@ -169,7 +169,7 @@ DiagonalCase RegionTracer::undefDiagonalCase(int i, int j) const {
 /// Goes along a side to its far end if that is above the level, else through it into the cell at hand.
 RegionTracer::Next RegionTracer::stepAlong(Direction direction) {
     walker_.direction = direction;
-    const Edge side = sideFrom(walker_.i, walker_.j, direction);
+    const GridEdge side = sideFrom(walker_.i, walker_.j, direction);
     const auto [di, dj] = stepTo(direction);
     const int i = walker_.i + di;
     const int j = walker_.j + dj;
@@ -189,7 +189,7 @@ RegionTracer::Next RegionTracer::arriveAt(int i, int j, Next next) {
     walker_.i = i;
     walker_.j = j;
     touchedBoundary_ = true;
-    if (!addShadePoint({static_cast<float>(i + 1), static_cast<float>(j + 1)})) return Next::failure;
+    if (!addPoint({static_cast<float>(i + 1), static_cast<float>(j + 1)})) return Next::failure;
     return start_ && start_->i == i && start_->j == j ? Next::finish : next;
 }
 
