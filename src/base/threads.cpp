@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 #include "base/scanner.h"
 
@@ -32,6 +33,9 @@ std::size_t limitAtFirst() {
 std::atomic<std::size_t> limit{0};
 std::atomic<double> nanosecondsPerThread{worthOfThread};
 
+/// Whether this thread does work that is shared already, or not to be shared.
+thread_local bool sharesNoMore = false;
+
 /// Parts on their way to threads.
 class Sharing {
 public:
@@ -40,6 +44,7 @@ public:
 
     /// Does runs until none is left.
     void work() noexcept {
+        const UnsharedWork noMore;
         for (std::size_t first = take(); first < count_; first = take()) {
             try {
                 run_.call(run_.work, first, first + std::min(runLength_, count_ - first));
@@ -114,13 +119,16 @@ void setThreadLimit(std::size_t threads, double worth) noexcept {
     limit.store(std::clamp<std::size_t>(threads, 1, mostThreads), std::memory_order_relaxed);
 }
 
+UnsharedWork::UnsharedWork() noexcept : before_(std::exchange(sharesNoMore, true)) {}
+UnsharedWork::~UnsharedWork() { sharesNoMore = before_; }
+
 namespace detail {
 
 void shareParts(std::size_t count, double nanosecondsEach, const RunOfParts& run) {
     if (count == 0) return;
     const double work = static_cast<double>(count) * nanosecondsEach;
     const double share = nanosecondsPerThread.load(std::memory_order_relaxed);
-    std::size_t threads = std::min(threadLimit(), count);
+    std::size_t threads = sharesNoMore ? 1 : std::min(threadLimit(), count);
     while (threads > 1 && static_cast<double>(threads) * share > work) --threads;
     if (threads < 2) {
         run.call(run.work, 0, count);

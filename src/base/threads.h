@@ -20,6 +20,18 @@ inline constexpr double worthOfThread = 5e5;
 /// well, so that little work is shared too.
 void setThreadLimit(std::size_t threads, double worth = worthOfThread) noexcept;
 
+/// Work is not shared among threads while this is there, in the thread that has made it.
+class UnsharedWork {
+public:
+    UnsharedWork() noexcept;
+    UnsharedWork(const UnsharedWork&) = delete;
+    UnsharedWork& operator=(const UnsharedWork&) = delete;
+    ~UnsharedWork();
+
+private:
+    bool before_;
+};
+
 namespace detail {
 
 /// A work function and what it works on.
@@ -35,7 +47,7 @@ void shareParts(std::size_t count, double nanosecondsEach, const RunOfParts& run
 /// Shares parts of some work, numbered from 0, among threads: `work(first, last)` does the parts from first to before
 /// last, and is called with every part once. Parts must not depend on each other. They are handed out in rising order.
 ///
-/// Threads are started only where there is work for them, and all have ended on return. Work goes on without those
+/// A part that shares out work of its own does that itself. Threads are started only where there is work for them, and all have ended on return. Work goes on without those
 /// that cannot be started. An exception of a part is thrown on once the threads have ended; parts not begun by then
 /// are left undone.
 ///

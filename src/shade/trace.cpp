@@ -24,9 +24,6 @@ namespace messages = base::messages;
 
 namespace {
 
-/// As many holes of a strip as this end the call.
-constexpr std::size_t mostHoles = 50000;
-
 int sideNumber(Side side) { return static_cast<int>(side) + 1; }
 
 void reportCellOutside(const Cell& cell, Side entry, int imax, int jmax) {
@@ -43,9 +40,10 @@ void reportBlockedSide(const Cell& cell, Side entry, StartKind kind) {
 
 }  // namespace
 
-RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
-                           ShadeBuffers& buffers, ShadePolygons& polygons)
-    : grid_(buffers.index.grid()),
+RegionTracer::RegionTracer(const grid::LevelIndex& index, const Strip& strip, const ShadeLevel& level,
+                           const grid::GridPlace& place, StripBuffers& buffers, ShadePolygons& polygons)
+    : index_(index),
+      grid_(index.grid()),
       strip_(strip),
       level_(level),
       curve_{grid_, level.level},

@@ -14,7 +14,7 @@ using namespace velmar::base;
 class SharedWork : public testing::TestWithParam<std::size_t> {
 protected:
     SharedWork() { setThreadLimit(GetParam(), 0.0); }
-    ~SharedWork() override { setThreadLimit(2); }
+    ~SharedWork() override { setThreadLimit(3, 0.0); }
 };
 
 TEST_P(SharedWork, IsDoneOnceAndCollectedInOrder) {

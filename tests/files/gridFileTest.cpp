@@ -160,7 +160,7 @@ TEST(LargeGrids, AreReadByManyThreadsAsByOne) {
         std::string text = "diamond 4 large\n11 10 8 0 0 500 1 1 0 499 0 399 500 400 4 0 9 0 0\n";
         for (std::size_t k = 0; k < words.size(); ++k) text += words[k] + (k % 10 == 9 ? "\r\n" : " ");
         const Block block = readText(text);
-        velmar::base::setThreadLimit(2);
+        velmar::base::setThreadLimit(3, 0.0);
         return std::vector<float>(block.get(), block.get() + (block[0] < 0 ? 1 : nx * ny + 16));
     };
     const auto expectSame = [&] {

@@ -69,7 +69,7 @@ TEST_F(Threads, OfACallChangeNothingThatIsSeen) {
             EXPECT_EQ(shared[k].second, alone[k].second) << calls()[k].name << ", " << threads;
         }
     }
-    velmar::base::setThreadLimit(2);
+    velmar::base::setThreadLimit(3, 0.0);
 }
 
 }  // namespace
