@@ -18,7 +18,7 @@ using test::Nodes;
 using test::StationList;
 
 constexpr analysis::WholeLonLatBox bounds{70, 140, 10, 60};
-constexpr analysis::BarnesParameters parameters{0.25F, 20.0F, 0.3F};
+constexpr analysis::BarnesParameters parameters{0.25F, 20.0F, 0.3F, 1};
 const std::vector<float> radii{25, 10, 5, 2, 1};
 constexpr float maskRadius = 2.0F;
 

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <string>
 
-#include "base/progress.h"
 #include "base/numbers.h"
+#include "base/progress.h"
 #include "base/scanner.h"
 #include "capi/state.h"
 #include "regions/plainRegions.h"

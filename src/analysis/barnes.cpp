@@ -78,10 +78,10 @@ Floats Barnes::analyse(float maskRadius) {
 }
 
 void Barnes::barnesFirstGuess() {
-    // The first station of the list has never taken part in the first guess.
-    sweepGrid({parameters_.radius, widthOf(0), stations_.values, 1}, [](float, const WeightedSum& s) {
-        return static_cast<float>(s.weight > 0.0 ? s.sum / s.weight : s.sum);
-    });
+    sweepGrid({parameters_.radius, widthOf(0), stations_.values, parameters_.firstGuessFrom},
+              [](float, const WeightedSum& s) {
+                  return static_cast<float>(s.weight > 0.0 ? s.sum / s.weight : s.sum);
+              });
 }
 
 void Barnes::barnesCorrectionPass(int pass) {

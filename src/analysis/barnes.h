@@ -10,6 +10,8 @@ struct BarnesParameters {
     float kappa;   ///< width of the first guess's Gaussian: exp(-d^2 / (4 kappa)), square degrees
     float radius;  ///< how far a station reaches in the first guess, degrees
     float gamma;   ///< the width of pass p is kappa gamma^p
+    /// Stations before this one take no part in the first guess, only in the corrections.
+    std::size_t firstGuessFrom = 0;
 };
 
 /// Spreads station values onto a grid with Gaussian weights: a weighted first guess and five passes of

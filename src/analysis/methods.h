@@ -17,7 +17,7 @@ enum class Method : int { cressman = 0, barnes = 1 };
 /// Influence radii of Cressman's scans, in grid lengths.
 inline constexpr std::array cressmanRadii{25.0F, 10.0F, 5.0F, 2.0F, 1.0F};
 
-/// Barnes's parameters; station values have half the radius.
+/// Barnes's parameters.
 inline constexpr BarnesParameters barnesParameters{.kappa = 0.25F, .radius = 20.0F, .gamma = 0.3F};
 
 /// The analyses with the parameters that station files get. Null without a grid.
@@ -26,13 +26,12 @@ inline base::Floats runCressman(const AnalysisArea& area, const StationView& sta
 }
 
 /// The bounds are cut to whole degrees.
-inline base::Floats runBarnes(float radius, const AnalysisArea& area, const StationView& stations,
-                              float maskRadius) {
+inline base::Floats runBarnes(const BarnesParameters& parameters, const AnalysisArea& area,
+                              const StationView& stations, float maskRadius) {
     const base::LonLatBox& b = area.bounds;
     const WholeLonLatBox whole{base::truncateToInt(b.west), base::truncateToInt(b.east),
                                base::truncateToInt(b.south), base::truncateToInt(b.north)};
-    return analyseBarnes({barnesParameters.kappa, radius, barnesParameters.gamma}, area.size, whole, stations,
-                         maskRadius);
+    return analyseBarnes(parameters, area.size, whole, stations, maskRadius);
 }
 
 }  // namespace velmar::analysis

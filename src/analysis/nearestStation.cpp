@@ -25,7 +25,7 @@ void keepNearer(std::size_t count, const float* longitudes, const StationFromRow
     const StationFromRow from = station;
     for (std::size_t i = 0; i < count; ++i) {
         const float distance = from.distanceOf(longitudes[i]);
-        const bool nearer = distance < distances[i] && std::fabs(longitudes[i] - from.longitude) < box;
+        const bool nearer = (distance < distances[i]) & (std::fabs(longitudes[i] - from.longitude) < box);
         distances[i] = nearer ? distance : distances[i];
         nearest[i] = nearer ? number : nearest[i];
     }

@@ -1,6 +1,7 @@
 #include "base/progress.h"
 
 #include <array>
+#include <atomic>
 #include <charconv>
 #include <cstdio>
 
@@ -12,7 +13,7 @@ namespace {
 
 /// Texts on their way to standard output. Lives as long as the process; empty between calls of exports.
 struct ProgressState {
-    bool silenced = false;
+    std::atomic<bool> silenced = false;  ///< read by all threads of a program that has none of this
     std::size_t used = 0;
     std::array<char, 1 << 16> texts;
 };
@@ -53,7 +54,7 @@ void ProgressArgument::print() const {
 
 void progress(const char* format, std::initializer_list<ProgressArgument> values) noexcept {
 #if VELMAR_PROGRESS
-    if (state.silenced || isSilent) return;
+    if (isSilent || state.silenced.load(std::memory_order_relaxed)) return;
     const ProgressArgument* value = values.begin();
     for (const char* next = format; *next != '\0'; ++next) {
         if (*next == '%') {
@@ -77,6 +78,6 @@ void flushProgress() noexcept {
 SilentThread::SilentThread(bool silent) noexcept : before_(isSilent) { isSilent = before_ || silent; }
 SilentThread::~SilentThread() { isSilent = before_; }
 
-void setProgressEnabled(bool enabled) noexcept { state.silenced = !enabled; }
+void setProgressEnabled(bool enabled) noexcept { state.silenced.store(!enabled, std::memory_order_relaxed); }
 
 }  // namespace velmar::base

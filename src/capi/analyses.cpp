@@ -20,8 +20,8 @@ float* barnes(float kappa, float radius, float gamma, int nx, int ny, int startL
     const std::optional<analysis::StationView> stations = stationsOf(n, lon, lat, value);
     if (!stations) return nullptr;
     return guarded<float*>(nullptr, [&] {
-        return analysis::analyseBarnes({kappa, radius, gamma}, {nx, ny}, {startLon, endLon, startLat, endLat},
-                                       *stations, maskRadius)
+        return analysis::analyseBarnes(barnesForHosts({kappa, radius, gamma}), {nx, ny},
+                                       {startLon, endLon, startLat, endLat}, *stations, maskRadius)
             .release();
     });
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "analysis/area.h"
+#include "analysis/barnes.h"
 #include "analysis/stations.h"
 #include "base/outcome.h"
 #include "files/reports.h"
@@ -13,6 +14,13 @@ namespace velmar::capi {
 /// The stations of a call's lists; nullopt when a list is missing.
 std::optional<analysis::StationView> stationsOf(int n, const float* lon, const float* lat,
                                                 const float* value);
+
+/// The parameters for hosts: the first station of a list takes no part in the first guess. This is established
+/// behaviour.
+inline analysis::BarnesParameters barnesForHosts(analysis::BarnesParameters parameters) {
+    parameters.firstGuessFrom = 1;
+    return parameters;
+}
 
 /// The area that a call's arguments ask for.
 inline analysis::AreaRequest areaRequest(int autoBounds, float startLon, float endLon, float startLat,

@@ -47,7 +47,8 @@ ResultBlock run(analysis::Method method, const analysis::AnalysisArea& area, int
             base::progress(base::messages::griddingReports, {area.bounds.west, area.bounds.east, promised});
             return analysis::runCressman(area, stations, maskRadius);
         case analysis::Method::barnes:
-            return analysis::runBarnes(analysis::barnesParameters.radius, area, stations, maskRadius);
+            return analysis::runBarnes(barnesForHosts(analysis::barnesParameters), area, stations,
+                                       maskRadius);
         default:
             return nullptr;
     }

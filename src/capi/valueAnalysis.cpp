@@ -77,10 +77,12 @@ ResultBlock run(analysis::Method method, const analysis::AnalysisArea& area,
             progress(messages::griddingValues,
                      {area.bounds.west, area.bounds.east, stations.count(), area.size.nx, area.size.ny});
             return analysis::runCressman(area, stations, maskRadius);
-        case analysis::Method::barnes:
+        case analysis::Method::barnes: {
             progress(messages::firstGuess);
-            // Half the radius that surface reports get, deliberately.
-            return analysis::runBarnes(analysis::barnesParameters.radius / 2.0F, area, stations, maskRadius);
+            analysis::BarnesParameters parameters = barnesForHosts(analysis::barnesParameters);
+            parameters.radius /= 2.0F;  // of what surface reports get, deliberately
+            return analysis::runBarnes(parameters, area, stations, maskRadius);
+        }
         default:
             return nullptr;
     }

@@ -171,7 +171,7 @@ bool RegionTracer::isInStrip(const Cell& cell) const {
 
 bool RegionTracer::finish() {
     removeDuplicatePoints();
-    std::vector<GridPoint>& outline = buffers_.outline;
+    const std::vector<GridPoint>& outline = buffers_.outline;
     if (outline.size() < 4) return true;
     // What touches a boundary counts as high whatever lies inside.
     if (!touchedBoundary_ && !isHighRegion()) return pushHole();

@@ -1,5 +1,6 @@
 # cmake -DSOURCE=FOLDER -P arrows.cmake
-# Arrows point down only: every room under src includes the rooms below it and no others.
+# Arrows point down only: every room of the library (src) or of the program (tools/velmar) includes the rooms below it
+# and no others.
 cmake_minimum_required(VERSION 3.25)
 set(methods contour shade polygon analysis wind triangles sphere sounding rain regions)
 set(base base)
@@ -9,6 +10,17 @@ foreach(method ${methods})
   set(${method} ${method} grid base)
 endforeach()
 set(capi velmarBaseA.h capi files ${methods} grid base)
+
+set(below files ${methods} grid base)
+foreach(room common read compute write)
+  set(${room} ${room} ${below})
+  list(APPEND below ${room})
+endforeach()
+set(chart chart ${below})
+set(describe describe ${below})
+set(cli cli chart ${below})
+set(commands commands cli chart describe ${below})
+set(main.cpp velmarBaseA.h commands cli ${below})
 
 file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${SOURCE}/*.h ${SOURCE}/*.cpp)
 set(arrows 0)

@@ -35,7 +35,7 @@ protected:
         return set;
     }
 
-    static BareMap draw(const Fill& fill, const Bounds& bounds, int width, int height) {
+    static BareMap draw(const Fill& fill, const GeoBox& bounds, int width, int height) {
         BareMap map(bounds, width, height);
         CoverageLayer(fill.grid.view(), fill.lattice, fill.colours.front()).draw(map.page);
         FillLayer(fill).draw(map.page);
@@ -66,11 +66,11 @@ TEST_F(FillTest, JoinedStripsCoverWhatTheStripsDo) {
         for (const float level : {0.5F, 1.0F, 2.25F, 4.75F}) {
             const Shading shading = shadeGrid({field.data(), nx, ny}, {0, 0, 1, 0, 0, 1}, {level}, 1);
             double stripArea = 0;
-            for (const ShadePolygon& polygon : shading.polygons)
+            for (const PaintedArea& polygon : shading.polygons)
                 stripArea += std::fabs(twiceArea(
                     polygon, [](GeoPoint p) { return p.longitude; }, [](GeoPoint p) { return p.latitude; }));
             double joinedArea = 0;
-            for (const Outline& outline : joinStrips(shading))
+            for (const AreaOutline& outline : joinStrips(shading))
                 joinedArea += twiceArea(
                     outline, [](OutlinePoint p) { return p.column; }, [](OutlinePoint p) { return p.row; });
             EXPECT_NEAR(joinedArea, stripArea, 1e-3) << round;
@@ -143,7 +143,7 @@ TEST_F(FillTest, LiesRightInCloseUps) {
     // The level runs through the middle: longitude + 2 (latitude + 90) = 402.05.
     for (const double latitude : {20.025, -60.0}) {
         const double longitude = 402.05 - 2 * (latitude + 90);
-        const Bounds bounds{longitude - 0.1, longitude + 0.1, latitude - 0.05, latitude + 0.05};
+        const GeoBox bounds{longitude - 0.1, longitude + 0.1, latitude - 0.05, latitude + 0.05};
         const BareMap map = draw(fill, bounds, 1000, 500);
         for (int y = 5; y < 500; y += 30)
             for (int x = 5; x < 1000; x += 30) {

@@ -10,7 +10,7 @@ using namespace velmar::tool;
 
 class ImageTest : public PictureTest {
 protected:
-    BareMap draw(const ByteImageText& image, const Bounds& bounds, int width = 440, int height = 400) const {
+    BareMap draw(const ByteImageText& image, const GeoBox& bounds, int width = 440, int height = 400) const {
         const ByteImageFile file = readByteImageFile(readFileHead(write("image", image.text())));
         BareMap map(bounds, width, height);
         map.draw(ImageLayer(file));
@@ -33,8 +33,8 @@ TEST_F(ImageTest, EveryPixelIsInItsPlace) {
             image.west = dx > 0 ? 100 : 111;
             image.first = dy > 0 ? 31 : 40;
             // Also where the map is a circle away, and where a paper unit holds many pixels of the picture.
-            for (const Bounds& bounds :
-                 {Bounds{99.5, 111.5, 30.5, 40.5}, Bounds{-260.5, -248.5, 30.5, 40.5}}) {
+            for (const GeoBox& bounds :
+                 {GeoBox{99.5, 111.5, 30.5, 40.5}, GeoBox{-260.5, -248.5, 30.5, 40.5}}) {
                 const BareMap map = draw(image, bounds);
                 for (int row = 0; row < image.ny; ++row)
                     for (int column = 0; column < image.nx; ++column)
@@ -55,7 +55,7 @@ TEST_F(ImageTest, NothingIsMadeUpWhereThereIsNoPicture) {
     const auto isNoData = [](const Pixel& p) { return isLike(p, pixelOf(noDataGrey)); };
     const auto isPicture = [](const Pixel& p) { return isLike(p, greyOf(200)); };
     const int cell = 440 * 400 / 120;
-    const Bounds bounds{99.5, 111.5, 30.5, 40.5};
+    const GeoBox bounds{99.5, 111.5, 30.5, 40.5};
     for (const int kind : {1, 5}) {
         image.kind = kind;
         const BareMap map = draw(image, bounds);

@@ -22,7 +22,7 @@ LineMap mapOf(const std::vector<std::vector<float>>& lines, const std::string& n
     return map;
 }
 
-BareMap draw(const LineMap& lines, const Bounds& bounds) {
+BareMap draw(const LineMap& lines, const GeoBox& bounds) {
     BareMap map(bounds, 600, 300);
     map.draw(MapLayer(lines, inks));
     return map;

@@ -2,6 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <map>
+
+#include "byteImages.h"
 #include "program.h"
 
 namespace {
@@ -23,6 +26,56 @@ TEST_F(OutputTest, OneBadFileDoesNotStopTheOthersWhoeverListens) {
         const std::string sentence = "its first line cannot be read: a keyword, a type number and a title";
         EXPECT_EQ(result.err, shell == "{}" ? "velmar: " + bad + ": " + sentence + " are expected\n" : "");
         std::filesystem::remove_all(path("new"));
+    }
+}
+
+TEST_F(OutputTest, JobsAtATimeChangeNothing) {
+    // Small files behind a large one, a broken one and a missing one; the picture of a sounding would replace the chart
+    // of a grid that is drawn before it.
+    const Arguments files{sample("grids/h500_global.000"),
+                          path("missing"),
+                          sample("soundings/sounding_11101100.000"),
+                          write("bad", "diamond 4 T 1"),
+                          write("t", "diamond 5 T 95 2 28 12 2 1 116 40 30 6 1000 1 2 3 4 5"),
+                          write("t_1", GridText{}.text()),
+                          sample("winds/wind850_asia_s2n.000"),
+                          sample("stations/temp_95031808.000"),
+                          write("image", ByteImageText{}.text()),
+                          sample("lines/iceland.777"),
+                          sample("regions/africa_gbk.dat")};
+    const auto resultsOf = [&](const Arguments& call, const std::string& jobs) {
+        Arguments options{"-j", jobs};
+        if (call.front() != "info" && call.back() != "json")
+            options.insert(options.end(), {"--out-dir", path("out")});
+        Arguments all = call;
+        all.insert(all.end(), files.begin(), files.end());
+        const Answer answer = run(all, options);
+        std::map<std::string, std::string> results{
+            {"", std::to_string(answer.exitCode) + answer.out + answer.err}};
+        if (std::filesystem::exists(path("out")))
+            for (const std::string& name : filesIn("out")) results[name] = readFile(path("out/" + name));
+        std::filesystem::remove_all(path("out"));
+        return results;
+    };
+    for (const Arguments& call : {Arguments{"chart"},
+                                  {"chart", "--fill", "--format", "svg"},
+                                  {"contour"},
+                                  {"shade"},
+                                  {"refine", "--factor=2"},
+                                  {"wind", "--speed"},
+                                  {"streamlines"},
+                                  {"analyse"},
+                                  {"triangles"},
+                                  {"sounding", "--format", "csv"},
+                                  {"sounding", "--format", "json"},
+                                  {"info"},
+                                  {"info", "--json"}}) {
+        const auto one = resultsOf(call, "1");
+        EXPECT_THAT(one.at(""), HasSubstr("there is no such file")) << call.front();
+        if (call.front() == "chart") {
+            EXPECT_THAT(one.at(""), HasSubstr(path("t") + ": its output " + path("out/t_1.")));
+        }
+        EXPECT_TRUE(one == resultsOf(call, "8")) << call.front() << one.at("");
     }
 }
 
@@ -112,7 +165,8 @@ TEST_F(OutputTest, RefusesWrongUsageInWords) {
                        {{"chart", good, "-o", path("c.gif")}, 2, "should end in .png, .svg, .pdf"},
                        {{"contour", good, "-o", chart}, 2, "should end in .geojson, .csv"},
                        {{"chart", good, "-o", chart, "--format", "svg"}, 2, "is not the ending"},
-                       {{"chart", good, "--out-dir", good}, 2, "cannot be made"}});
+                       {{"chart", good, "--out-dir", good}, 2, "cannot be made"},
+                       {{"info", good, "-j", "0"}, 2, "-j"}});
     expectReplies({"chart", good, "-o", chart},
                   {{{"--bounds", "1,2,3"}, 2, "four numbers"},
                    {{"--bounds", "nan,10,0,10"}, 2, "not a list of numbers"},

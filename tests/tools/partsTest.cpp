@@ -3,12 +3,13 @@
 #include <array>
 #include <cmath>
 #include <deque>
+#include <map>
 #include <memory>
 #include <numbers>
 
 #include "chart/layers/lineLabels.h"
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/prominence.h"
 
 namespace {
@@ -106,7 +107,7 @@ TEST_F(LabelsTest, LinesAreWorkedOnInsideTheMapOnly) {
 }
 
 TEST(MapFrames, ShowGridsOnceAndInShape) {
-    const auto circlesOf = [](const Bounds& bounds, double west, double east) {
+    const auto circlesOf = [](const GeoBox& bounds, double west, double east) {
         const auto [first, last] = circlesInto(bounds, west, east);
         return std::pair(first, last);
     };
@@ -162,6 +163,13 @@ TEST(Texts, DegreesAndTimesReadAsAForecasterWritesThem) {
     field.day = 30;
     EXPECT_EQ(validTimeText(field), std::nullopt);
     EXPECT_EQ(startTimeText(field), "2024-2-30 12 h");
+    for (const auto& [year, start] :
+         std::map<int, std::string>{{0, "2000"}, {49, "2049"}, {50, "1950"}, {99, "1999"}, {100, "0100"}}) {
+        field.year = year;
+        field.day = 28;
+        EXPECT_EQ(startTimeText(field), start + "-02-28 12:00");
+        EXPECT_EQ(validTimeText(field)->substr(0, 4), start);
+    }
 }
 
 TEST(Texts, BrokenGbkIsMarkedAndNothingAfterItLost) {

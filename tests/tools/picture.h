@@ -77,7 +77,7 @@ struct BareMap {
     std::unique_ptr<cairo_t, decltype(&cairo_destroy)> ink;
     velmar::tool::Page page;
 
-    BareMap(const velmar::tool::Bounds& bounds, int width, int height)
+    BareMap(const velmar::tool::GeoBox& bounds, int width, int height)
         : picture(width, height),
           ink(cairo_create(picture.surface.get()), cairo_destroy),
           page{ink.get(), {bounds, {0, 0, static_cast<double>(width), static_cast<double>(height)}}, {}} {

@@ -73,10 +73,10 @@ TEST(Thermodynamics, SaturationAgreesWithTables) {
 }
 
 TEST(SoundingIndices, AreThoseOfTheirLevels) {
-    const std::vector<SoundingLevel> levels{{1000, 50.F, 24.F, 20.F, {}, {}},
-                                            {850, 1500.F, 16.F, 12.F, {}, {}},
-                                            {700, 3000.F, 4.F, -4.F, {}, {}},
-                                            {500, 5700.F, -12.F, -30.F, {}, {}}};
+    const std::vector<CheckedLevel> levels{{1000, 50.F, 24.F, 20.F, {}, {}},
+                                           {850, 1500.F, 16.F, 12.F, {}, {}},
+                                           {700, 3000.F, 4.F, -4.F, {}, {}},
+                                           {500, 5700.F, -12.F, -30.F, {}, {}}};
     const SoundingIndices all = indicesOf(levels);
     EXPECT_EQ(all.k, 16 + 12 + 12 - 8);
     EXPECT_EQ(all.totalTotals, 16 + 12 + 24);

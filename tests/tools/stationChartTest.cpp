@@ -33,7 +33,7 @@ struct Drawn {
     BareMap map;
     std::string remark;
 
-    Drawn(const Reports& reports, const Bounds& bounds) : map(bounds, 300, 300) {
+    Drawn(const Reports& reports, const GeoBox& bounds) : map(bounds, 300, 300) {
         StationPlotLayer layer(reports.file, reports.plot);
         map.draw(layer);
         remark = layer.remark();

@@ -1,8 +1,8 @@
 #include "chart/chartTexts.h"
+#include "chart/flowField.h"
 #include "chart/layers/coverageLayer.h"
 #include "chart/layers/streamlineLayer.h"
 #include "chart/paper/palette.h"
-#include "compute/flowField.h"
 #include "picture.h"
 #include "windText.h"
 
@@ -12,7 +12,7 @@ using namespace velmar::tool;
 
 class WindChartTest : public PictureTest {
 protected:
-    WindFile wind(const WindText& text) const {
+    WindGrid wind(const WindText& text) const {
         const std::string file = write("w.000", text.text());
         return readWindFile(readFileHead(file));
     }
@@ -24,7 +24,7 @@ constexpr Colour strong{1, 0, 0};
 bool isWeak(const Pixel& p) { return p[2] > p[0] + 100; }
 bool isStrong(const Pixel& p) { return p[0] > p[2] + 100; }
 
-BareMap draw(const StreamlineSet& set, const Bounds& bounds) {
+BareMap draw(const StreamlineSet& set, const GeoBox& bounds) {
     BareMap map(bounds, 600, 300);
     map.draw(StreamlineLayer(set, {0, 360, 1, -90, 90, 1}, {weak, strong}));
     return map;
@@ -71,9 +71,9 @@ TEST(StreamlineLayer, HeadsPointDownwindAndKeepApart) {
 }
 
 TEST_F(WindChartTest, FlowRunsThroughTheSeamInTheMidstOfTheMap) {
-    const WindFile file = wind(WindText{}.circling());
+    const WindGrid file = wind(WindText{}.circling());
     const MapFrame map{{-65, 65, -40, 40}, {0, 0, 650, 400}};
-    const WindFile flow = flowField(file, map);
+    const WindGrid flow = flowField(file, map);
     EXPECT_EQ(flow.header.lattice.startLongitude, -180);
     EXPECT_EQ(flow.header.lattice.endLongitude, 170);
     const StreamlineSet set = traceStreamlines(flow, 5, {0});
@@ -89,8 +89,8 @@ TEST_F(WindChartTest, TooFineGridsAreThinnedEvenlyRoundTheGlobe) {
     text.circling();
     text.u = [](double longitude, double) { return longitude / 10; };
     text.v = [](double, double latitude) { return latitude; };
-    const WindFile file = wind(text);
-    const WindFile flow = flowField(file, {{20, 380, -80, 80}, {0, 0, 72, 36}});
+    const WindGrid file = wind(text);
+    const WindGrid flow = flowField(file, {{20, 380, -80, 80}, {0, 0, 72, 36}});
     EXPECT_EQ(flow.u.nx, 18);
     EXPECT_EQ(flow.u.ny, 9);
     EXPECT_EQ(flow.header.lattice.longitudeStep, 20);
@@ -111,7 +111,7 @@ TEST_F(WindChartTest, TooFineGridsAreThinnedEvenlyRoundTheGlobe) {
 TEST_F(WindChartTest, TextsTellWhatTheColoursAreAndTheStrongestWindShown) {
     WindText text;
     text.u = [](double longitude, double) { return longitude - 90; };
-    const WindFile file = wind(text);
+    const WindGrid file = wind(text);
     for (const auto quantity : {WindQuantity::speed, WindQuantity::divergence}) {
         ContourSet field = drawContours(windQuantity(file, quantity, 1e5F), {});
         field.levels = {1, 2};

@@ -5,9 +5,9 @@
 
 #include "base/progress.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
-#include "cli/standardStreams.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "velmarBaseA.h"
 
 int main(int argc, char** argv) try {

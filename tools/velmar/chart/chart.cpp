@@ -1,6 +1,6 @@
 #include "chart/chart.h"
 
-#include "chart/drawSheet.h"
+#include "chart/flowField.h"
 #include "chart/layers/centerLayer.h"
 #include "chart/layers/coverageLayer.h"
 #include "chart/layers/fillLayer.h"
@@ -13,7 +13,7 @@
 #include "chart/layers/streamlineLayer.h"
 #include "chart/paper/colourBar.h"
 #include "chart/paper/palette.h"
-#include "compute/flowField.h"
+#include "chart/sheet.h"
 
 namespace velmar::tool {
 namespace {
@@ -54,9 +54,9 @@ Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional
 
 }  // namespace
 
-std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
-                      const std::string& format, const PlottedStations& stations) {
-    const Bounds shown = options.bounds.value_or(boundsOf(set.lattice));
+std::string drawGridChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
+                          const std::string& format, const PlottedStations& stations) {
+    const GeoBox shown = options.bounds.value_or(boundsOf(set.lattice));
     const auto fill = fillOf(set, options);
     const Sheet sheet = layOut(shown, options.size, fill ? bandBarWidth(fill->levels) : 0);
     const auto drawBar = [&](cairo_t* ink) {
@@ -67,8 +67,9 @@ std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOp
     return drawSheet(sheet, layersOf(file, set, fill, options, stations.stations), texts, drawBar, format);
 }
 
-std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format) {
-    const Bounds shown = options.bounds.value_or(boundsOf(image));
+std::string drawImageChart(const ByteImageFile& image, const ChartOptions& options,
+                           const std::string& format) {
+    const GeoBox shown = options.bounds.value_or(boundsOf(image));
     const Sheet sheet = layOut(shown, options.size, greyBarWidth());
     Layers layers;
     layers.push_back(std::make_unique<ImageLayer>(image));
@@ -78,8 +79,8 @@ std::string drawChart(const ByteImageFile& image, const ChartOptions& options, c
     return drawSheet(sheet, layers, textsOf(image, shown), drawBar, format);
 }
 
-std::string drawChart(const LineMap& map, const ChartOptions& options, const std::string& format) {
-    const Bounds shown = options.bounds.value_or(boundsOf(map));
+std::string drawMapChart(const LineMap& map, const ChartOptions& options, const std::string& format) {
+    const GeoBox shown = options.bounds.value_or(boundsOf(map));
     const Sheet sheet = layOut(shown, options.size, 0);
     const bool hasNames = std::ranges::any_of(map.lines, [](const auto& line) { return !line.name.empty(); });
     Layers layers;
@@ -92,11 +93,11 @@ std::string drawChart(const LineMap& map, const ChartOptions& options, const std
         sheet, layers, textsOf(map), [](cairo_t*) {}, format);
 }
 
-std::string drawChart(const WindFile& file, const WindColours& colours, std::optional<int> density,
-                      const ChartOptions& options, const std::string& format) {
+std::string drawWindChart(const WindGrid& file, const WindColours& colours, std::optional<int> density,
+                          const ChartOptions& options, const std::string& format) {
     ContourSet field = drawContours(colours.values, {});
     field.levels = colours.levels;
-    const Bounds shown = options.bounds.value_or(boundsOf(field.lattice));
+    const GeoBox shown = options.bounds.value_or(boundsOf(field.lattice));
     const std::vector<float>& levels = colours.levels;
     const Sheet sheet = layOut(shown, options.size, levels.empty() ? 0 : bandBarWidth(levels));
 
@@ -104,7 +105,7 @@ std::string drawChart(const WindFile& file, const WindColours& colours, std::opt
     const std::vector<Colour> bands = fill ? fill->colours : lineColours(levels.size() + 1);
     std::vector<float> lineLevels{0};
     if (!fill) lineLevels.insert(lineLevels.end(), levels.begin(), levels.end());
-    const WindFile flow = flowField(file, sheet.map);
+    const WindGrid flow = flowField(file, sheet.map);
     const StreamlineSet streamlines =
         traceStreamlines(flow, density.value_or(densityFor(flow, sheet.map)), lineLevels);
 

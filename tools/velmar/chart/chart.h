@@ -13,7 +13,7 @@
 namespace velmar::tool {
 
 struct ChartOptions {
-    std::optional<Bounds> bounds;   ///< those of the grid or picture when not set
+    std::optional<GeoBox> bounds;   ///< those of the grid or picture when not set
     std::optional<PaperSize> size;  ///< a customary one, cut to the map's shape, when not set
     bool centers = true;
     bool fill = false;
@@ -36,18 +36,19 @@ struct WindColours {
 // All draw a chart and return it as a file of the format (png, svg or pdf).
 
 /// A grid and its lines, and the stations that it was made from, if any.
-std::string drawChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
-                      const std::string& format, const PlottedStations& stations = {});
+std::string drawGridChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
+                          const std::string& format, const PlottedStations& stations = {});
 
 /// A byte image as a picture. Options of lines play no part.
-std::string drawChart(const ByteImageFile& image, const ChartOptions& options, const std::string& format);
+std::string drawImageChart(const ByteImageFile& image, const ChartOptions& options,
+                           const std::string& format);
 
 /// Lines of a map; those of regions with their names.
-std::string drawChart(const LineMap& map, const ChartOptions& options, const std::string& format);
+std::string drawMapChart(const LineMap& map, const ChartOptions& options, const std::string& format);
 
 /// A wind field with its streamlines over bands of a quantity or, when the chart is not filled, coloured by
 /// bands of their speed: the quantity is speed then. Without a density they get one that suits the map.
-std::string drawChart(const WindFile& file, const WindColours& colours, std::optional<int> density,
-                      const ChartOptions& options, const std::string& format);
+std::string drawWindChart(const WindGrid& file, const WindColours& colours, std::optional<int> density,
+                          const ChartOptions& options, const std::string& format);
 
 }  // namespace velmar::tool

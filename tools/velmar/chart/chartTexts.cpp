@@ -9,7 +9,7 @@
 #include "chart/layers/mapLayer.h"
 #include "chart/paper/mapFrame.h"
 #include "chart/stationChart.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/levelSpacing.h"
 
 namespace velmar::tool {
@@ -46,11 +46,11 @@ std::string levelsText(const ContourSet& set, float boldValue) {
 
 /// A grid or picture: where it lies and what it holds inside the area shown.
 struct Content {
-    Bounds bounds;
+    GeoBox bounds;
     bool circlesGlobe;
-    Extremes extremes;
+    PlacedExtremes extremes;
 
-    bool covers(const Bounds& shown) const {
+    bool covers(const GeoBox& shown) const {
         const double shift = 360 * std::floor((shown.west - bounds.west) / 360);
         const bool allLongitudes = circlesGlobe || shown.east <= bounds.east + shift;
         return extremes.missing == 0 && allLongitudes && bounds.south <= shown.south &&
@@ -58,7 +58,7 @@ struct Content {
     }
 };
 
-std::string extremesText(const Extremes& extremes, std::string_view most, std::string_view least) {
+std::string extremesText(const PlacedExtremes& extremes, std::string_view most, std::string_view least) {
     if (extremes.present == 0) return "no data in this area";
     return fmt::format("{} {}, {} {}", most, placedText(extremes.largest), least,
                        placedText(extremes.smallest));
@@ -69,20 +69,20 @@ std::string quantityText(WindQuantity quantity) {
                        quantity == WindQuantity::speed ? "m/s" : "10⁻⁵ s⁻¹");
 }
 
-std::string strongestText(const Extremes& speeds) {
+std::string strongestText(const PlacedExtremes& speeds) {
     if (speeds.present == 0) return "no data in this area";
     const auto& [speed, longitude, latitude] = speeds.largest;
     return fmt::format("strongest wind {:.1f} m/s at {} {}", speed, latitudeText(latitude),
                        longitudeText(longitude));
 }
 
-bool isInside(const Bounds& area, float longitude, float latitude) {
+bool isInside(const GeoBox& area, float longitude, float latitude) {
     const auto [first, last] = circlesInto(area, longitude, longitude);
     return first <= last && area.south <= latitude && latitude <= area.north;
 }
 
-Extremes findExtremes(const StationFile& file, int element, const Bounds& area) {
-    Extremes extremes;
+PlacedExtremes findExtremes(const StationFile& file, int element, const GeoBox& area) {
+    PlacedExtremes extremes;
     for (std::size_t k = 0; k < file.stationCount(); ++k) {
         if (!file.hasValue(k, element) || !isInside(area, file.longitudes[k], file.latitudes[k])) continue;
         const PlacedValue place{file.value(k, element), file.longitudes[k], file.latitudes[k]};
@@ -102,7 +102,7 @@ std::string plotText(const StationFile& file, const StationPlot& plot) {
 
 }  // namespace
 
-ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown) {
+ChartTexts textsOf(const GridFile& file, const ContourSet& set, const GeoBox& shown) {
     Content content{boundsOf(set.lattice), set.circlesGlobe(), findExtremes(set.grid, set.lattice, &shown)};
     const float spacing = spacingOf(levelsOf(set));
     for (PlacedValue* extreme : {&content.extremes.smallest, &content.extremes.largest})
@@ -114,7 +114,7 @@ ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& sh
             .hasNoData = !content.covers(shown)};
 }
 
-ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
+ChartTexts textsOf(const ByteImageFile& image, const GeoBox& shown) {
     const grid::Grid& grid = image.grid;
     const Content content{boundsOf(image), image.circlesGlobe(),
                           findExtremes(grid.view(), image.lattice, &shown)};
@@ -127,12 +127,12 @@ ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown) {
             .hasNoData = !content.covers(shown)};
 }
 
-ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity,
-                   const Bounds& shown) {
+ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity quantity,
+                   const GeoBox& shown) {
     const Content content{boundsOf(field.lattice), field.circlesGlobe(),
                           findExtremes(field.grid, field.lattice, &shown)};
     const GridFile speed = windQuantity(file, WindQuantity::speed);
-    const Extremes speeds = findExtremes(speed.values, file.header.lattice, &shown);
+    const PlacedExtremes speeds = findExtremes(speed.values, file.header.lattice, &shown);
     return {.title = file.title,
             .subtitle = timesText(file.header),
             .caption = "streamlines, arrow heads downwind" +
@@ -143,7 +143,7 @@ ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity q
 
 ChartTexts textsOf(const LineMap& map) {
     const bool hasBorders =
-        std::ranges::any_of(map.lines, [](const LineMap::Line& line) { return isBorder(line); });
+        std::ranges::any_of(map.lines, [](const LineMap::MapLine& line) { return isBorder(line); });
     return {
         .title = map.title,
         .subtitle = {},
@@ -153,7 +153,7 @@ ChartTexts textsOf(const LineMap& map) {
         .hasNoData = false};
 }
 
-ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bounds& shown) {
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const GeoBox& shown) {
     return {.title = file.title,
             .subtitle = file.hasTime() ? timesText(file.field) : "",
             .caption = plotText(file, plot),
@@ -162,7 +162,7 @@ ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bound
 }
 
 ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const ContourSet& lines,
-                   const Bounds& shown) {
+                   const GeoBox& shown) {
     ChartTexts texts = textsOf(file, plot, shown);
     texts.caption += "; " + levelsText(lines, file.boldValue);
     return texts;

@@ -21,16 +21,16 @@ struct ChartTexts {
     bool hasNoData;        ///< whether a part of the area shown has no data
 };
 
-ChartTexts textsOf(const GridFile& file, const ContourSet& set, const Bounds& shown);
-ChartTexts textsOf(const ByteImageFile& image, const Bounds& shown);
+ChartTexts textsOf(const GridFile& file, const ContourSet& set, const GeoBox& shown);
+ChartTexts textsOf(const ByteImageFile& image, const GeoBox& shown);
 ChartTexts textsOf(const LineMap& map);
-ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Bounds& shown);
+ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const GeoBox& shown);
 
 /// The same with lines that are drawn from the stations.
 ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const ContourSet& lines,
-                   const Bounds& shown);
+                   const GeoBox& shown);
 
 /// Of a wind file whose chart has colours for a quantity; the field is the quantity's.
-ChartTexts textsOf(const WindFile& file, const ContourSet& field, WindQuantity quantity, const Bounds& shown);
+ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity quantity, const GeoBox& shown);
 
 }  // namespace velmar::tool

@@ -8,9 +8,9 @@
 #include "chart/layers/windBarb.h"
 #include "chart/paper/canvas.h"
 #include "chart/paper/lettering.h"
-#include "chart/paper/margins.h"
+#include "chart/sheet.h"
 #include "chart/soundingDiagram.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "write/soundingWriter.h"
 
 namespace velmar::tool {
@@ -22,12 +22,12 @@ constexpr SoundingDiagram diagram{{70, 92, 740, 740}};
 constexpr double windsAt = 862;  ///< the staff that the barbs stand on
 constexpr double panelAt = 915;
 
-using LevelValue = std::optional<float> SoundingLevel::*;
+using LevelValue = std::optional<float> CheckedLevel::*;
 
 /// A line through the levels that have a value, across those that have none.
-void drawProfile(cairo_t* ink, const Sounding& sounding, LevelValue value, const Colour& colour) {
+void drawProfile(cairo_t* ink, const CheckedSounding& sounding, LevelValue value, const Colour& colour) {
     cairo_new_path(ink);
-    for (const SoundingLevel& level : sounding.levels) {
+    for (const CheckedLevel& level : sounding.levels) {
         if (!(level.*value)) continue;
         const PaperPoint p = diagram.toPaper(level.pressure, *(level.*value));
         cairo_line_to(ink, p.x, p.y);
@@ -53,7 +53,7 @@ void drawFreezingLevel(cairo_t* ink, const FreezingLevel& freezing) {
 }
 
 /// The winds of as many levels as there is room for, from the ground up.
-void drawWinds(cairo_t* ink, const Sounding& sounding) {
+void drawWinds(cairo_t* ink, const CheckedSounding& sounding) {
     constexpr double shaft = 34;
     constexpr double leastDistance = 13;
     setColour(ink, black);
@@ -62,7 +62,7 @@ void drawWinds(cairo_t* ink, const Sounding& sounding) {
     cairo_line_to(ink, windsAt, diagram.box.bottom());
     cairo_stroke(ink);
     double last = diagram.box.bottom() + leastDistance;
-    for (const SoundingLevel& level : sounding.levels) {
+    for (const CheckedLevel& level : sounding.levels) {
         if (!level.windDirection || !level.windSpeed || !diagram.shows(level.pressure)) continue;
         const double y = diagram.height(level.pressure);
         if (last - y < leastDistance) continue;
@@ -71,7 +71,7 @@ void drawWinds(cairo_t* ink, const Sounding& sounding) {
     }
 }
 
-void drawIndices(cairo_t* ink, const Sounding& sounding) {
+void drawIndices(cairo_t* ink, const CheckedSounding& sounding) {
     constexpr double width = 205;
     constexpr double lineHeight = 22;
     constexpr Lettering lettering{.size = 13};
@@ -90,13 +90,13 @@ void drawIndices(cairo_t* ink, const Sounding& sounding) {
     drawDiagramKey(ink, {panelAt, diagram.box.top + height + 28});
 }
 
-void drawPage(cairo_t* ink, const SoundingFile& file, const Sounding& sounding) {
+void drawPage(cairo_t* ink, const CheckedSoundings& file, const CheckedSounding& sounding) {
     drawDiagram(ink, diagram);
     cairo_save(ink);
     cairo_rectangle(ink, diagram.box.left, diagram.box.top, diagram.box.width, diagram.box.height);
     cairo_clip(ink);
-    drawProfile(ink, sounding, &SoundingLevel::dewPoint, dewPointGreen);
-    drawProfile(ink, sounding, &SoundingLevel::temperature, temperatureRed);
+    drawProfile(ink, sounding, &CheckedLevel::dewPoint, dewPointGreen);
+    drawProfile(ink, sounding, &CheckedLevel::temperature, temperatureRed);
     if (sounding.freezing) drawFreezingLevel(ink, *sounding.freezing);
     cairo_restore(ink);
     drawWinds(ink, sounding);
@@ -114,7 +114,7 @@ void drawPage(cairo_t* ink, const SoundingFile& file, const Sounding& sounding) 
 
 }  // namespace
 
-std::string drawSoundings(const SoundingFile& file, const std::optional<PaperSize>& size,
+std::string drawSoundings(const CheckedSoundings& file, const std::optional<PaperSize>& size,
                           const std::string& format) {
     const PaperSize paper = size.value_or(pageSize);
     const double scale = std::min(paper.width / pageSize.width, paper.height / pageSize.height);

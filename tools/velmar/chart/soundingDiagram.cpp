@@ -8,7 +8,7 @@
 #include <span>
 
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/thermodynamics.h"
 
 namespace velmar::tool {

@@ -4,18 +4,21 @@
 
 #include <algorithm>
 
-#include "chart/drawSheet.h"
 #include "chart/layers/graticuleLayer.h"
+#include "chart/layers/isolineLayer.h"
 #include "chart/layers/mapLayer.h"
+#include "chart/layers/stationLayer.h"
 #include "chart/layers/stationPlotLayer.h"
-#include "cli/problem.h"
+#include "chart/layers/triangleLayer.h"
+#include "chart/sheet.h"
+#include "common/text.h"
 #include "compute/analysisGrid.h"
 
 namespace velmar::tool {
 namespace {
 
 /// An area with room for plots at its edges.
-Bounds widened(const Bounds& bounds) {
+GeoBox widened(const GeoBox& bounds) {
     const double width = bounds.east - bounds.west;
     const double margin = 0.04 * std::max(width, bounds.north - bounds.south);
     const double across = std::min(margin, (360 - width) / 2);
@@ -24,7 +27,7 @@ Bounds widened(const Bounds& bounds) {
 }
 
 /// The area of the stations with a value; where there is none, of those with a wind.
-Bounds boundsOf(const StationFile& file, const StationPlot& plot) {
+GeoBox boundsOf(const StationFile& file, const StationPlot& plot) {
     analysis::Stations stations = file.withValue(plot.element);
     if (stations.values.empty() && plot.wind) stations = file.withValue(plot.wind->speed);
     if (stations.values.empty())
@@ -34,9 +37,9 @@ Bounds boundsOf(const StationFile& file, const StationPlot& plot) {
 
 }  // namespace
 
-std::string drawChart(const StationFile& file, const StationPlot& plot, const ChartOptions& options,
-                      const std::string& format) {
-    const Bounds shown = options.bounds.value_or(boundsOf(file, plot));
+std::string drawStationChart(const StationFile& file, const StationPlot& plot, const ChartOptions& options,
+                             const std::string& format) {
+    const GeoBox shown = options.bounds.value_or(boundsOf(file, plot));
     const Sheet sheet = layOut(shown, options.size, 0);
     Layers layers;
     layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnWhite));
@@ -44,6 +47,27 @@ std::string drawChart(const StationFile& file, const StationPlot& plot, const Ch
     layers.push_back(std::make_unique<StationPlotLayer>(file, plot));
     return drawSheet(
         sheet, layers, textsOf(file, plot, shown), [](cairo_t*) {}, format);
+}
+
+std::string drawTriangleChart(const StationFile& file, const StationPlot& plot,
+                              const StationContours& contours, bool withNetwork, const ChartOptions& options,
+                              const std::string& format) {
+    const ContourSet& lines = contours.lines;
+    const GeoBox shown = options.bounds.value_or(boundsOf(lines.lattice));
+    const Sheet sheet = layOut(shown, options.size, 0);
+    const auto& [longitudes, latitudes, values] = contours.stations;
+    std::vector<PlacedValue> stations;
+    for (std::size_t k = 0; k < values.size(); ++k)
+        stations.push_back({values[k], longitudes[k], latitudes[k]});
+
+    Layers layers;
+    layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnWhite));
+    if (withNetwork) layers.push_back(std::make_unique<TriangleLayer>(contours));
+    addMaps(layers, options.maps, mapOnWhite);
+    layers.push_back(std::make_unique<IsolineLayer>(lines, file.boldValue));
+    layers.push_back(std::make_unique<StationLayer>(stations));
+    return drawSheet(
+        sheet, layers, textsOf(file, plot, lines, shown), [](cairo_t*) {}, format);
 }
 
 }  // namespace velmar::tool

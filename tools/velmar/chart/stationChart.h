@@ -4,6 +4,7 @@
 #include <string>
 
 #include "chart/chart.h"
+#include "compute/triangles.h"
 #include "read/stationElements.h"
 #include "read/stationFile.h"
 
@@ -20,7 +21,13 @@ struct StationPlot {
 /// Draws plots of as many stations as there is room for, and returns the chart as a file of the format (png, svg
 /// or pdf). Its area is that of the stations that have something to plot when the options have none. A Problem
 /// when there is no such station.
-std::string drawChart(const StationFile& file, const StationPlot& plot, const ChartOptions& options,
-                      const std::string& format);
+std::string drawStationChart(const StationFile& file, const StationPlot& plot, const ChartOptions& options,
+                             const std::string& format);
+
+/// Draws the contour lines of stations, with the stations and, if asked for, the triangles, and returns the chart as
+/// a file of the format (png, svg or pdf). Its area is that of the stations when the options have none.
+std::string drawTriangleChart(const StationFile& file, const StationPlot& plot,
+                              const StationContours& contours, bool withNetwork, const ChartOptions& options,
+                              const std::string& format);
 
 }  // namespace velmar::tool

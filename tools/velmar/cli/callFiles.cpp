@@ -3,17 +3,19 @@
 #include <fmt/format.h>
 #include <sys/stat.h>
 
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
 
-/// What tells a file from all others. Its number on its device is the same for all its names and links, also
-/// where upper and lower case make no difference; a file that is yet to be made has only its path.
-std::string identityOf(const std::string& name) {
-    const std::string path = targetOf(name).string();
+/// What tells a file from all others: its path and, if there is such a file yet, its number on its device, which is the
+/// same for all its names and links, also where upper and lower case make no difference.
+std::vector<std::string> identitiesOf(const std::string& name) {
+    std::vector<std::string> identities{targetOf(name).string()};
     struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? fmt::format("{}:{}", status.st_dev, status.st_ino) : path;
+    if (stat(identities.front().c_str(), &status) == 0)
+        identities.push_back(fmt::format("{}:{}", status.st_dev, status.st_ino));
+    return identities;
 }
 
 }  // namespace
@@ -28,13 +30,18 @@ std::filesystem::path targetOf(const std::string& name) {
 CallFiles::CallFiles(const OutputOptions& options) {
     for (const auto* inputs : {&options.inputs, &options.furtherInputs})
         for (const std::string& input : *inputs)
-            uses_.emplace(identityOf(input), fmt::format("would overwrite the input {}", input));
+            for (const std::string& identity : identitiesOf(input))
+                uses_.emplace(identity, fmt::format("would overwrite the input {}", input));
 }
 
 void CallFiles::claim(const std::string& output, const std::string& input) {
     if (output == "-") return;
-    const auto [use, isNew] = uses_.emplace(identityOf(output), fmt::format("is already that of {}", input));
-    if (!isNew) throw Problem(fmt::format("its output {} {}", output, use->second));
+    const std::vector<std::string> identities = identitiesOf(output);
+    for (const std::string& identity : identities)
+        if (const auto use = uses_.find(identity); use != uses_.end())
+            throw Problem(fmt::format("its output {} {}", output, use->second));
+    for (const std::string& identity : identities)
+        uses_.emplace(identity, fmt::format("is already that of {}", input));
 }
 
 }  // namespace velmar::tool

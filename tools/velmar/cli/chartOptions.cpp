@@ -9,8 +9,8 @@
 #include <filesystem>
 
 #include "cli/arguments.h"
-#include "cli/problem.h"
 #include "cli/reporter.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -47,7 +47,7 @@ void addCenters(CLI::App& command, ChartOptions& chart) {
 LineMap readMap(const std::string& path) {
     try {
         LineMap map = readLineMap(readFileHead(path));
-        Reporter(1).tell(path, map.notice);
+        tellUser(path, map.notice);
         return map;
     } catch (const Problem& problem) {
         throw CLI::ValidationError("--map", fmt::format("{}: {}", path, problem.what()));
@@ -56,13 +56,13 @@ LineMap readMap(const std::string& path) {
 
 }  // namespace
 
-Bounds parseBounds(const std::string& text) {
+GeoBox parseBounds(const std::string& text) {
     const auto numbers = parseNumbers("--bounds", text);
     const auto refuse = [&](const char* reason) {
         throw CLI::ValidationError("--bounds", fmt::format("\"{}\": {}", text, reason));
     };
     if (numbers.size() != 4) refuse("four numbers are expected: west,east,south,north");
-    const Bounds bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
+    const GeoBox bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
     if (bounds.west < -360 || bounds.east > 720) refuse("longitudes lie between -360 and 720");
     if (bounds.south < -90 || bounds.north > 90) refuse("latitudes lie between -90 and 90");
     if (bounds.west >= bounds.east) refuse("west must be less than east; across the date line say 170,190");

@@ -12,7 +12,7 @@ class App;
 namespace velmar::tool {
 
 /// Reads the argument of --bounds, west,east,south,north. Throws CLI::ValidationError.
-Bounds parseBounds(const std::string& text);
+GeoBox parseBounds(const std::string& text);
 
 /// Adds --size.
 void addSizeOption(CLI::App& command, ChartOptions& chart);

@@ -5,11 +5,15 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <atomic>
+#include <exception>
 #include <filesystem>
+#include <mutex>
 #include <new>
+#include <thread>
 
 #include "cli/callFiles.h"
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -75,7 +79,65 @@ void makeFolder(const std::string& folder) {
         throw CLI::ValidationError("--out-dir", fmt::format("the folder \"{}\" cannot be made", folder));
 }
 
+/// Jobs that workers fetch in their order.
+class JobQueue {
+public:
+    JobQueue(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work)
+        : jobs_(jobs), work_(work), line_(jobs.size()) {}
+
+    /// Does all jobs; what cannot be told to the user goes on as an exception.
+    void run(std::size_t workers) {
+        std::vector<std::jthread> others;
+        try {
+            while (others.size() + 1 < workers) others.emplace_back([this] { doJobs(); });
+        } catch (const std::exception&) {
+            // Fewer threads do the work as well.
+        }
+        doJobs();
+        others.clear();
+        if (failure_) std::rethrow_exception(failure_);
+    }
+    bool anyFailed() const { return line_.anyFailed(); }
+
+private:
+    void doJobs() {
+        for (std::size_t k = next_++; k < jobs_.size(); k = next_++) line_.finish(k, !succeeds(k));
+    }
+
+    /// Does a job; whether it came to a good end.
+    bool succeeds(std::size_t k) try {
+        Reporter reporter(line_, k);
+        try {
+            if (!jobs_[k].obstacle.empty()) throw Problem(jobs_[k].obstacle);
+            work_(jobs_[k], reporter);
+            return true;
+        } catch (const std::bad_alloc&) {
+            reporter.tell(jobs_[k].input, "there is not enough memory for it");
+        } catch (const std::exception& error) {
+            reporter.tell(jobs_[k].input, error.what());
+        }
+        return false;
+    } catch (...) {
+        const std::lock_guard lock(mutex_);
+        failure_ = std::current_exception();
+        return false;
+    }
+
+    const std::vector<Job>& jobs_;
+    const std::function<void(const Job&, Reporter&)>& work_;
+    JobLine line_;
+    std::atomic<std::size_t> next_ = 0;
+    std::mutex mutex_;
+    std::exception_ptr failure_;
+};
+
 }  // namespace
+
+void addWorkersOption(CLI::App& command, std::size_t& workers) {
+    command
+        .add_option("-j,--jobs", workers, "How many files to work on at a time (default: as many as cores)")
+        ->check(CLI::PositiveNumber);
+}
 
 void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
                       const std::string& inputs) {
@@ -89,6 +151,7 @@ void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vect
         .add_option("--format", options.format,
                     fmt::format("Format for -o - and --out-dir (default {})", formats.front()))
         ->check(CLI::IsMember(formats));
+    addWorkersOption(command, options.workers);
 }
 
 std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats,
@@ -113,23 +176,12 @@ std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::s
     return planJobs(options, formats, files);
 }
 
-int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work) {
-    Reporter reporter(jobs.size());
-    int exitCode = success;
-    for (const Job& job : jobs) {
-        try {
-            if (!job.obstacle.empty()) throw Problem(job.obstacle);
-            work(job, reporter);
-        } catch (const std::bad_alloc&) {
-            reporter.tell(job.input, "there is not enough memory for it");
-            exitCode = someFilesFailed;
-        } catch (const std::exception& error) {
-            reporter.tell(job.input, error.what());
-            exitCode = someFilesFailed;
-        }
-        reporter.fileDone();
-    }
-    return exitCode;
+int runJobs(const std::vector<Job>& jobs, std::size_t workers,
+            const std::function<void(const Job&, Reporter&)>& work) {
+    const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+    JobQueue queue(jobs, work);
+    queue.run(std::min(workers > 0 ? workers : cores, jobs.size()));
+    return queue.anyFailed() ? someFilesFailed : success;
 }
 
 }  // namespace velmar::tool

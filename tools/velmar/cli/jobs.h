@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ struct OutputOptions {
     std::string output;                      ///< a file, or "-" for standard output
     std::string folder;
     std::string format;
+    std::size_t workers = 0;  ///< how many files are worked on at a time; 0: as many as there are cores
 };
 
 /// The format of grid files. Any three digits are its ending: they mostly tell the forecast hour.
@@ -37,7 +39,10 @@ struct Job {
 /// Exit codes of the program.
 enum ExitCode { success = 0, someFilesFailed = 1, wrongUsage = 2 };
 
-/// Adds FILE..., -o, --out-dir and --format to a command. The first of the formats is the one that is used
+/// Adds -j, the number of files that are worked on at a time.
+void addWorkersOption(CLI::App& command, std::size_t& workers);
+
+/// Adds FILE..., -o, --out-dir, --format and -j to a command. The first of the formats is the one that is used
 /// where none is said. The description says what the inputs are.
 void addOutputOptions(CLI::App& command, OutputOptions& options, const std::vector<std::string>& formats,
                       const std::string& inputs);
@@ -50,12 +55,9 @@ std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::s
 /// The same for commands that write no other files.
 std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::string>& formats);
 
-/// Does the jobs one after another. A Problem with one file is reported and does not stop the others. Returns
-/// the exit code.
-int runJobs(const std::vector<Job>& jobs, const std::function<void(const Job&, Reporter&)>& work);
-
-/// Writes a whole output file, or to standard output when the name is "-". Nobody ever sees half of a file:
-/// it gets its name when it is complete. A Problem when it cannot be written.
-void writeOutput(const std::string& name, const std::string& bytes);
+/// Does the jobs, so many at a time, as long as there are threads for it. A Problem with one file is reported and does
+/// not stop the others. What is said and the exit code, which is returned, are those of one job after another.
+int runJobs(const std::vector<Job>& jobs, std::size_t workers,
+            const std::function<void(const Job&, Reporter&)>& work);
 
 }  // namespace velmar::tool

@@ -1,6 +1,11 @@
+#include "cli/output.h"
+
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -8,8 +13,7 @@
 #include <random>
 
 #include "cli/callFiles.h"
-#include "cli/jobs.h"
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -67,6 +71,18 @@ void writeOutput(const std::string& name, const std::string& bytes) {
         writeAll(target.string(), "wb", name, bytes);
     else
         replaceFile(target, name, bytes);
+}
+
+void guardStandardStreams() {
+    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
+    // While a standard stream is closed, the next file that is opened gets its number, and all that is said to the
+    // stream. The stand-in cannot be written, so that an answer that goes nowhere is still noticed.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/dev/null", O_RDONLY));
+}
+
+void writeStandardError(std::string_view text) {
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
 }  // namespace velmar::tool

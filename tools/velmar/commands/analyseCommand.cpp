@@ -8,12 +8,13 @@
 #include "cli/arguments.h"
 #include "cli/chartOptions.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "compute/analysis.h"
 #include "compute/levelSpacing.h"
-#include "compute/stationLevels.h"
+#include "compute/levels.h"
 #include "read/stationFile.h"
 #include "write/gridWriter.h"
 
@@ -113,12 +114,12 @@ void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& report
     else if (job.format == "csv")
         writeOutput(job.output, commaSeparated(grid));
     else
-        writeOutput(job.output,
-                    drawChart(grid, drawContours(grid, plan.levels), options.chart, job.format, stations));
+        writeOutput(job.output, drawGridChart(grid, drawContours(grid, plan.levels), options.chart,
+                                              job.format, stations));
 }
 
 int runAnalyse(const AnalyseOptions& options) {
-    return runJobs(planJobs(options.output, formats),
+    return runJobs(planJobs(options.output, formats), options.output.workers,
                    [&](const Job& job, Reporter& reporter) { analyseFile(job, options, reporter); });
 }
 

@@ -1,182 +1,20 @@
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <memory>
 
-#include "chart/soundingCharts.h"
-#include "chart/stationChart.h"
 #include "cli/arguments.h"
-#include "cli/callFiles.h"
 #include "cli/chartOptions.h"
-#include "cli/jobs.h"
-#include "cli/levels.h"
-#include "cli/problem.h"
+#include "cli/levelOptions.h"
 #include "commands/commands.h"
-#include "read/soundingFile.h"
+#include "commands/fileUses.h"
 
 namespace velmar::tool {
 namespace {
 
 const std::vector<std::string> formats{"png", "svg", "pdf"};
-
-struct ChartCommandOptions {
-    OutputOptions output;
-    LevelOptions levels;
-    ChartOptions chart;
-    std::optional<WindQuantity> fillQuantity;
-    std::optional<int> density;
-    std::optional<int> field;
-    std::optional<WindElements> wind;
-    bool showsWind = true;
-    bool centersGiven = false;
-    std::optional<int> station;
-};
-
-/// A thing that options are about, and whether one of them has been given.
-struct Topic {
-    bool given;
-    std::string_view name;
-};
-
-Topic bandsTopic(const ChartCommandOptions& options) { return {options.chart.fill, "bands to be filled"}; }
-Topic levelsTopic(const ChartCommandOptions& options) { return {options.levels.given(), "levels"}; }
-Topic centersTopic(const ChartCommandOptions& options) { return {options.centersGiven, "centres"}; }
-Topic streamlinesTopic(const ChartCommandOptions& options) {
-    return {options.density.has_value(), "streamlines"};
-}
-Topic stationsTopic(const ChartCommandOptions& options) {
-    return {options.field || options.wind || !options.showsWind, "stations"};
-}
-
-/// Says which options play no part.
-void tellUnused(const Job& job, Reporter& reporter, std::string_view file,
-                std::initializer_list<Topic> topics) {
-    std::vector<std::string_view> given;
-    for (const Topic& topic : topics)
-        if (topic.given) given.push_back(topic.name);
-    if (!given.empty()) reporter.tell(job.input, fmt::format("{} has no {}", file, fmt::join(given, ", ")));
-}
-
-std::string gridChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                      Reporter& reporter) {
-    const GridFile file = readGridFile(head);
-    const LevelPlan plan = planLevels(options.levels, file);
-    reporter.tell(job.input, plan.notice);
-    if (options.fillQuantity)
-        reporter.tell(job.input, "a grid file has one quantity, and it is filled with that");
-    tellUnused(job, reporter, "a grid file", {streamlinesTopic(options), stationsTopic(options)});
-    return drawChart(file, drawContours(file, plan.levels), options.chart, job.format);
-}
-
-std::string imageChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                       Reporter& reporter) {
-    if (options.chart.fill || options.levels.given() || options.centersGiven || options.density)
-        reporter.tell(job.input,
-                      "it is drawn as the picture that it is: a byte image has no levels, bands, centres and "
-                      "streamlines");
-    tellUnused(job, reporter, "a byte image", {stationsTopic(options)});
-    return drawChart(readByteImageFile(head), options.chart, job.format);
-}
-
-/// The smallest of 1, 2, 2.5, 5, 10, 20 ... and their tenths that is not below a number.
-float roundedUp(float number) {
-    const double power = std::pow(10.0, std::floor(std::log10(number)));
-    constexpr std::array digits{1.0, 2.0, 2.5, 5.0, 10.0};
-    const auto* const digit = std::ranges::find_if(digits, [&](double d) { return d * power >= number; });
-    return static_cast<float>((digit == digits.end() ? digits.back() : *digit) * power);
-}
-
-/// Round steps up to the strongest wind, however rare: that is the jet.
-std::vector<float> speedLevels(float strongest) {
-    constexpr int mostLevels = 12;
-    const float leastStep = strongest / mostLevels;
-    if (!(leastStep > 0)) return {};
-    const float step = roundedUp(leastStep);
-    std::vector<float> levels;
-    for (int k = 1; k <= mostLevels && static_cast<float>(k) * step <= strongest; ++k)
-        levels.push_back(static_cast<float>(k) * step);
-    return levels;
-}
-
-/// Levels of the area shown for speed. Differences have none at 0, so that places with little of them keep a
-/// colour of their own.
-LevelPlan planWindLevels(const LevelOptions& options, WindQuantity quantity, const GridFile& values,
-                         const std::optional<Bounds>& shown) {
-    const bool isSpeed = quantity == WindQuantity::speed;
-    const Extremes extremes =
-        findExtremes(values.values, values.header.field.lattice, shown ? &*shown : nullptr);
-    if (isSpeed && !options.given() && extremes.present > 0) return {speedLevels(extremes.largest.value), {}};
-    LevelPlan plan = planLevels(options, values);
-    std::erase_if(plan.levels,
-                  [&](float level) { return isSpeed ? level <= 0 : level == 0 && !options.given(); });
-    std::ranges::sort(plan.levels);
-    return plan;
-}
-
-std::string windChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                      Reporter& reporter) {
-    constexpr float shownDifference = 1e5F;     // in 10^-5 1/s
-    constexpr std::size_t mostLineLevels = 99;  // the library colours lines in 100 bands
-    tellUnused(job, reporter, "a wind file", {centersTopic(options), stationsTopic(options)});
-    const WindFile file = readWindFile(head);
-    const WindQuantity quantity = options.fillQuantity.value_or(WindQuantity::speed);
-    const GridFile values =
-        windQuantity(file, quantity, quantity == WindQuantity::speed ? 1 : shownDifference);
-    const LevelPlan plan = planWindLevels(options.levels, quantity, values, options.chart.bounds);
-    if (!options.chart.fill && plan.levels.size() > mostLineLevels)
-        throw Problem(
-            fmt::format("{} levels are too many for the colours of lines; --fill takes more than {}",
-                        plan.levels.size(), mostLineLevels));
-    reporter.tell(job.input, plan.notice);
-    return drawChart(file, {quantity, values, plan.levels}, options.density, options.chart, job.format);
-}
-
-/// What is plotted at the stations: what the user says, or else what is customary.
-StationPlot planPlot(const ChartCommandOptions& options, const StationFile& file) {
-    StationPlot plot{};
-    plot.element = chooseElement(file, options.field);
-    plot.quantity = quantityOf(file.type, plot.element);
-    plot.cloud = customaryCloud(file.type);
-    if (!options.showsWind) return plot;
-    plot.wind = options.wind ? options.wind : customaryWind(file.type);
-    if (plot.wind) {
-        chooseElement(file, plot.wind->direction);
-        chooseElement(file, plot.wind->speed);
-    }
-    return plot;
-}
-
-std::string stationChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                         Reporter& reporter) {
-    const StationFile file = readStationFile(head);
-    reporter.tell(job.input, lackOfStations(file));
-    tellUnused(job, reporter, "a station file",
-               {bandsTopic(options), levelsTopic(options), centersTopic(options), streamlinesTopic(options)});
-    return drawChart(file, planPlot(options, file), options.chart, job.format);
-}
-
-std::string lineChart(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                      Reporter& reporter) {
-    const LineMap map = readLineMap(head);
-    reporter.tell(job.input, map.notice);
-    tellUnused(job, reporter, "a file of map lines",
-               {bandsTopic(options), levelsTopic(options), centersTopic(options), streamlinesTopic(options),
-                stationsTopic(options)});
-    return drawChart(map, options.chart, job.format);
-}
-
-std::string chartOf(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                    Reporter& reporter) {
-    if (isByteImage(head)) return imageChart(job, head, options, reporter);
-    if (isWindFile(head)) return windChart(job, head, options, reporter);
-    if (isStationFile(head)) return stationChart(job, head, options, reporter);
-    if (isLineMap(head)) return lineChart(job, head, options, reporter);
-    return gridChart(job, head, options, reporter);
-}
 
 /// Reads the argument of --wind. Throws CLI::ValidationError.
 WindElements parseWind(const std::string& text) {
@@ -202,22 +40,14 @@ void addStationOptions(CLI::App& command, ChartCommandOptions& options) {
     command.add_flag("!--no-wind", options.showsWind, "Plot stations without wind barbs");
 }
 
-void soundingCharts(const Job& job, const FileHead& head, const ChartCommandOptions& options,
-                    CallFiles& files, Reporter& reporter) {
-    tellUnused(job, reporter, "a file of soundings",
-               {bandsTopic(options), levelsTopic(options), centersTopic(options), streamlinesTopic(options)});
-    if (options.chart.bounds) reporter.tell(job.input, "a diagram of a sounding has no --bounds");
-    chartSoundings(job, head, {options.station, options.chart.size, !options.output.folder.empty()}, files,
-                   reporter);
-}
-
 int runChart(const ChartCommandOptions& options) {
     CallFiles files(options.output);
-    return runJobs(planJobs(options.output, formats, files), [&](const Job& job, Reporter& reporter) {
+    const std::vector<Job> jobs = planJobs(options.output, formats, files);
+    return runJobs(jobs, options.output.workers, [&](const Job& job, Reporter& reporter) {
         const FileHead head = readFileHead(job.input);
-        if (isSoundingFile(head)) return soundingCharts(job, head, options, files, reporter);
-        tellUnused(job, reporter, "it", {{options.station.has_value(), "soundings for --station"}});
-        writeOutput(job.output, chartOf(job, head, options, reporter));
+        if (options.station && head.kind.content != FileContent::soundings)
+            reporter.tell(job.input, "it has no soundings for --station");
+        usesOf(head).chart({job, head, options, files, reporter});
     });
 }
 

@@ -2,7 +2,8 @@
 #include <memory>
 
 #include "cli/jobs.h"
-#include "cli/levels.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "compute/contours.h"
 #include "write/lineWriter.h"
@@ -18,13 +19,14 @@ struct ContourOptions {
 };
 
 int runContour(const ContourOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const GridFile file = readGridFile(job.input);
-        const LevelPlan plan = planLevels(options.levels, file);
-        reporter.tell(job.input, plan.notice);
-        const ContourSet set = drawContours(file, plan.levels);
-        writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
-    });
+    return runJobs(planJobs(options.output, formats), options.output.workers,
+                   [&](const Job& job, Reporter& reporter) {
+                       const GridFile file = readGridFile(job.input);
+                       const LevelPlan plan = planLevels(options.levels, file);
+                       reporter.tell(job.input, plan.notice);
+                       const ContourSet set = drawContours(file, plan.levels);
+                       writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
+                   });
 }
 
 }  // namespace

@@ -7,9 +7,9 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "sphere/greatCircle.h"
 #include "write/geoJson.h"
 

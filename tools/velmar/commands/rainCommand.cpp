@@ -12,6 +12,7 @@
 #include "cli/callFiles.h"
 #include "cli/chartOptions.h"
 #include "cli/jobs.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "compute/rainSum.h"
 #include "write/rainWriter.h"
@@ -33,7 +34,7 @@ constexpr const char* explanation =
 struct RainOptions {
     OutputOptions output;
     std::string directory;
-    RainSpan span{0, 0, 1};
+    RainPeriod span{0, 0, 1};
     ChartOptions chart;
 };
 
@@ -57,7 +58,7 @@ DateKey parseTime(const std::string& option, const std::string& text) {
 }
 
 /// Says in advance what the library would refuse without a word.
-void checkSpan(const RainSpan& span) {
+void checkSpan(const RainPeriod& span) {
     constexpr std::array hours{2, 8, 14, 20};
     const auto isOne = [&](int hour) { return std::ranges::find(hours, hour) != hours.end(); };
     const int from = partsOf(span.from).hour;
@@ -81,7 +82,7 @@ std::string rendered(const RainSum& sum, const ChartOptions& chart, const std::s
     if (format == gridFormat) return stationFileText(sum);
     const StationFile file = stationFileOf(sum);
     const StationPlot plot{.element = 1, .quantity = "rain", .wind = {}, .cloud = {}};
-    return drawChart(file, plot, chart, format);
+    return drawStationChart(file, plot, chart, format);
 }
 
 bool isNamedAsTime(const std::filesystem::path& file) {
@@ -105,7 +106,7 @@ int runRain(RainOptions& options) {
     checkSpan(options.span);
     options.output.inputs = {options.directory};
     if (options.output.output.empty()) options.output.output = "-";
-    return runJobs(planJobs(options.output, rainFormats), [&](const Job& job, Reporter& reporter) {
+    return runJobs(planJobs(options.output, rainFormats), 1, [&](const Job& job, Reporter& reporter) {
         const RainSum sum = sumRain(job.input, options.span);
         for (const std::string& notice : sum.notices) reporter.tell(job.input, notice);
         OutputOptions output = options.output;

@@ -7,8 +7,9 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "grid/refine.h"
 #include "write/gridWriter.h"
 
@@ -89,7 +90,7 @@ void refineGrid(GridFile& file, const grid::RefinementFactors& factors) {
 }
 
 int runRefine(const RefineOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter&) {
+    return runJobs(planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter&) {
         GridFile file = readGridFile(job.input);
         refineGrid(file, options.factors);
         writeOutput(job.output, job.format == "csv" ? commaSeparated(file) : gridFileText(file));

@@ -5,9 +5,9 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "files/regionFile.h"
 #include "read/fileHead.h"
 #include "read/lineMap.h"
@@ -83,7 +83,7 @@ std::string listText(const regions::RegionTable& table, bool asJson) {
 }
 
 int runRegion(const RegionOptions& options) {
-    return runJobs({{options.input, "-", {}, {}}}, [&](const Job& job, Reporter& reporter) {
+    return runJobs({{options.input, "-", {}, {}}}, 1, [&](const Job& job, Reporter& reporter) {
         const regions::RegionTable table = readTable(job.input, reporter);
         writeOutput("-", options.places.empty() ? listText(table, options.json)
                                                 : placesText(table, options.places, options.json));

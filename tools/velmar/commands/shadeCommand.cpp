@@ -4,9 +4,10 @@
 #include <numeric>
 
 #include "cli/jobs.h"
-#include "cli/levels.h"
-#include "cli/text.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "compute/contours.h"
 #include "compute/shading.h"
 #include "read/byteImageFile.h"
@@ -59,7 +60,7 @@ Shading shadeGridFile(const Job& job, const FileHead& head, const ShadeOptions& 
 std::string polygonJson(const Shading& shading) {
     FeatureCollection collection;
     int order = 0;
-    for (const ShadePolygon& polygon : shading.polygons) {
+    for (const PaintedArea& polygon : shading.polygons) {
         Json ring = positionsJson(polygon);
         if (!polygon.counterClockwise()) std::reverse(ring.begin(), ring.end());
         collection.add(
@@ -70,14 +71,16 @@ std::string polygonJson(const Shading& shading) {
 }
 
 int runShade(const ShadeOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const FileHead head = readFileHead(job.input);
-        const auto shade = isByteImage(head) ? shadeImage : shadeGridFile;
-        const Shading shading = shade(job, head, options, reporter);
-        if (shading.polygons.empty())
-            reporter.tell(job.input, "there is nothing to paint: no cell with data reaches above a level");
-        writeOutput(job.output, polygonJson(shading));
-    });
+    return runJobs(
+        planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter& reporter) {
+            const FileHead head = readFileHead(job.input);
+            const auto shade = head.kind.content == FileContent::byteImage ? shadeImage : shadeGridFile;
+            const Shading shading = shade(job, head, options, reporter);
+            if (shading.polygons.empty())
+                reporter.tell(job.input,
+                              "there is nothing to paint: no cell with data reaches above a level");
+            writeOutput(job.output, polygonJson(shading));
+        });
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "cli/jobs.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "read/soundingFile.h"
 #include "write/soundingWriter.h"
@@ -29,7 +30,7 @@ struct Answers {
     std::string text;
     Json list = Json::array();
 
-    void add(const SoundingFile& file, const std::string& format) {
+    void add(const CheckedSoundings& file, const std::string& format) {
         if (format == "json")
             list.push_back(soundingJson(file));
         else if (format == "csv")
@@ -44,8 +45,8 @@ struct Answers {
     }
 };
 
-SoundingFile readSoundings(const Job& job, const SoundingOptions& options, Reporter& reporter) {
-    SoundingFile file = readSoundingFile(readFileHead(job.input));
+CheckedSoundings readSoundings(const Job& job, const SoundingOptions& options, Reporter& reporter) {
+    CheckedSoundings file = readSoundingFile(readFileHead(job.input));
     reporter.tell(job.input, file.notice());
     if (options.station) keepStation(file, *options.station);
     return file;
@@ -57,8 +58,10 @@ int printSoundings(const SoundingOptions& options) {
     std::vector<Job> jobs;
     for (const std::string& input : options.output.inputs) jobs.push_back({input, "-", format, {}});
     Answers answers;
-    const int exitCode = runJobs(jobs, [&](const Job& job, Reporter& reporter) {
-        answers.add(readSoundings(job, options, reporter), format);
+    const int exitCode = runJobs(jobs, options.output.workers, [&](const Job& job, Reporter& reporter) {
+        const CheckedSoundings file = readSoundings(job, options, reporter);
+        reporter.awaitTurn();
+        answers.add(file, format);
     });
     writeOutput("-", answers.bytes(format, jobs.size() > 1));
     return exitCode;
@@ -69,7 +72,7 @@ int runSounding(SoundingOptions& options) {
     if (options.json && output.format.empty()) output.format = "json";
     if (output.folder.empty() && (output.output.empty() || output.output == "-"))
         return printSoundings(options);
-    return runJobs(planJobs(output, formats), [&](const Job& job, Reporter& reporter) {
+    return runJobs(planJobs(output, formats), output.workers, [&](const Job& job, Reporter& reporter) {
         Answers answer;
         answer.add(readSoundings(job, options, reporter), job.format);
         writeOutput(job.output, answer.bytes(job.format, false));

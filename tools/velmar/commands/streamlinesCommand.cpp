@@ -10,10 +10,10 @@
 #include <memory>
 
 #include "cli/jobs.h"
-#include "cli/levels.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
+#include "common/text.h"
 #include "write/geoJson.h"
 
 namespace velmar::tool {
@@ -37,7 +37,7 @@ struct StreamlinesOptions {
 };
 
 /// Lower bounds of the bands of speed.
-std::vector<float> planBands(const StreamlinesOptions& options, const WindFile& file, std::string& notice) {
+std::vector<float> planBands(const StreamlinesOptions& options, const WindGrid& file, std::string& notice) {
     constexpr int customaryBands = 40;
     constexpr float customaryWidth = 2;
     constexpr std::size_t mostBands = 100;
@@ -110,15 +110,17 @@ std::string geoJson(const StreamlineSet& set, bool split) {
 }
 
 int runStreamlines(const StreamlinesOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const WindFile file = readWindFile(readFileHead(job.input));
-        std::string notice;
-        const std::vector<float> bands = planBands(options, file, notice);
-        const StreamlineSet set = traceStreamlines(file, options.density, bands);
-        if (set.lineCount() == 0) notice = "there are no streamlines: the wind is missing or calm everywhere";
-        reporter.tell(job.input, notice);
-        writeOutput(job.output, geoJson(set, options.split));
-    });
+    return runJobs(planJobs(options.output, formats), options.output.workers,
+                   [&](const Job& job, Reporter& reporter) {
+                       const WindGrid file = readWindFile(readFileHead(job.input));
+                       std::string notice;
+                       const std::vector<float> bands = planBands(options, file, notice);
+                       const StreamlineSet set = traceStreamlines(file, options.density, bands);
+                       if (set.lineCount() == 0)
+                           notice = "there are no streamlines: the wind is missing or calm everywhere";
+                       reporter.tell(job.input, notice);
+                       writeOutput(job.output, geoJson(set, options.split));
+                   });
 }
 
 }  // namespace

@@ -3,13 +3,16 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "chart/triangleChart.h"
+#include "chart/stationChart.h"
 #include "cli/chartOptions.h"
 #include "cli/jobs.h"
-#include "cli/problem.h"
+#include "cli/levelOptions.h"
+#include "cli/output.h"
 #include "commands/commands.h"
-#include "compute/stationLevels.h"
+#include "common/text.h"
+#include "compute/levels.h"
 #include "read/stationElements.h"
+#include "write/lineWriter.h"
 
 namespace velmar::tool {
 namespace {
@@ -44,11 +47,12 @@ void contourFile(const Job& job, const TrianglesOptions& options, Reporter& repo
     const StationContours contours = contourStations(stations, plan.levels);
     if (job.format == "geojson") return writeOutput(job.output, geoJson(contours));
     const StationPlot plot{element, std::string(quantityOf(file.type, element)), {}, {}};
-    writeOutput(job.output, drawChart(file, plot, contours, options.withNetwork, options.chart, job.format));
+    writeOutput(job.output,
+                drawTriangleChart(file, plot, contours, options.withNetwork, options.chart, job.format));
 }
 
 int runTriangles(const TrianglesOptions& options) {
-    return runJobs(planJobs(options.output, formats),
+    return runJobs(planJobs(options.output, formats), options.output.workers,
                    [&](const Job& job, Reporter& reporter) { contourFile(job, options, reporter); });
 }
 

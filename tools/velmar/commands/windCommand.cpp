@@ -6,6 +6,7 @@
 
 #include "cli/arguments.h"
 #include "cli/jobs.h"
+#include "cli/output.h"
 #include "commands/commands.h"
 #include "compute/windQuantity.h"
 #include "write/gridWriter.h"
@@ -36,14 +37,15 @@ float parseScale(const std::string& text) {
 }
 
 int runWind(const WindOptions& options) {
-    return runJobs(planJobs(options.output, formats), [&](const Job& job, Reporter& reporter) {
-        const GridFile grid =
-            windQuantity(readWindFile(readFileHead(job.input)), options.quantity, options.scale);
-        if (std::none_of(grid.values.values, grid.values.values + grid.values.size(), isPresent))
-            reporter.tell(job.input,
-                          fmt::format("there is no point with a {}", quantityName(options.quantity)));
-        writeOutput(job.output, job.format == "csv" ? commaSeparated(grid) : gridFileText(grid));
-    });
+    return runJobs(
+        planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter& reporter) {
+            const GridFile grid =
+                windQuantity(readWindFile(readFileHead(job.input)), options.quantity, options.scale);
+            if (std::none_of(grid.values.values, grid.values.values + grid.values.size(), isPresent))
+                reporter.tell(job.input,
+                              fmt::format("there is no point with a {}", quantityName(options.quantity)));
+            writeOutput(job.output, job.format == "csv" ? commaSeparated(grid) : gridFileText(grid));
+        });
 }
 
 }  // namespace

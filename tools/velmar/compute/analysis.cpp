@@ -9,7 +9,7 @@
 #include "analysis/methods.h"
 #include "analysis/nearestStation.h"
 #include "base/floats.h"
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -31,20 +31,12 @@ std::vector<int> nearestTo(const GridPlan& plan, const StationView& stations, fl
 }
 
 base::Floats analyseByBarnes(const GridPlan& plan, const StationView& stations, float maskRadius) {
-    // The first of the list takes no part in the first guess. So that no station is left out, that place goes
-    // to one far off the globe: outside every radius it plays no part in the corrections and in masking either,
-    // whereas a station that is listed twice would count twice in them.
-    constexpr float offTheGlobe = 1000;
-    Stations listed;
-    listed.add(plan.lattice.startLongitude, offTheGlobe, 0);
-    for (std::size_t k = 0; k < stations.count(); ++k)
-        listed.add(stations.longitudes[k], stations.latitudes[k], stations.values[k]);
     const auto whole = [](float degrees) { return static_cast<int>(std::lround(degrees)); };
     const grid::Lattice& lattice = plan.lattice;
     base::Floats grid = analysis::analyseBarnes(analysis::barnesParameters, {plan.nx, plan.ny},
                                                 {whole(lattice.startLongitude), whole(lattice.endLongitude),
                                                  whole(lattice.startLatitude), whole(lattice.endLatitude)},
-                                                listed.view(), maskRadius);
+                                                stations, maskRadius);
     // The first guess of points that no station reaches is 0, which is a value like any other.
     const std::vector<int> nearest = nearestTo(plan, stations, analysis::barnesParameters.radius);
     for (std::size_t k = 0; k < nearest.size(); ++k)

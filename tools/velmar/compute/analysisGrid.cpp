@@ -8,8 +8,7 @@
 #include <numbers>
 #include <vector>
 
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -18,22 +17,17 @@ constexpr double circle = 360;
 /// More points than this are a slip in the steps.
 constexpr int mostPoints = 4'000'000;
 
-struct LongitudeRange {
-    double west;
-    double east;
-};
-
 /// The shortest stretch that holds all longitudes: what is left of the circle without its widest gap. It
 /// begins with a longitude as it stands in the list, negative or not.
 LongitudeRange shortestRange(std::span<const float> longitudes) {
-    struct Place {
+    struct StationLongitude {
         double onCircle;
         double listed;
     };
-    std::vector<Place> places;
+    std::vector<StationLongitude> places;
     for (const double longitude : longitudes)
         places.push_back({longitude - circle * std::floor(longitude / circle), longitude});
-    std::ranges::sort(places, {}, &Place::onCircle);
+    std::ranges::sort(places, {}, &StationLongitude::onCircle);
     double widestGap = -1;
     double west = 0;
     for (std::size_t k = 0; k < places.size(); ++k) {
@@ -46,13 +40,13 @@ LongitudeRange shortestRange(std::span<const float> longitudes) {
     return {west, west + circle - widestGap};
 }
 
-Bounds widened(const Bounds& bounds) {
+GeoBox widened(const GeoBox& bounds) {
     return {std::floor(bounds.west), std::ceil(bounds.east), std::floor(bounds.south),
             std::ceil(bounds.north)};
 }
 
 /// Steps of at most half the mean distance of the stations, and some twenty along the longer side at least.
-GridSteps customarySteps(const Bounds& bounds, std::size_t stations) {
+GridSteps customarySteps(const GeoBox& bounds, std::size_t stations) {
     constexpr std::array customary{1.0, 0.5, 0.25, 0.1, 0.05, 0.025, 0.01, 0.005};
     const double middle = (bounds.south + bounds.north) / 2 * std::numbers::pi / 180;
     const double width = bounds.east - bounds.west;
@@ -74,14 +68,14 @@ int countLines(double start, double end, double step, std::string_view what) {
     return static_cast<int>(std::min(steps, 1.0 * mostPoints)) + 1;
 }
 
-std::string boundsText(const Bounds& bounds) {
+std::string boundsText(const GeoBox& bounds) {
     return fmt::format("{},{},{},{}", plainNumber(bounds.west), plainNumber(bounds.east),
                        plainNumber(bounds.south), plainNumber(bounds.north));
 }
 
 }  // namespace
 
-Bounds boundsRound(const analysis::StationView& stations) {
+GeoBox boundsRound(const analysis::StationView& stations) {
     constexpr double margin = 1;
     const auto [west, east] = shortestRange(stations.longitudes);
     const auto [south, north] = std::ranges::minmax(stations.latitudes);
@@ -91,8 +85,8 @@ Bounds boundsRound(const analysis::StationView& stations) {
 }
 
 GridPlan planGrid(const GridRequest& request, const analysis::StationView& stations) {
-    const Bounds asked = request.bounds.value_or(boundsRound(stations));
-    const Bounds bounds = request.wholeDegrees ? widened(asked) : asked;
+    const GeoBox asked = request.bounds.value_or(boundsRound(stations));
+    const GeoBox bounds = request.wholeDegrees ? widened(asked) : asked;
     const GridSteps steps = request.steps.value_or(customarySteps(bounds, stations.count()));
     GridPlan plan{{},
                   countLines(bounds.west, bounds.east, steps.longitude, "longitudes"),

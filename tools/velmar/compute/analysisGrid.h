@@ -16,7 +16,7 @@ struct GridSteps {
 
 /// The grid that the user asked for.
 struct GridRequest {
-    std::optional<Bounds> bounds;    ///< those of the stations, and a degree more on each side, when not set
+    std::optional<GeoBox> bounds;    ///< those of the stations, and a degree more on each side, when not set
     std::optional<GridSteps> steps;  ///< chosen by the distance of the stations when not set
     bool wholeDegrees = false;       ///< whether the bounds must be whole numbers; they are widened to be so
 };
@@ -31,7 +31,7 @@ struct GridPlan {
 
 /// The area of stations, of which there must be one, and a degree or two more on each side, in whole degrees.
 /// Stations on both sides of Greenwich or of the date line are brought together.
-Bounds boundsRound(const analysis::StationView& stations);
+GeoBox boundsRound(const analysis::StationView& stations);
 
 /// Plans the grid of an analysis. Steps are fitted so that they divide the bounds. A Problem when they do not
 /// fit at all, or would give too many points.

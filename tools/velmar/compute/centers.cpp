@@ -41,12 +41,12 @@ bool isComplete(const grid::GridView& grid, int column, int row) {
 
 }  // namespace
 
-std::vector<Center> prominentCenters(const ContourSet& set, float leastProminence) {
+std::vector<ProminentCenter> prominentCenters(const ContourSet& set, float leastProminence) {
     const WrappedGrid wrapped = wrap(set);
     const std::vector<float> highs = prominences(set.grid, 1, set.circlesGlobe());
     const std::vector<float> lows = prominences(set.grid, -1, set.circlesGlobe());
     const grid::Lattice& lattice = set.lattice;
-    std::vector<Center> centers;
+    std::vector<ProminentCenter> centers;
     for (const contour::Center& found : contour::findGridCenters(wrapped.view, grid::missingInFiles)) {
         const int column = found.column - wrapped.extraColumns;
         const int row = found.row;
@@ -60,7 +60,7 @@ std::vector<Center> prominentCenters(const ContourSet& set, float leastProminenc
                            lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep,
                            prominence});
     }
-    std::ranges::stable_sort(centers, std::ranges::greater{}, &Center::prominence);
+    std::ranges::stable_sort(centers, std::ranges::greater{}, &ProminentCenter::prominence);
     return centers;
 }
 

@@ -7,7 +7,7 @@
 namespace velmar::tool {
 
 /// A centre of a high or a low.
-struct Center {
+struct ProminentCenter {
     bool high;
     float value;
     double longitude;
@@ -17,6 +17,6 @@ struct Center {
 
 /// The centres of a grid that stand out by at least so much, the most prominent first. None is missing or
 /// touches a missing value.
-std::vector<Center> prominentCenters(const ContourSet& set, float leastProminence);
+std::vector<ProminentCenter> prominentCenters(const ContourSet& set, float leastProminence);
 
 }  // namespace velmar::tool

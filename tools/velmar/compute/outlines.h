@@ -15,10 +15,10 @@ struct OutlinePoint {
 
 /// The last point joins the first. Outlines of areas run counter-clockwise where longitude and latitude rise
 /// with columns and rows, those of their holes the other way.
-using Outline = std::vector<OutlinePoint>;
+using AreaOutline = std::vector<OutlinePoint>;
 
 /// Joins the areas of a shading of one level in strips of one row: what two strips have in common is no
 /// outline. The shading is in columns and rows.
-std::vector<Outline> joinStrips(const Shading& shading);
+std::vector<AreaOutline> joinStrips(const Shading& shading);
 
 }  // namespace velmar::tool

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
+#include "common/text.h"
 #include "files/stationValues.h"
 #include "rain/rainTable.h"
 #include "read/gridFile.h"
@@ -81,7 +81,7 @@ std::string rainTimeText(DateKey time) {
     return fmt::format("{:04}-{:02}-{:02} {:02}:00", year, month, day, hour);
 }
 
-RainSum sumRain(const std::string& directory, const RainSpan& span) {
+RainSum sumRain(const std::string& directory, const RainPeriod& span) {
     rain::RainTable table;
     RainSum sum{.span = span, .last = span.from, .files = {}, .notices = {}, .stations = {}};
     while (sum.last < span.to) {

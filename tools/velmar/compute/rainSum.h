@@ -19,7 +19,7 @@ constexpr TimeParts partsOf(rain::DateKey time) {
             static_cast<int>(time / 100 % 100), static_cast<int>(time % 100)};
 }
 
-struct RainSpan {
+struct RainPeriod {
     rain::DateKey from;  ///< not part of the sum
     rain::DateKey to;
     int stepHours;
@@ -34,7 +34,7 @@ struct RainStation {
 };
 
 struct RainSum {
-    RainSpan span;
+    RainPeriod span;
     rain::DateKey last;  ///< the time of the last file: after the end when the steps pass over that
     std::vector<std::string> files;
     std::vector<std::string> notices;  ///< what the user should know about the files
@@ -45,6 +45,6 @@ struct RainSum {
 std::string rainTimeText(rain::DateKey time);
 
 /// Adds up the rain files of a directory; a Problem that names the file and what is wrong when that fails.
-RainSum sumRain(const std::string& directory, const RainSpan& span);
+RainSum sumRain(const std::string& directory, const RainPeriod& span);
 
 }  // namespace velmar::tool

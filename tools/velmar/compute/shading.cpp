@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "cli/problem.h"
+#include "common/text.h"
 #include "shade/shading.h"
 
 namespace velmar::tool {
@@ -24,7 +24,7 @@ bool reachesAbove(const grid::GridView& grid, float level) {
 
 }  // namespace
 
-bool ShadePolygon::counterClockwise() const {
+bool PaintedArea::counterClockwise() const {
     double twiceArea = 0;
     const auto [x0, y0] = (*this)[0];
     for (std::size_t k = 1; k < size(); ++k) {

@@ -8,7 +8,7 @@
 namespace velmar::tool {
 
 /// An area to be painted: a view into the coordinates of its shading. Its last point repeats the first.
-struct ShadePolygon : GeoPoints {
+struct PaintedArea : GeoPoints {
     float level;
     int colour;
 
@@ -18,7 +18,7 @@ struct ShadePolygon : GeoPoints {
 /// Areas in the order in which they are painted.
 struct Shading {
     base::Floats coordinates;  ///< of the polygons
-    std::vector<ShadePolygon> polygons;
+    std::vector<PaintedArea> polygons;
 };
 
 /// What is above the levels, which are in rising order, each once; missingInFiles is no data. Nothing to

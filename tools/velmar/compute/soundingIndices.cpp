@@ -14,9 +14,9 @@ struct MoistLevel {
     double dewPoint;
 };
 
-std::vector<MoistLevel> moistLevels(const std::vector<SoundingLevel>& levels) {
+std::vector<MoistLevel> moistLevels(const std::vector<CheckedLevel>& levels) {
     std::vector<MoistLevel> moist;
-    for (const SoundingLevel& level : levels)
+    for (const CheckedLevel& level : levels)
         if (level.temperature && level.dewPoint)
             moist.push_back({static_cast<double>(level.pressure), *level.temperature, *level.dewPoint});
     return moist;
@@ -27,8 +27,8 @@ std::optional<MoistLevel> at(const std::vector<MoistLevel>& levels, double press
     return found == levels.end() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<double> temperatureAt(const std::vector<SoundingLevel>& levels, int pressure) {
-    for (const SoundingLevel& level : levels)
+std::optional<double> temperatureAt(const std::vector<CheckedLevel>& levels, int pressure) {
+    for (const CheckedLevel& level : levels)
         if (level.pressure == pressure && level.temperature) return *level.temperature;
     return std::nullopt;
 }
@@ -58,7 +58,7 @@ std::optional<double> precipitableWater(const std::vector<MoistLevel>& levels, i
 
 }  // namespace
 
-SoundingIndices indicesOf(const std::vector<SoundingLevel>& levels) {
+SoundingIndices indicesOf(const std::vector<CheckedLevel>& levels) {
     SoundingIndices indices;
     const std::vector<MoistLevel> moist = moistLevels(levels);
     if (moist.empty()) return indices;

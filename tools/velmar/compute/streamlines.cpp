@@ -4,7 +4,7 @@
 #include <numeric>
 #include <span>
 
-#include "cli/problem.h"
+#include "common/text.h"
 #include "wind/streamlines.h"
 
 namespace velmar::tool {
@@ -84,7 +84,7 @@ void readArrows(std::span<const float> arrows, const grid::GridView& grid, const
 
 }  // namespace
 
-StreamlineSet traceStreamlines(const WindFile& file, int density, const std::vector<float>& levels) {
+StreamlineSet traceStreamlines(const WindGrid& file, int density, const std::vector<float>& levels) {
     const bool closes = circlesGlobe(file.header);
     const grid::Grid closedU = closes ? closedGrid(file.u) : grid::Grid{};
     const grid::Grid closedV = closes ? closedGrid(file.v) : grid::Grid{};

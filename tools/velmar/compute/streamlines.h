@@ -40,6 +40,6 @@ struct StreamlineSet {
 ///
 ///   density  1 to 14; 5 is usual
 ///   levels   of the bands of speed, m/s, rising, the first 0; 1 to 100
-StreamlineSet traceStreamlines(const WindFile& file, int density, const std::vector<float>& levels);
+StreamlineSet traceStreamlines(const WindGrid& file, int density, const std::vector<float>& levels);
 
 }  // namespace velmar::tool

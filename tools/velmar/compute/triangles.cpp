@@ -4,11 +4,9 @@
 
 #include <cstdint>
 
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/analysisGrid.h"
 #include "triangles/stationContours.h"
-#include "write/geoJson.h"
 
 namespace velmar::tool {
 namespace {
@@ -16,7 +14,7 @@ namespace {
 constexpr std::size_t mostLevels = 49;
 
 grid::Lattice latticeOf(const analysis::StationView& stations) {
-    const Bounds bounds = boundsRound(stations);
+    const GeoBox bounds = boundsRound(stations);
     // Points of lines lie as they come, to hundredths of a degree and less.
     constexpr float step = 0.01F;
     return {static_cast<float>(bounds.west),  static_cast<float>(bounds.east),  step,
@@ -41,13 +39,6 @@ void trace(const analysis::Stations& stations, ContourSet& set) {
             {{{set.coordinates.get() + 2 * line.firstPoint, 2 * line.pointCount}}, line.level});
 }
 
-Json triangleJson(const StationContours& contours, const triangles::Triangle& triangle) {
-    Json ring = Json::array();
-    for (const std::uint32_t k : {triangle[0], triangle[1], triangle[2], triangle[0]})
-        ring.push_back(positionJson({contours.stations.longitudes[k], contours.stations.latitudes[k]}));
-    return {{"type", "Polygon"}, {"coordinates", Json::array({ring})}};
-}
-
 }  // namespace
 
 StationContours contourStations(const analysis::Stations& stations, const std::vector<float>& levels) {
@@ -68,16 +59,6 @@ StationContours contourStations(const analysis::Stations& stations, const std::v
             "nearest neighbour is needed");
     trace(placed, set);
     return result;
-}
-
-std::string geoJson(const StationContours& contours) {
-    FeatureCollection collection;
-    for (const Isoline& line : contours.lines.lines)
-        collection.add({{"kind", "line"}, {"value", writtenNumber(line.value)}},
-                       {{"type", "LineString"}, {"coordinates", positionsJson(line)}});
-    for (const triangles::Triangle& triangle : contours.triangles)
-        collection.add({{"kind", "triangle"}, {"stations", triangle}}, triangleJson(contours, triangle));
-    return collection.text();
 }
 
 }  // namespace velmar::tool

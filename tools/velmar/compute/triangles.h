@@ -19,7 +19,4 @@ struct StationContours {
 /// triangle.
 StationContours contourStations(const analysis::Stations& stations, const std::vector<float>& levels);
 
-/// The lines, then the triangles, as a GeoJSON FeatureCollection.
-std::string geoJson(const StationContours& contours);
-
 }  // namespace velmar::tool

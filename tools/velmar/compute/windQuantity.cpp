@@ -13,7 +13,7 @@
 namespace velmar::tool {
 namespace {
 
-base::Floats speeds(const WindFile& file) {
+base::Floats speeds(const WindGrid& file) {
     base::Floats values = base::allocateFloats(file.u.size());
     std::transform(file.u.values, file.u.values + file.u.size(), file.v.values, values.get(), windSpeed);
     return values;
@@ -40,7 +40,7 @@ grid::Grid seamStrip(const grid::GridView& grid) {
 }
 
 /// The library's derivatives are missing on the edges of a grid; on a seam that is no edge they are put in.
-void fillSeam(WindQuantity quantity, const WindFile& file, float* values) {
+void fillSeam(WindQuantity quantity, const WindGrid& file, float* values) {
     const grid::Grid u = seamStrip(file.u);
     const grid::Grid v = seamStrip(file.v);
     const base::Floats strip = derivative(quantity, u.view(), v.view(), file.header.lattice);
@@ -52,7 +52,7 @@ void fillSeam(WindQuantity quantity, const WindFile& file, float* values) {
     }
 }
 
-base::Floats computed(WindQuantity quantity, const WindFile& file) {
+base::Floats computed(WindQuantity quantity, const WindGrid& file) {
     if (quantity == WindQuantity::speed) return speeds(file);
     base::Floats values = derivative(quantity, file.u, file.v, file.header.lattice);
     if (circlesGlobe(file.header)) fillSeam(quantity, file, values.get());
@@ -112,7 +112,7 @@ std::string_view quantityName(WindQuantity quantity) {
     return names.at(static_cast<std::size_t>(quantity));
 }
 
-GridFile windQuantity(const WindFile& file, WindQuantity quantity, float scale) {
+GridFile windQuantity(const WindGrid& file, WindQuantity quantity, float scale) {
     const std::string suffix = fmt::format("_{}", quantityName(quantity));
     GridFile grid{.header = {},
                   .title = file.title + suffix,

@@ -6,8 +6,7 @@
 #include <cmath>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "files/byteImage.h"
 
 namespace velmar::tool {

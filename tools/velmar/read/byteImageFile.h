@@ -7,10 +7,6 @@
 
 namespace velmar::tool {
 
-inline constexpr int byteImageType = 13;
-
-inline bool isByteImage(const FileHead& head) { return head.kind.type == byteImageType; }
-
 /// A byte image, read in full.
 struct ByteImageFile {
     std::string title;      ///< UTF-8

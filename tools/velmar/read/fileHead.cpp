@@ -7,27 +7,26 @@
 #include <filesystem>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
 
 constexpr std::array kinds{
-    FileKind{1, "surface station reports", true, false},
-    FileKind{2, "upper-air station reports", true, false},
-    FileKind{3, "station values of one or more elements", true, false},
-    FileKind{gridFileType, "grid of one quantity", true, false},
-    FileKind{5, "soundings", true, true},
-    FileKind{8, "city forecasts", true, false},
-    FileKind{9, "map lines", true, true},
-    FileKind{10, "region boundaries", true, false},
-    FileKind{11, "wind grid", true, false},
-    FileKind{13, "byte image", false, true},
-    FileKind{16, "station list", true, false},
-    FileKind{777, "boundary line", true, false},
-    FileKind{778, "boundary line", true, false},
-    FileKind{780, "boundary line", true, false},
+    FileKind{1, FileContent::stations, "surface station reports", true, false},
+    FileKind{2, FileContent::stations, "upper-air station reports", true, false},
+    FileKind{3, FileContent::stations, "station values of one or more elements", true, false},
+    FileKind{gridFileType, FileContent::grid, "grid of one quantity", true, false},
+    FileKind{5, FileContent::soundings, "soundings", true, true},
+    FileKind{8, FileContent::stations, "city forecasts", true, false},
+    FileKind{9, FileContent::mapLines, "map lines", true, true},
+    FileKind{10, FileContent::mapLines, "region boundaries", true, false},
+    FileKind{11, FileContent::wind, "wind grid", true, false},
+    FileKind{13, FileContent::byteImage, "byte image", false, true},
+    FileKind{16, FileContent::stations, "station list", true, false},
+    FileKind{777, FileContent::mapLines, "boundary line", true, false},
+    FileKind{778, FileContent::mapLines, "boundary line", true, false},
+    FileKind{780, FileContent::mapLines, "boundary line", true, false},
 };
 
 constexpr std::string_view notOfTheFamily =
@@ -41,7 +40,7 @@ files::FileText readFile(const std::string& path) {
     if (!std::filesystem::exists(status)) throw Problem("there is no such file");
     if (std::filesystem::is_directory(status)) throw Problem("it is a folder, not a file");
     if (!std::filesystem::is_regular_file(status)) throw Problem("it is not a regular file");
-    throw Problem(readerProblem(-1));
+    throw Problem("the file cannot be opened");
 }
 
 }  // namespace

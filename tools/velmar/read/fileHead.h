@@ -7,9 +7,13 @@
 
 namespace velmar::tool {
 
-/// A kind of file of the family: its type number and its name in words.
+/// What files hold.
+enum class FileContent { grid, wind, byteImage, stations, soundings, mapLines };
+
+/// A kind of file of the family: its type number, what it holds and its name in words.
 struct FileKind {
     int type;
+    FileContent content;
     std::string_view name;
     /// The first word such a file can begin with.
     bool diamond;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/floats.h"
+#include "common/places.h"
 #include "files/gridFile.h"
 #include "grid/grid.h"
 #include "read/fileHead.h"
@@ -25,6 +26,9 @@ GridFile readGridFile(const std::string& path);
 /// The same where the head of the file is known already.
 GridFile readGridFile(const FileHead& head);
 
+/// What an error code of the readers of grid files means, in words.
+std::string gridReaderProblem(int code);
+
 /// A Problem unless all numbers of the lattice are finite.
 void requireFinite(const grid::Lattice& lattice);
 
@@ -33,22 +37,8 @@ grid::Grid closedGrid(const grid::GridView& grid);
 
 inline bool isPresent(float value) { return value != grid::missingInFiles && std::isfinite(value); }
 
-/// A part of the earth, in degrees.
-struct Bounds {
-    double west;
-    double east;
-    double south;
-    double north;
-};
-
-struct PlacedValue {
-    float value;
-    double longitude;
-    double latitude;
-};
-
 /// Smallest and largest value of a grid, and where they are.
-struct Extremes {
+struct PlacedExtremes {
     std::size_t present = 0;  ///< values that are neither missing nor infinite nor not-a-number
     std::size_t missing = 0;
     PlacedValue smallest{};
@@ -57,6 +47,7 @@ struct Extremes {
 
 /// Looks at the grid points inside an area, or at all when none is given. Longitudes that differ by whole
 /// circles are the same.
-Extremes findExtremes(const grid::GridView& grid, const grid::Lattice& lattice, const Bounds* area = nullptr);
+PlacedExtremes findExtremes(const grid::GridView& grid, const grid::Lattice& lattice,
+                            const GeoBox* area = nullptr);
 
 }  // namespace velmar::tool

@@ -3,12 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "files/mapFile.h"
 #include "files/polyline.h"
 #include "files/regionFile.h"
@@ -17,10 +15,7 @@ namespace velmar::tool {
 namespace {
 
 constexpr int mapFileType = 9;
-constexpr std::array lineTypes{777, 778, 780};
 constexpr double circle = 360;
-
-bool isLineType(int type) { return std::ranges::find(lineTypes, type) != lineTypes.end(); }
 
 std::string breakOff(const LineMap& map, const char* what) {
     return fmt::format("the file breaks off: {} {} of it can be read", map.lines.size(), what);
@@ -77,33 +72,24 @@ std::vector<double> longitudesOf(const LineMap& map) {
     return longitudes;
 }
 
-struct Stretch {
-    double west;
-    double east;
-};
-
 /// What is left of the circle without its widest gap.
-Stretch withoutGap(std::vector<double> longitudes) {
+LongitudeRange withoutGap(std::vector<double> longitudes) {
     std::ranges::sort(longitudes);
     double widest = longitudes.front() + circle - longitudes.back();
-    Stretch stretch{longitudes.front(), longitudes.back()};
+    LongitudeRange range{longitudes.front(), longitudes.back()};
     for (std::size_t k = 1; k < longitudes.size(); ++k) {
         const double gap = longitudes[k] - longitudes[k - 1];
         if (gap <= widest) continue;
         widest = gap;
-        stretch = {longitudes[k] - circle, longitudes[k - 1]};
+        range = {longitudes[k] - circle, longitudes[k - 1]};
     }
-    return stretch;
+    return range;
 }
 
 }  // namespace
 
-bool isLineMap(const FileHead& head) {
-    return head.kind.type == mapFileType || head.kind.type == regionFileType || isLineType(head.kind.type);
-}
-
 LineMap readLineMap(const FileHead& head) {
-    if (!isLineMap(head))
+    if (head.kind.content != FileContent::mapLines)
         throw Problem(
             fmt::format("it holds no lines of a map: {} (type {})", head.kind.name, head.kind.type));
     LineMap map{};
@@ -118,7 +104,7 @@ LineMap readLineMap(const FileHead& head) {
     return map;
 }
 
-Bounds boundsOf(const LineMap& map) {
+GeoBox boundsOf(const LineMap& map) {
     std::vector<double> longitudes = longitudesOf(map);
     if (longitudes.empty()) throw Problem("none of its points is on the globe");
     double south = 90;

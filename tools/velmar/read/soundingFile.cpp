@@ -8,8 +8,7 @@
 #include <iterator>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
-#include "compute/soundingIndices.h"
+#include "common/text.h"
 #include "files/soundings.h"
 #include "sounding/derive.h"
 
@@ -21,7 +20,7 @@ std::optional<float> within(float value, float least, float most) {
     return value >= least && value <= most ? std::optional(value) : std::nullopt;
 }
 
-SoundingLevel levelOf(const base::SoundingLevel& level) {
+CheckedLevel levelOf(const base::SoundingLevel& level) {
     return {.pressure = level.pressure,
             .height = level.height == grid::missingInFiles ? std::nullopt : within(level.height, -1e3F, 6e4F),
             .temperature = within(level.temperature, -120, 70),
@@ -37,34 +36,31 @@ std::optional<FreezingLevel> freezingLevelOf(const base::Sounding& sounding) {
     if (!std::ranges::is_sorted(sounding.levels, std::greater{}, &base::SoundingLevel::pressure))
         return std::nullopt;
     for (const base::SoundingLevel& raw : sounding.levels) {
-        const SoundingLevel level = levelOf(raw);
+        const CheckedLevel level = levelOf(raw);
         if (!level.temperature || !level.height) return std::nullopt;
         if (*level.temperature <= 0) break;
     }
     return FreezingLevel{sounding.freezingHeight, sounding.freezingPressure};
 }
 
-Sounding soundingOf(const base::Sounding& raw) {
+CheckedSounding soundingOf(const base::Sounding& raw) {
     constexpr int highestPressure = 1200;
-    Sounding sounding{.number = raw.number,
-                      .longitude = raw.longitude,
-                      .latitude = raw.latitude,
-                      .height = raw.height,
-                      .levels = {},
-                      .freezing = freezingLevelOf(raw),
-                      .indices = {}};
+    CheckedSounding sounding{.number = raw.number,
+                             .longitude = raw.longitude,
+                             .latitude = raw.latitude,
+                             .height = raw.height,
+                             .levels = {},
+                             .freezing = freezingLevelOf(raw)};
     std::ranges::transform(raw.levels, std::back_inserter(sounding.levels), levelOf);
-    std::erase_if(sounding.levels, [](const SoundingLevel& level) {
+    std::erase_if(sounding.levels, [](const CheckedLevel& level) {
         return level.pressure < 1 || level.pressure > highestPressure;
     });
-    std::ranges::stable_sort(sounding.levels, std::greater{}, &SoundingLevel::pressure);
-    sounding.indices = indicesOf(sounding.levels);
+    std::ranges::stable_sort(sounding.levels, std::greater{}, &CheckedLevel::pressure);
     return sounding;
 }
 
-/// The date as the file has it. The library takes all years of two digits for those from 2000 on; here, as in all
-/// dates that the program shows, those from 50 on are of the century before.
-void readHeader(const FileHead& head, SoundingFile& file) {
+/// Reads the date as the file has it: the library's takes all years of two digits for those from 2000 on.
+void readHeader(const FileHead& head, CheckedSoundings& file) {
     base::TextScanner in(head.file.view());
     std::string_view keyword;
     std::string_view title;
@@ -75,23 +71,22 @@ void readHeader(const FileHead& head, SoundingFile& file) {
             "its header cannot be read: year, month, day, hour and the number of soundings are expected "
             "behind "
             "the title");
-    if (file.time.year >= 0 && file.time.year < 50) file.time.year += 2000;
     file.title = head.title;
 }
 
 }  // namespace
 
-std::string SoundingFile::notice() const {
+std::string CheckedSoundings::notice() const {
     if (promised <= 0 || soundings.size() == static_cast<std::size_t>(promised)) return {};
     return fmt::format("its header promises {} soundings, but only {} can be read", promised,
                        soundings.size());
 }
 
-SoundingFile readSoundingFile(const FileHead& head) {
-    if (!isSoundingFile(head))
+CheckedSoundings readSoundingFile(const FileHead& head) {
+    if (head.kind.content != FileContent::soundings)
         throw Problem(fmt::format("it holds something else than soundings (type {}): {} (type {})",
                                   soundingFileType, head.kind.name, head.kind.type));
-    SoundingFile file{};
+    CheckedSoundings file{};
     readHeader(head, file);
     base::TextScanner in(head.file.view());
     sounding::StandardLevels standard;
@@ -102,10 +97,10 @@ SoundingFile readSoundingFile(const FileHead& head) {
     return file;
 }
 
-void keepStation(SoundingFile& file, int number) {
+void keepStation(CheckedSoundings& file, int number) {
     std::vector<int> numbers;
-    for (const Sounding& sounding : file.soundings) numbers.push_back(sounding.number);
-    std::erase_if(file.soundings, [&](const Sounding& sounding) { return sounding.number != number; });
+    for (const CheckedSounding& sounding : file.soundings) numbers.push_back(sounding.number);
+    std::erase_if(file.soundings, [&](const CheckedSounding& sounding) { return sounding.number != number; });
     if (file.soundings.empty())
         throw Problem(fmt::format("it has no sounding of station {}, but of: {}", number,
                                   numbers.empty() ? "none" : fmt::format("{}", fmt::join(numbers, ", "))));

@@ -11,10 +11,8 @@ namespace velmar::tool {
 
 inline constexpr int soundingFileType = 5;
 
-inline bool isSoundingFile(const FileHead& head) { return head.kind.type == soundingFileType; }
-
 /// What was measured at a pressure; what is missing or cannot be is not set.
-struct SoundingLevel {
+struct CheckedLevel {
     int pressure;                        ///< hPa
     std::optional<float> height;         ///< as the file has it, in most files metres
     std::optional<float> temperature;    ///< degrees C
@@ -29,30 +27,20 @@ struct FreezingLevel {
     float pressure;  ///< hPa
 };
 
-/// Indices of a sounding; those whose levels are not there are not set.
-struct SoundingIndices {
-    std::optional<double> k;                  ///< George (1960), degrees C
-    std::optional<double> totalTotals;        ///< Miller (1967), degrees C
-    std::optional<double> showalter;          ///< Showalter (1953), degrees C
-    std::optional<double> lifted;             ///< Galway (1956), of air from the lowest level, degrees C
-    std::optional<double> precipitableWater;  ///< mm
-};
-
-struct Sounding {
+struct CheckedSounding {
     int number;
     float longitude;
     float latitude;
-    float height;                       ///< of the station, metres
-    std::vector<SoundingLevel> levels;  ///< by falling pressure
+    float height;                      ///< of the station, metres
+    std::vector<CheckedLevel> levels;  ///< by falling pressure
     std::optional<FreezingLevel> freezing;
-    SoundingIndices indices;
 };
 
-struct SoundingFile {
+struct CheckedSoundings {
     std::string title;        ///< UTF-8
     files::FieldHeader time;  ///< the date; the rest is 0
     int promised;             ///< soundings, according to the header
-    std::vector<Sounding> soundings;
+    std::vector<CheckedSounding> soundings;
 
     /// Where the file breaks off; empty when it is whole.
     std::string notice() const;
@@ -60,9 +48,9 @@ struct SoundingFile {
 
 /// Reads a file of soundings (type 5), as far as it goes; a Problem when its header cannot be read or it is of
 /// another kind.
-SoundingFile readSoundingFile(const FileHead& head);
+CheckedSoundings readSoundingFile(const FileHead& head);
 
 /// Keeps the soundings of one station; a Problem when there is none.
-void keepStation(SoundingFile& file, int number);
+void keepStation(CheckedSoundings& file, int number);
 
 }  // namespace velmar::tool

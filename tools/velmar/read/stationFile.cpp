@@ -9,7 +9,7 @@
 
 #include "analysis/stations.h"
 #include "base/scanner.h"
-#include "cli/problem.h"
+#include "common/text.h"
 #include "files/reports.h"
 #include "files/stationValues.h"
 
@@ -138,10 +138,6 @@ StationFile readStationValues(const FileHead& head) {
 }
 
 }  // namespace
-
-bool isStationFile(const FileHead& head) {
-    return head.kind.type == stationValuesType || reportTypeOf(head) != nullptr;
-}
 
 bool StationFile::hasValue(std::size_t station, int element) const {
     const float found = value(station, element);

@@ -17,8 +17,6 @@ inline constexpr int stationValuesType = 3;
 inline constexpr int forecastReportsType = 8;
 inline constexpr int stationListType = 16;
 
-bool isStationFile(const FileHead& head);
-
 /// A station file, read as far as it goes.
 struct StationFile {
     int type;

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/scanner.h"
-#include "cli/problem.h"
+#include "common/text.h"
 #include "files/windFile.h"
 
 namespace velmar::tool {
@@ -18,7 +18,7 @@ std::string windReaderProblem(int code) {
         "the file holds fewer values than its header says, or something else than numbers";
     switch (code) {
         case -2:
-            return readerProblem(code);
+            return gridReaderProblem(code);
         case -3:
             return "it is not a wind file: its keyword is not \"diamond\"";
         case -4:
@@ -50,10 +50,8 @@ float windSpeed(float u, float v) {
     return present ? std::sqrt(u * u + v * v) : grid::missingInFiles;
 }
 
-bool isWindFile(const FileHead& head) { return head.kind.type == windFileType; }
-
-WindFile readWindFile(const FileHead& head) {
-    if (!isWindFile(head))
+WindGrid readWindFile(const FileHead& head) {
+    if (head.kind.content != FileContent::wind)
         throw Problem(fmt::format("it holds something else than a wind grid (type {}): {} (type {})",
                                   windFileType, head.kind.name, head.kind.type));
     base::TextScanner in(head.file.view());
@@ -62,7 +60,7 @@ WindFile readWindFile(const FileHead& head) {
     if (!wind) throw Problem(windReaderProblem(wind.failure().code));
     requireFinite(wind->header.lattice);
     requireFinite(computedEnds(wind->header));
-    WindFile file{.header = wind->header,
+    WindGrid file{.header = wind->header,
                   .title = head.title,
                   .titleBytes = head.titleBytes,
                   .storage = std::make_unique<std::array<grid::Grid, 2>>(

@@ -9,7 +9,7 @@
 namespace velmar::tool {
 
 /// A wind file (type 11), read in full. Its rows run from south to north, whatever the file has.
-struct WindFile {
+struct WindGrid {
     files::FieldHeader header;
     std::string title;                                   ///< UTF-8
     std::string titleBytes;                              ///< GBK
@@ -20,10 +20,8 @@ struct WindFile {
 
 inline constexpr int windFileType = 11;
 
-bool isWindFile(const FileHead& head);
-
 /// Reads a wind file; a Problem when that fails or the file is of another kind.
-WindFile readWindFile(const FileHead& head);
+WindGrid readWindFile(const FileHead& head);
 
 /// Wind speed; missing where a component is.
 float windSpeed(float u, float v);

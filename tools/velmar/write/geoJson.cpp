@@ -1,6 +1,6 @@
 #include "write/geoJson.h"
 
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

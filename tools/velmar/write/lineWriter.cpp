@@ -2,9 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
 #include <iterator>
 
-#include "cli/text.h"
+#include "common/text.h"
 #include "write/geoJson.h"
 
 namespace velmar::tool {
@@ -13,6 +14,13 @@ namespace {
 Json geometry(const Isoline& line) {
     if (line.size() == 1) return {{"type", "Point"}, {"coordinates", positionJson(line[0])}};
     return {{"type", "LineString"}, {"coordinates", positionsJson(line)}};
+}
+
+Json triangleJson(const StationContours& contours, const triangles::Triangle& triangle) {
+    Json ring = Json::array();
+    for (const std::uint32_t k : {triangle[0], triangle[1], triangle[2], triangle[0]})
+        ring.push_back(positionJson({contours.stations.longitudes[k], contours.stations.latitudes[k]}));
+    return {{"type", "Polygon"}, {"coordinates", Json::array({ring})}};
 }
 
 }  // namespace
@@ -34,6 +42,16 @@ std::string commaSeparated(const ContourSet& set) {
                            line[k].latitude);
     }
     return text;
+}
+
+std::string geoJson(const StationContours& contours) {
+    FeatureCollection collection;
+    for (const Isoline& line : contours.lines.lines)
+        collection.add({{"kind", "line"}, {"value", writtenNumber(line.value)}},
+                       {{"type", "LineString"}, {"coordinates", positionsJson(line)}});
+    for (const triangles::Triangle& triangle : contours.triangles)
+        collection.add({{"kind", "triangle"}, {"stations", triangle}}, triangleJson(contours, triangle));
+    return collection.text();
 }
 
 }  // namespace velmar::tool

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "compute/contours.h"
+#include "compute/triangles.h"
 
 namespace velmar::tool {
 
@@ -14,5 +14,8 @@ std::string geoJson(const ContourSet& set);
 /// The lines as comma-separated values, a row a point: line (counted from 1), value, closed, longitude,
 /// latitude.
 std::string commaSeparated(const ContourSet& set);
+
+/// The lines, then the triangles, as a GeoJSON FeatureCollection.
+std::string geoJson(const StationContours& contours);
 
 }  // namespace velmar::tool

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <iterator>
 
-#include "cli/text.h"
+#include "common/text.h"
+#include "compute/soundingIndices.h"
 
 namespace velmar::tool {
 namespace {
@@ -35,7 +36,7 @@ std::string shown(const std::optional<float>& value, const char* missing) {
 
 Json jsonOf(const std::optional<float>& value) { return value ? Json(writtenNumber(*value)) : Json(); }
 
-Json levelJson(const SoundingLevel& level) {
+Json levelJson(const CheckedLevel& level) {
     return {{"pressure", level.pressure},
             {"height", jsonOf(level.height)},
             {"temperature", jsonOf(level.temperature)},
@@ -51,7 +52,7 @@ Json indicesJson(const SoundingIndices& indices) {
     return json;
 }
 
-Json stationJson(const Sounding& sounding) {
+Json stationJson(const CheckedSounding& sounding) {
     Json json{{"station", sounding.number},
               {"longitude", writtenNumber(sounding.longitude)},
               {"latitude", writtenNumber(sounding.latitude)},
@@ -59,18 +60,18 @@ Json stationJson(const Sounding& sounding) {
     if (const auto& freezing = sounding.freezing)
         json["freezing"] = {{"height", rounded(freezing->height, 10)},
                             {"pressure", rounded(freezing->pressure, 10)}};
-    json["indices"] = indicesJson(sounding.indices);
+    json["indices"] = indicesJson(indicesOf(sounding.levels));
     json["levels"] = Json::array();
-    for (const SoundingLevel& level : sounding.levels) json["levels"].push_back(levelJson(level));
+    for (const CheckedLevel& level : sounding.levels) json["levels"].push_back(levelJson(level));
     return json;
 }
 
-void addSounding(const Sounding& sounding, std::string& text) {
+void addSounding(const CheckedSounding& sounding, std::string& text) {
     const auto out = std::back_inserter(text);
     fmt::format_to(out, "\n{}\n", stationText(sounding));
     fmt::format_to(out, "{:>8}{:>8}{:>13}{:>11}{:>11}{:>7}\n", "hPa", "height", "temperature", "dew point",
                    "wind from", "m/s");
-    for (const SoundingLevel& level : sounding.levels)
+    for (const CheckedLevel& level : sounding.levels)
         fmt::format_to(out, "{:>8}{:>8}{:>13}{:>11}{:>11}{:>7}\n", level.pressure, shown(level.height, "-"),
                        shown(level.temperature, "-"), shown(level.dewPoint, "-"),
                        shown(level.windDirection, "-"), shown(level.windSpeed, "-"));
@@ -82,10 +83,11 @@ void addSounding(const Sounding& sounding, std::string& text) {
 const char* const soundingHeading =
     "time,station,longitude,latitude,pressure,height,temperature,dewPoint,windDirection,windSpeed\n";
 
-std::vector<NamedText> indexTexts(const Sounding& sounding) {
+std::vector<NamedText> indexTexts(const CheckedSounding& sounding) {
+    const SoundingIndices indices = indicesOf(sounding.levels);
     std::vector<NamedText> texts;
     for (const IndexKind& kind : indexKinds) {
-        const auto value = sounding.indices.*kind.value;
+        const auto value = indices.*kind.value;
         texts.push_back({kind.name, value ? fmt::format("{:.1f}{}", rounded(*value, 10), kind.unit) : "-"});
     }
     const auto& freezing = sounding.freezing;
@@ -94,28 +96,28 @@ std::vector<NamedText> indexTexts(const Sounding& sounding) {
     return texts;
 }
 
-std::string stationText(const Sounding& sounding) {
+std::string stationText(const CheckedSounding& sounding) {
     return fmt::format("station {}   {} {}   {} m", sounding.number, latitudeText(sounding.latitude),
                        longitudeText(sounding.longitude), plainNumber(sounding.height));
 }
 
-std::string soundingText(const SoundingFile& file) {
+std::string soundingText(const CheckedSoundings& file) {
     std::string text = fmt::format("{}   {}\n", file.title, startTimeText(file.time));
-    for (const Sounding& sounding : file.soundings) addSounding(sounding, text);
+    for (const CheckedSounding& sounding : file.soundings) addSounding(sounding, text);
     return text;
 }
 
-Json soundingJson(const SoundingFile& file) {
+Json soundingJson(const CheckedSoundings& file) {
     Json json{{"title", file.title}, {"start", startTimeText(file.time)}, {"soundings", Json::array()}};
-    for (const Sounding& sounding : file.soundings) json["soundings"].push_back(stationJson(sounding));
+    for (const CheckedSounding& sounding : file.soundings) json["soundings"].push_back(stationJson(sounding));
     return json;
 }
 
-std::string soundingRows(const SoundingFile& file) {
+std::string soundingRows(const CheckedSoundings& file) {
     std::string text;
     const std::string time = startTimeText(file.time);
-    for (const Sounding& sounding : file.soundings)
-        for (const SoundingLevel& level : sounding.levels)
+    for (const CheckedSounding& sounding : file.soundings)
+        for (const CheckedLevel& level : sounding.levels)
             fmt::format_to(std::back_inserter(text), "{},{},{},{},{},{},{},{},{},{}\n", time, sounding.number,
                            sounding.longitude, sounding.latitude, level.pressure, shown(level.height, ""),
                            shown(level.temperature, ""), shown(level.dewPoint, ""),

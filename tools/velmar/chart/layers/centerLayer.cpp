@@ -1,7 +1,7 @@
 #include "chart/layers/centerLayer.h"
 
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/levelSpacing.h"
 
 namespace velmar::tool {
@@ -26,14 +26,14 @@ constexpr float leastLevels = 0.33F;
 float leastProminence(const ContourSet& set) {
     const float spacing = spacingOf(levelsOf(set));
     if (spacing > 0) return leastLevels * spacing;
-    const Extremes extremes = findExtremes(set.grid, set.lattice);
+    const PlacedExtremes extremes = findExtremes(set.grid, set.lattice);
     return (extremes.largest.value - extremes.smallest.value) / 20;
 }
 
 }  // namespace
 
 void CenterLayer::place(Page& page) {
-    for (const Center& center : prominentCenters(set_, leastProminence(set_))) {
+    for (const ProminentCenter& center : prominentCenters(set_, leastProminence(set_))) {
         const auto [first, last] = circlesInto(page.map.bounds, center.longitude, center.longitude);
         for (int circles = first; circles <= last; ++circles)
             placeMark(page, {center, page.map.toPaper(center.longitude + 360.0 * circles, center.latitude)});

@@ -15,7 +15,7 @@ public:
 
 private:
     struct Mark {
-        Center center;
+        ProminentCenter center;
         PaperPoint place;
     };
     void placeMark(Page& page, const Mark& mark);

@@ -1,9 +1,24 @@
 #pragma once
 
-#include "chart/fill.h"
+#include <vector>
+
 #include "chart/paper/page.h"
+#include "chart/paper/paper.h"
+#include "compute/contours.h"
+#include "compute/outlines.h"
 
 namespace velmar::tool {
+
+/// The bands between the levels of a chart.
+struct Fill {
+    std::vector<float> levels;    ///< rising
+    std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
+    grid::Grid grid;              ///< as fine as the one that the lines were traced on
+    grid::Lattice lattice;
+    std::vector<std::vector<AreaOutline>> areas;  ///< above each level
+};
+
+Fill fillContours(const ContourSet& set);
 
 /// Paints the bands between the levels, from the lowest level up.
 class FillLayer : public Layer {

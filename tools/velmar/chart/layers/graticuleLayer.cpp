@@ -3,7 +3,7 @@
 #include <array>
 
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

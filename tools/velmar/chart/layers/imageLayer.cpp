@@ -1,17 +1,69 @@
 #include "chart/layers/imageLayer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 
 #include "chart/layers/coverageLayer.h"
-#include "chart/layers/imageSampler.h"
+#include "chart/paper/canvas.h"
+#include "read/byteImageFile.h"
+#include "read/gridFile.h"
 
 namespace velmar::tool {
 namespace {
 
-using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+/// Reads a byte image anywhere. The value of a pixel stands for the area around its place, half a step wide
+/// on each side.
+class ImageSampler {
+public:
+    explicit ImageSampler(const ByteImageFile& image);
+
+    /// The value at a place: between four pixels with values in proportion to their distances, beside others
+    /// that of the nearest pixel, so that nothing is made up where there is no picture.
+    std::optional<float> at(double longitude, double latitude) const;
+
+private:
+    float pixel(int column, int row) const;
+
+    const ByteImageFile& image_;
+    double columnsRoundGlobe_;
+    bool wraps_;
+};
+
+ImageSampler::ImageSampler(const ByteImageFile& image)
+    : image_(image),
+      columnsRoundGlobe_(std::fabs(360.0 / image.lattice.longitudeStep)),
+      wraps_(image.circlesGlobe()) {}
+
+float ImageSampler::pixel(int column, int row) const {
+    const grid::GridView grid = image_.grid.view();
+    if (wraps_) column = (column + grid.nx) % grid.nx;
+    return grid.at(std::clamp(column, 0, grid.nx - 1), std::clamp(row, 0, grid.ny - 1));
+}
+
+std::optional<float> ImageSampler::at(double longitude, double latitude) const {
+    const grid::Lattice& lattice = image_.lattice;
+    double x = (longitude - lattice.startLongitude) / lattice.longitudeStep;
+    x -= columnsRoundGlobe_ * std::floor((x + 0.5) / columnsRoundGlobe_);
+    const double y = (latitude - lattice.startLatitude) / lattice.latitudeStep;
+    if (x >= image_.grid.nx - 0.5 && !wraps_) return std::nullopt;
+    if (y < -0.5 || y >= image_.grid.ny - 0.5) return std::nullopt;
+
+    const float nearest = pixel(static_cast<int>(std::floor(x + 0.5)), static_cast<int>(std::floor(y + 0.5)));
+    if (!isPresent(nearest)) return std::nullopt;
+    const int column = static_cast<int>(std::floor(x));
+    const int row = static_cast<int>(std::floor(y));
+    const std::array around{pixel(column, row), pixel(column + 1, row), pixel(column, row + 1),
+                            pixel(column + 1, row + 1)};
+    if (!std::ranges::all_of(around, isPresent)) return nearest;
+    const auto alongRow = static_cast<float>(x - column);
+    const auto alongColumn = static_cast<float>(y - row);
+    return std::lerp(std::lerp(around[0], around[1], alongRow), std::lerp(around[2], around[3], alongRow),
+                     alongColumn);
+}
 
 /// Paints what is on a map into squares of one paper unit.
 class Painter {
@@ -61,7 +113,7 @@ private:
 Surface paint(const ByteImageFile& image, const MapFrame& map) {
     const int width = static_cast<int>(map.box.width);
     const int height = static_cast<int>(map.box.height);
-    Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height), cairo_surface_destroy);
+    Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
     if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) throw std::bad_alloc();
     const Painter painter(image, map);
     std::vector<std::uint32_t> row(static_cast<std::size_t>(width));

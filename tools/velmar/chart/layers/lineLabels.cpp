@@ -6,7 +6,7 @@
 
 #include "chart/layers/lineRaster.h"
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "chart/layers/mapLines.h"
 #include "chart/paper/paperLine.h"
-#include "chart/paper/rounding.h"
 
 namespace velmar::tool {
 namespace {
@@ -40,7 +39,7 @@ void MapLayer::draw(Page& page) const {
 }
 
 void MapLayer::drawLines(Page& page, bool borders) const {
-    for (const LineMap::Line& line : map_.lines) {
+    for (const LineMap::MapLine& line : map_.lines) {
         if (isBorder(line) != borders) continue;
         for (const PaperPieces& pieces : linesOnPaper(map_.pointsOf(line), page.map))
             for (const std::vector<PaperPoint>& piece : pieces)

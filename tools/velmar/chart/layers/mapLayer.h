@@ -18,7 +18,7 @@ inline constexpr MapInks mapOnColours{{0.15, 0.15, 0.15}, {0.42, 0.42, 0.42}};
 inline constexpr MapInks mapOnGreys{{0.05, 0.80, 0.30}, {0.05, 0.62, 0.75}};
 
 /// Whether a line is a border on land and not a coast.
-inline bool isBorder(const LineMap::Line& line) { return line.attribute1 == 2; }
+inline bool isBorder(const LineMap::MapLine& line) { return line.attribute1 == 2; }
 
 /// Coasts, borders and outlines.
 class MapLayer : public Layer {

@@ -38,7 +38,7 @@ struct Area {
 
 std::vector<Area> visibleAreas(const LineMap& map, const MapFrame& frame) {
     std::vector<Area> areas;
-    for (const LineMap::Line& line : map.lines) {
+    for (const LineMap::MapLine& line : map.lines) {
         for (const auto& outline : areasOnPaper(map.pointsOf(line), frame)) {
             std::vector<PaperPoint> part = visiblePart(outline, frame.box);
             if (part.size() > 2) areas.push_back({line.name, std::move(part)});

@@ -4,7 +4,7 @@
 #include <numbers>
 
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {

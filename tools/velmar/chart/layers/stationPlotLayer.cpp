@@ -8,7 +8,7 @@
 #include "chart/layers/stationSymbol.h"
 #include "chart/layers/windBarb.h"
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
@@ -31,11 +31,12 @@ TurnedBox widened(TurnedBox box) {
 
 }  // namespace
 
-std::optional<StationPlotLayer::Wind> StationPlotLayer::windOf(std::size_t station) const {
+std::optional<StationPlotLayer::PlottedWind> StationPlotLayer::windOf(std::size_t station) const {
     if (!plot_.wind || !file_.hasValue(station, plot_.wind->direction) ||
         !file_.hasValue(station, plot_.wind->speed))
         return std::nullopt;
-    const Wind wind{file_.value(station, plot_.wind->direction), file_.value(station, plot_.wind->speed)};
+    const PlottedWind wind{file_.value(station, plot_.wind->direction),
+                           file_.value(station, plot_.wind->speed)};
     const bool isWind =
         wind.direction >= 0 && wind.direction <= 360 && wind.speed >= 0 && wind.speed <= mostSpeed;
     return isWind ? std::optional(wind) : std::nullopt;

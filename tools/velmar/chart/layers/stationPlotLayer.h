@@ -18,7 +18,7 @@ public:
     std::string remark() const override;
 
 private:
-    struct Wind {
+    struct PlottedWind {
         double direction;  ///< degrees, from which it blows
         double speed;      ///< m/s
     };
@@ -26,12 +26,12 @@ private:
         PaperPoint place;
         std::string value;  ///< empty where there is none
         PaperPoint valueCenter;
-        std::optional<Wind> wind;
+        std::optional<PlottedWind> wind;
         std::optional<int> cloud;  ///< eighths, 9 for a sky that cannot be seen
         bool southern;
     };
     Plot plotOf(std::size_t station) const;
-    std::optional<Wind> windOf(std::size_t station) const;
+    std::optional<PlottedWind> windOf(std::size_t station) const;
     std::optional<int> cloudOf(std::size_t station) const;
     bool placePlot(Page& page, Plot plot);
     void draw(cairo_t* ink, const Plot& plot) const;

@@ -5,20 +5,15 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <memory>
 
-#include "cli/problem.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
 
-struct SurfaceRelease {
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-};
 struct InkRelease {
     void operator()(cairo_t* ink) const { cairo_destroy(ink); }
 };
-using Surface = std::unique_ptr<cairo_surface_t, SurfaceRelease>;
 
 cairo_status_t append(void* file, const unsigned char* bytes, unsigned int count) {
     try {
@@ -43,6 +38,16 @@ Surface makeSurface(const std::string& format, PaperSize size, std::string& file
                                               static_cast<int>(size.height)));
 }
 
+/// Takes the numbers off the names of the page and the picture in an svg, which has no more than one of each. The
+/// drawing library counts them from the start of the program, so that a chart would depend on those drawn before it.
+void dropNumbers(std::string& svg) {
+    for (const std::string_view mark : {"id=\"surface", "id=\"image", "href=\"#image"})
+        for (std::size_t at = svg.find(mark); at != std::string::npos; at = svg.find(mark, at)) {
+            at += mark.size();
+            svg.erase(at, svg.find_first_not_of("0123456789", at) - at);
+        }
+}
+
 }  // namespace
 
 std::string renderPage(const std::string& format, PaperSize size,
@@ -65,6 +70,7 @@ std::string renderPages(const std::string& format, PaperSize size, std::size_t c
     if (format == "png") require(cairo_surface_write_to_png_stream(surface.get(), append, &file));
     cairo_surface_finish(surface.get());
     require(cairo_surface_status(surface.get()));
+    if (format == "svg") dropNumbers(file);
     return file;
 }
 

@@ -1,11 +1,17 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "chart/paper/paper.h"
 
 namespace velmar::tool {
+
+struct SurfaceRelease {
+    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+};
+using Surface = std::unique_ptr<cairo_surface_t, SurfaceRelease>;
 
 /// Paints a page and returns it as a file of the format (png, svg or pdf). A Problem when the drawing library
 /// gives up.

@@ -7,7 +7,7 @@
 
 #include "chart/layers/imageLayer.h"
 #include "chart/paper/lettering.h"
-#include "cli/text.h"
+#include "common/text.h"
 #include "compute/levelSpacing.h"
 
 namespace velmar::tool {

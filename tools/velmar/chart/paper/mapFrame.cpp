@@ -6,15 +6,14 @@
 #include <cmath>
 #include <numbers>
 
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
 
 namespace velmar::tool {
 namespace {
 
 /// Width of the map divided by its height. Areas that are all width or all height are stretched to stay
 /// readable.
-double aspect(const Bounds& bounds) {
+double aspect(const GeoBox& bounds) {
     const double width = bounds.east - bounds.west;
     const double height = bounds.north - bounds.south;
     const bool small = width <= 180 && height <= 90;
@@ -25,10 +24,10 @@ double aspect(const Bounds& bounds) {
 
 }  // namespace
 
-Bounds boundsOf(const grid::Lattice& lattice) {
+GeoBox boundsOf(const grid::Lattice& lattice) {
     const auto [west, east] = std::minmax<double>({lattice.startLongitude, lattice.endLongitude});
     const auto [south, north] = std::minmax<double>({lattice.startLatitude, lattice.endLatitude});
-    const Bounds bounds{west, std::min(east, west + 360), std::max(south, -90.0), std::min(north, 90.0)};
+    const GeoBox bounds{west, std::min(east, west + 360), std::max(south, -90.0), std::min(north, 90.0)};
     constexpr double mostDegrees = 361;
     if (std::fabs(west) > mostDegrees || east - west > mostDegrees)
         throw Problem(fmt::format("its longitudes, {} to {}, are not on the globe", plainNumber(west),
@@ -42,7 +41,7 @@ Bounds boundsOf(const grid::Lattice& lattice) {
     return bounds;
 }
 
-Bounds boundsOf(const ByteImageFile& image) {
+GeoBox boundsOf(const ByteImageFile& image) {
     const double across = std::fabs(image.lattice.longitudeStep) / 2;
     const double up = std::fabs(image.lattice.latitudeStep) / 2;
     const auto [west, east, south, north] = boundsOf(image.lattice);
@@ -51,7 +50,7 @@ Bounds boundsOf(const ByteImageFile& image) {
     return {start, end, std::max(south - up, -90.0), std::min(north + up, 90.0)};
 }
 
-MapFrame fitMap(const Bounds& bounds, const PaperBox& room) {
+MapFrame fitMap(const GeoBox& bounds, const PaperBox& room) {
     const double ratio = aspect(bounds);
     const double width = std::min(room.width, room.height * ratio);
     const double height = width / ratio;
@@ -62,7 +61,7 @@ MapFrame fitMap(const Bounds& bounds, const PaperBox& room) {
              .height = std::round(height)}};
 }
 
-Circles circlesInto(const Bounds& bounds, double west, double east) {
+Circles circlesInto(const GeoBox& bounds, double west, double east) {
     return {static_cast<int>(std::ceil((bounds.west - east) / 360)),
             static_cast<int>(std::floor((bounds.east - west) / 360))};
 }

@@ -8,7 +8,7 @@ namespace velmar::tool {
 
 /// The map's rectangle on paper: longitude to the right, latitude upwards, both even.
 struct MapFrame {
-    Bounds bounds;
+    GeoBox bounds;
     PaperBox box;
 
     PaperPoint toPaper(double longitude, double latitude) const {
@@ -19,14 +19,14 @@ struct MapFrame {
 
 /// The area that a grid covers. A Problem when there is none to draw: a grid of one row or column, or one
 /// that lies off the globe.
-Bounds boundsOf(const grid::Lattice& lattice);
+GeoBox boundsOf(const grid::Lattice& lattice);
 
 /// The area of a picture, half a step wider than its lattice, or a whole circle.
-Bounds boundsOf(const ByteImageFile& image);
+GeoBox boundsOf(const ByteImageFile& image);
 
 /// Makes the map as large as the room allows. Small areas keep their shape: a degree of longitude is as much
 /// shorter than one of latitude as it is in their middle.
-MapFrame fitMap(const Bounds& bounds, const PaperBox& room);
+MapFrame fitMap(const GeoBox& bounds, const PaperBox& room);
 
 /// First and last whole number of circles that bring a stretch of longitudes into the bounds; none when last
 /// < first.
@@ -34,6 +34,6 @@ struct Circles {
     int first;
     int last;
 };
-Circles circlesInto(const Bounds& bounds, double west, double east);
+Circles circlesInto(const GeoBox& bounds, double west, double east);
 
 }  // namespace velmar::tool

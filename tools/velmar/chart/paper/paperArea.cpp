@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "chart/paper/paperLine.h"
-#include "chart/paper/rounding.h"
 
 namespace velmar::tool {
 namespace {
@@ -29,7 +28,7 @@ std::vector<AreaCorner> cut(const std::vector<AreaCorner>& area, double line, do
     return kept;
 }
 
-std::vector<AreaCorner> onPaper(const Outline& outline, const grid::Lattice& lattice, const MapFrame& map,
+std::vector<AreaCorner> onPaper(const AreaOutline& outline, const grid::Lattice& lattice, const MapFrame& map,
                                 int circles) {
     std::vector<AreaCorner> area;
     area.reserve(outline.size());
@@ -72,7 +71,8 @@ std::vector<AreaCorner> clipped(std::vector<AreaCorner> area, const PaperBox& bo
     return cut<&PaperPoint::y>(area, box.bottom(), -1);
 }
 
-void traceOutline(cairo_t* ink, const MapFrame& map, const Outline& outline, const grid::Lattice& lattice) {
+void traceOutline(cairo_t* ink, const MapFrame& map, const AreaOutline& outline,
+                  const grid::Lattice& lattice) {
     const auto [least, most] = std::ranges::minmax(outline, {}, &OutlinePoint::column);
     const double start = lattice.startLongitude + static_cast<double>(least.column) * lattice.longitudeStep;
     const double end = lattice.startLongitude + static_cast<double>(most.column) * lattice.longitudeStep;

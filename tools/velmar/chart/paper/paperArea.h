@@ -20,6 +20,7 @@ std::vector<AreaCorner> clipped(std::vector<AreaCorner> area, const PaperBox& bo
 
 /// Adds what can be seen of an outline to the drawing path, as often as it can be seen, rounded as lines are,
 /// but for its sharp corners.
-void traceOutline(cairo_t* ink, const MapFrame& map, const Outline& outline, const grid::Lattice& lattice);
+void traceOutline(cairo_t* ink, const MapFrame& map, const AreaOutline& outline,
+                  const grid::Lattice& lattice);
 
 }  // namespace velmar::tool

@@ -2,20 +2,11 @@
 
 #include <algorithm>
 
-#include "chart/paper/rounding.h"
-
 namespace velmar::tool {
 namespace {
 
-struct Extent {
-    double west = 1e9;
-    double east = -1e9;
-    double south = 1e9;
-    double north = -1e9;
-};
-
-Extent extentOf(const Isoline& line) {
-    Extent extent;
+GeoBox extentOf(const Isoline& line) {
+    GeoBox extent{1e9, -1e9, 1e9, -1e9};
     for (std::size_t k = 0; k < line.size(); ++k) {
         const auto [longitude, latitude] = line[k];
         extent.west = std::min<double>(extent.west, longitude);
@@ -126,7 +117,7 @@ std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const gri
     const double detail = detailOf(lattice, map);
     std::vector<PaperLine> onPaper;
     for (const Isoline& line : lines) {
-        const Extent extent = extentOf(line);
+        const GeoBox extent = extentOf(line);
         // A line of one point has nothing to draw.
         if (line.size() < 2 || extent.south > map.bounds.north || extent.north < map.bounds.south) continue;
         const auto [first, last] = circlesInto(map.bounds, extent.west, extent.east);
@@ -134,6 +125,41 @@ std::vector<PaperLine> bringToPaper(const std::vector<Isoline>& lines, const gri
             onPaper.emplace_back(line, map, circles, detail);
     }
     return onPaper;
+}
+
+std::vector<PaperPoint> withoutDetail(const std::vector<PaperPoint>& line, double detail) {
+    if (line.size() < 3) return line;
+    std::vector<PaperPoint> kept{line.front()};
+    bool isMiddle = true;  // the ends stay where they are
+    for (std::size_t k = 1; k + 1 < line.size(); ++k) {
+        if (distance(kept.back(), line[k]) >= detail) {
+            kept.push_back(line[k]);
+            isMiddle = false;
+        } else if (!isMiddle) {
+            kept.back() = 0.5 * (kept.back() + line[k]);
+            isMiddle = true;
+        }
+    }
+    kept.push_back(line.back());
+    return kept;
+}
+
+void traceRounded(cairo_t* ink, const std::vector<PaperPoint>& line) {
+    constexpr double leastVisible = 0.1;
+    PaperPoint from = line.front();
+    for (std::size_t k = 1; k + 1 < line.size(); ++k) {
+        const PaperPoint corner = line[k];
+        const PaperPoint to = k + 2 < line.size() ? 0.5 * (corner + line[k + 1]) : line[k + 1];
+        if (distance(corner, 0.5 * (from + to)) / 2 < leastVisible) {
+            cairo_line_to(ink, to.x, to.y);
+        } else {
+            const PaperPoint a = from + 2.0 / 3 * (corner - from);
+            const PaperPoint b = to + 2.0 / 3 * (corner - to);
+            cairo_curve_to(ink, a.x, a.y, b.x, b.y, to.x, to.y);
+        }
+        from = to;
+    }
+    if (line.size() == 2) cairo_line_to(ink, line.back().x, line.back().y);
 }
 
 }  // namespace velmar::tool

@@ -1,13 +1,20 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "common/places.h"
 #include "files/gridFile.h"
-#include "read/gridFile.h"
 
 namespace velmar::tool {
+
+/// Something that went wrong with one file, told to the user in a sentence. The sentence does not name the
+/// file: whoever reports it does.
+struct Problem : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 /// Converts a GBK text to UTF-8. Bytes that are no GBK, and control characters, become U+FFFD.
 std::string gbkToUtf8(std::string_view text);
@@ -24,6 +31,10 @@ std::string latitudeText(double degrees);
 
 /// "592.8 at 25°N 165°E"
 std::string placedText(const PlacedValue& place);
+
+/// The year that the year of a header stands for. Headers have four digits or two, of which 50 to 99 are years of the
+/// last century and 0 to 49 of this one.
+int fullYear(int year);
 
 /// "2011-10-08 00:00", or the numbers as the file has them when they are no date.
 std::string startTimeText(const files::FieldHeader& header);

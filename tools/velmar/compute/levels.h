@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "read/gridFile.h"
-
-namespace CLI {
-class App;
-}
+#include "read/stationFile.h"
 
 namespace velmar::tool {
+
+/// More lines than this cannot be told apart on any chart; a file that asks for them has a slip in its header.
+inline constexpr int mostLevels = 1000;
 
 /// What the user said about levels; at most one of the three is set.
 struct LevelOptions {
@@ -33,7 +33,9 @@ LevelPlan planLevels(const LevelOptions& options, const grid::GridView& values);
 /// the header gives no line.
 LevelPlan planLevels(const LevelOptions& options, const GridFile& file);
 
-/// Adds --levels, --interval and --auto to a command.
-void addLevelOptions(CLI::App& command, LevelOptions& options);
+/// The levels for values that come from a station file, rising: those that the user asks for, or else those that
+/// the file asks for, if any lies inside the data, or else automatic ones.
+LevelPlan planStationLevels(const LevelOptions& options, const StationFile& file,
+                            const grid::GridView& values);
 
 }  // namespace velmar::tool

@@ -1,4 +1,4 @@
-#include "cli/text.h"
+#include "common/text.h"
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
@@ -39,13 +39,11 @@ struct Converter {
     ~Converter() { iconv_close(handle); }
 };
 
-/// Files of the last century give years without it.
-int fullYear(int year) { return year >= 50 && year < 100 ? 1900 + year : year; }
-
 std::optional<std::chrono::sys_time<std::chrono::minutes>> startTime(const files::FieldHeader& header) {
-    if (header.year < 1 || header.year > 9999 || header.month < 1 || header.day < 1) return std::nullopt;
+    const int year = fullYear(header.year);
+    if (year < 1 || year > 9999 || header.month < 1 || header.day < 1) return std::nullopt;
     if (header.hour < 0 || header.hour > 24) return std::nullopt;
-    const std::chrono::year_month_day date{std::chrono::year{fullYear(header.year)},
+    const std::chrono::year_month_day date{std::chrono::year{year},
                                            std::chrono::month{static_cast<unsigned>(header.month)},
                                            std::chrono::day{static_cast<unsigned>(header.day)}};
     if (header.month > 12 || header.day > 31 || !date.ok()) return std::nullopt;
@@ -112,6 +110,12 @@ std::string latitudeText(double degrees) {
 std::string placedText(const PlacedValue& place) {
     return fmt::format("{} at {} {}", plainNumber(place.value), latitudeText(place.latitude),
                        longitudeText(place.longitude));
+}
+
+int fullYear(int year) {
+    constexpr int firstOfLastCentury = 50;
+    if (year < 0 || year > 99) return year;
+    return year < firstOfLastCentury ? 2000 + year : 1900 + year;
 }
 
 std::string startTimeText(const files::FieldHeader& header) {

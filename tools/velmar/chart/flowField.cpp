@@ -1,4 +1,4 @@
-#include "compute/flowField.h"
+#include "chart/flowField.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,12 +6,12 @@
 namespace velmar::tool {
 namespace {
 
-double gridLengthOnPaper(const WindFile& file, const MapFrame& map) {
+double gridLengthOnPaper(const WindGrid& file, const MapFrame& map) {
     return std::fabs(map.toPaper(file.header.lattice.longitudeStep, 0).x - map.toPaper(0, 0).x);
 }
 
 /// So many grid lengths become one.
-int strideFor(const WindFile& file, const MapFrame& map) {
+int strideFor(const WindGrid& file, const MapFrame& map) {
     constexpr double leastGridLength = 5;  // on paper
     constexpr int leastSize = 8;
     const int most = std::max(1, std::min(file.u.nx, file.u.ny) / leastSize);
@@ -23,7 +23,7 @@ int strideFor(const WindFile& file, const MapFrame& map) {
 }
 
 /// Steps to the east from the first column to that of the new seam, half way round between the map's edges.
-int stepsToSeam(const grid::Lattice& lattice, const Bounds& shown) {
+int stepsToSeam(const grid::Lattice& lattice, const GeoBox& shown) {
     constexpr double tolerance = 1e-3;
     const double seam = shown.west - (360 - (shown.east - shown.west)) / 2;
     return static_cast<int>(std::floor((seam - lattice.startLongitude) / lattice.longitudeStep + tolerance));
@@ -31,11 +31,11 @@ int stepsToSeam(const grid::Lattice& lattice, const Bounds& shown) {
 
 }  // namespace
 
-WindFile flowField(const WindFile& file, const MapFrame& map) {
+WindGrid flowField(const WindGrid& file, const MapFrame& map) {
     const bool circles = circlesGlobe(file.header);
     const int first = circles ? stepsToSeam(file.header.lattice, map.bounds) : 0;
     const int stride = strideFor(file, map);
-    WindFile field{.header = file.header, .title = {}, .titleBytes = {}, .storage = {}, .u = {}, .v = {}};
+    WindGrid field{.header = file.header, .title = {}, .titleBytes = {}, .storage = {}, .u = {}, .v = {}};
     field.header.nx = (file.u.nx - 1) / stride + 1;
     field.header.ny = (file.u.ny - 1) / stride + 1;
     grid::Lattice& lattice = field.header.lattice;
@@ -62,7 +62,7 @@ WindFile flowField(const WindFile& file, const MapFrame& map) {
     return field;
 }
 
-int densityFor(const WindFile& field, const MapFrame& map) {
+int densityFor(const WindGrid& field, const MapFrame& map) {
     constexpr int mostDensity = 14;
     constexpr double wantedDistance = 15;  // on paper
     const double gridLength = gridLengthOnPaper(field, map);

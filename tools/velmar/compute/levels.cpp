@@ -1,27 +1,22 @@
-#include "cli/levels.h"
+#include "compute/levels.h"
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 
-#include "cli/arguments.h"
-#include "cli/problem.h"
-#include "cli/text.h"
+#include "common/text.h"
+#include "compute/shading.h"
 #include "contour/levels.h"
 
 namespace velmar::tool {
 namespace {
 
-/// More lines than this cannot be told apart on any chart; a file that asks for them has a slip in its
-/// header.
-constexpr int mostLevels = 1000;
 constexpr int customaryCount = 10;
 
 /// Whether the levels start, start + interval, ... up to end are a reasonable number and one lies inside the
 /// data.
-bool headerGivesLines(const files::GridHeader& header, const Extremes& extremes) {
+bool headerGivesLines(const files::GridHeader& header, const PlacedExtremes& extremes) {
     const double interval = header.interval;
     const double steps = (static_cast<double>(header.endValue) - header.startValue) / interval;
     if (!(interval > 0) || !(steps >= 0) || steps >= mostLevels) return false;
@@ -30,7 +25,7 @@ bool headerGivesLines(const files::GridHeader& header, const Extremes& extremes)
     return first <= std::floor(steps) && header.startValue + first * interval <= extremes.largest.value;
 }
 
-std::vector<float> multiplesInside(float interval, const Extremes& extremes) {
+std::vector<float> multiplesInside(float interval, const PlacedExtremes& extremes) {
     const double first = std::ceil(static_cast<double>(extremes.smallest.value) / interval);
     const double last = std::floor(static_cast<double>(extremes.largest.value) / interval);
     if (last - first >= mostLevels)
@@ -67,29 +62,11 @@ std::vector<float> headerLevels(const GridFile& file) {
     return contour::chooseLevels(file.values, grid::missingInFiles, request).values;
 }
 
-std::vector<float> parseLevels(const std::string& text) {
-    std::vector<float> levels;
-    for (const double value : parseNumbers("--levels", text)) levels.push_back(static_cast<float>(value));
-    std::ranges::sort(levels);
-    levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
-    if (levels.size() > mostLevels)
-        throw CLI::ValidationError("--levels", fmt::format("more than {} levels", mostLevels));
-    return levels;
-}
-
-float parseInterval(const std::string& text) {
-    const auto values = parseNumbers("--interval", text);
-    const auto interval = static_cast<float>(values.front());
-    if (values.size() != 1 || !(interval > 0))
-        throw CLI::ValidationError("--interval", fmt::format("\"{}\" is not one number above 0", text));
-    return interval;
-}
-
 }  // namespace
 
 LevelPlan planLevels(const LevelOptions& options, const grid::GridView& values) {
     if (!options.list.empty()) return {options.list, {}};
-    const Extremes extremes = findExtremes(values, {});
+    const PlacedExtremes extremes = findExtremes(values, {});
     if (extremes.present == 0) return {{}, "it holds no data, only missing values"};
     if (options.interval > 0) return {multiplesInside(options.interval, extremes), {}};
     const bool counted = options.automaticCount > 0;
@@ -98,7 +75,7 @@ LevelPlan planLevels(const LevelOptions& options, const grid::GridView& values) 
 
 LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
     const files::GridHeader& header = file.header;
-    const Extremes extremes = findExtremes(file.values, {});
+    const PlacedExtremes extremes = findExtremes(file.values, {});
     if (options.given() || extremes.present == 0) return planLevels(options, file.values);
     if (headerGivesLines(header, extremes)) return {headerLevels(file), {}};
     // Nothing to choose from, and nothing wrong with the header.
@@ -109,18 +86,18 @@ LevelPlan planLevels(const LevelOptions& options, const GridFile& file) {
                 plainNumber(header.startValue), plainNumber(header.endValue), plainNumber(header.interval))};
 }
 
-void addLevelOptions(CLI::App& command, LevelOptions& options) {
-    auto* list = command.add_option_function<std::string>(
-        "--levels", [&options](const std::string& text) { options.list = parseLevels(text); },
-        "Levels to draw, as 500,520,540");
-    auto* interval = command.add_option_function<std::string>(
-        "--interval", [&options](const std::string& text) { options.interval = parseInterval(text); },
-        "Draw every multiple of this number inside the data");
-    auto* automatic = command.add_option("--auto", options.automaticCount,
-                                         "Choose about so many levels from the data (1 to 200)");
-    automatic->check(CLI::Range(1, 200));
-    list->excludes(interval)->excludes(automatic);
-    interval->excludes(automatic);
+LevelPlan planStationLevels(const LevelOptions& options, const StationFile& file,
+                            const grid::GridView& values) {
+    const PlacedExtremes extremes = findExtremes(values, {});
+    const std::vector<float> listed = ascending(file.levels);
+    const bool usable =
+        listed.size() <= mostLevels && extremes.present > 0 && std::ranges::any_of(listed, [&](float level) {
+            return level > extremes.smallest.value && level < extremes.largest.value;
+        });
+    if (!options.given() && usable) return {listed, {}};
+    LevelPlan plan = planLevels(options, values);
+    std::ranges::sort(plan.levels);
+    return plan;
 }
 
 }  // namespace velmar::tool
