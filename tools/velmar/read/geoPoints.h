@@ -7,6 +7,8 @@ namespace velmar::tool {
 struct GeoPoint {
     float longitude;
     float latitude;
+
+    bool operator==(const GeoPoint&) const = default;
 };
 
 /// A row of points: a view into coordinates that somebody else owns.
