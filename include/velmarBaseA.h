@@ -28,9 +28,10 @@
  * Paths are NUL-terminated 8-bit strings in the code page of the host's file system.
  *
  * Threads
- *   Every export may be called from any thread; calls wait for each other. A returned block stays valid until
- *   its owner releases it. What else outlives a call is one for the process, not one for each thread, and is
- *   named where the export is described:
+ *   Every export may be called from any thread; calls wait for each other. Those with much to do use threads of their
+ *   own, which have ended on return; VELMAR_THREADS in the environment sets their number. A returned block stays
+ *   valid until its owner releases it. What else outlives a call is one for the process, not one for each thread, and
+ *   is named where the export is described:
  *     polygonfill           the outline of 3 to 9 points, until the next such call
  *     SHClipPntNum          the number of the last SHClip call
  *     contour2DRaw          uses the refinement factors of the last contour2D or readCntrData call

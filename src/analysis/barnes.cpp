@@ -11,6 +11,7 @@
 #include "analysis/columnBlocks.h"
 #include "base/messages.h"
 #include "base/progress.h"
+#include "base/threads.h"
 
 namespace velmar::analysis {
 
@@ -46,6 +47,8 @@ private:
     float interpolatedAt(float longitude, float latitude) const;
     template <class Combine>
     void sweepGrid(const BarnesSweep& sweep, Combine combine);
+    template <class Combine>
+    void sweepRow(BarnesRow& row, int j, LineRange block, const BarnesSweep& sweep, Combine combine);
     template <class Combine>
     static float combined(const BarnesRow& row, std::size_t i, float point, const BarnesSweep& sweep,
                           Combine combine);
@@ -148,17 +151,26 @@ void Barnes::stationResidualStats(int pass) {
 /// Gives each point what `combine` makes of its value and its sums; at a station's place that station's value.
 template <class Combine>
 void Barnes::sweepGrid(const BarnesSweep& sweep, Combine combine) {
+    const auto rows = static_cast<std::size_t>(size_.ny);
     forEachColumnBlock(size_.nx, [&](LineRange block) {
-        BarnesRow row(place_, block);
-        for (int j = 0; j < size_.ny; ++j) {
-            row.sum(rowLatitude(place_, j), stations_, sweep);
-            float* const points = gridRow(j) + block.first;
-            for (std::size_t i = 0; i < row.size(); ++i) {
-                points[i] = row.isAtStation(i) ? stations_.values[row.stationAt(i)]
-                                               : combined(row, i, points[i], sweep, combine);
-            }
-        }
+        const double points = static_cast<double>(block.count);
+        const double nanosecondsEach = 10.0 * points + 0.3 * points * static_cast<double>(stations_.count());
+        base::shareWork(rows, nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            BarnesRow row(place_, block);
+            for (std::size_t j = first; j < last; ++j)
+                sweepRow(row, static_cast<int>(j), block, sweep, combine);
+        });
     });
+}
+
+template <class Combine>
+void Barnes::sweepRow(BarnesRow& row, int j, LineRange block, const BarnesSweep& sweep, Combine combine) {
+    row.sum(rowLatitude(place_, j), stations_, sweep);
+    float* const points = gridRow(j) + block.first;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        points[i] = row.isAtStation(i) ? stations_.values[row.stationAt(i)]
+                                       : combined(row, i, points[i], sweep, combine);
+    }
 }
 
 /// What `combine` makes of the exact sums. Those at hand are good enough where all that lie as near to the exact

@@ -8,6 +8,7 @@
 
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
+#include "base/threads.h"
 
 namespace velmar::analysis {
 
@@ -69,11 +70,16 @@ private:
 void capAndMask(float* grid, const grid::GridPlace& place, const GridSize& size, const StationView& stations,
                 float radius) {
     forEachColumnBlock(size.nx, [&](LineRange block) {
-        MaskRow row(place, block);
-        for (int j = 0; j < size.ny; ++j) {
-            row.find(rowLatitude(place, j), stations, radius);
-            row.apply(grid + static_cast<std::size_t>(j) * static_cast<std::size_t>(size.nx) + block.first);
-        }
+        const double nanosecondsEach =
+            static_cast<double>(stations.count()) + 0.1 * static_cast<double>(block.count * stations.count());
+        base::shareWork(static_cast<std::size_t>(size.ny), nanosecondsEach,
+                        [&](std::size_t first, std::size_t last) {
+                            MaskRow row(place, block);
+                            for (std::size_t j = first; j < last; ++j) {
+                                row.find(rowLatitude(place, static_cast<int>(j)), stations, radius);
+                                row.apply(grid + j * static_cast<std::size_t>(size.nx) + block.first);
+                            }
+                        });
     });
 }
 

@@ -9,7 +9,9 @@
 #include "analysis/distance.h"
 #include "base/messages.h"
 #include "base/progress.h"
+#include "base/threads.h"
 #include "base/wideVectors.h"
+#include "grid/bitPlane.h"
 
 namespace velmar::analysis {
 
@@ -56,21 +58,21 @@ public:
         : size_(size),
           place_(place),
           grid_(base::allocateFloats(grid::valueCount(size.nx, size.ny))),
-          unreached_(grid::valueCount(size.nx, size.ny)) {}
+          unreached_(size.nx, size.ny) {}
 
     /// Puts the stations on the grid. Those outside and those without a value are left out.
     void placeStations(const StationView& stations, const base::LonLatBox& bounds);
     /// The sum of the stations' values, of those in the grid: the first guess.
     float sum() const;
-    void fill(float value) { std::fill_n(grid_.get(), unreached_.size(), value); }
+    void fill(float value) { std::fill_n(grid_.get(), firstPoint(size_.ny), value); }
     void scan(float radius, bool marks);
     void blankUnreached();
     Floats release() { return std::move(grid_); }
 
 private:
     float estimateAt(const GriddedStation& station) const;
-    void scanBlock(float radius, bool marks, LineRange block);
-    void finishPoints(std::size_t first, const RowSums& sums, bool marks);
+    void scanRow(int j, float radius, bool marks, LineRange block, RowSums& sums);
+    void finishPoints(int j, std::size_t firstColumn, const RowSums& sums, bool marks);
     std::size_t firstPoint(int j) const {
         return static_cast<std::size_t>(j) * static_cast<std::size_t>(size_.nx);
     }
@@ -78,7 +80,7 @@ private:
     const GridSize size_;
     const GridPlace place_;
     Floats grid_;  ///< asked for before what else grows with its size
-    std::vector<bool> unreached_;
+    grid::BitPlane unreached_;
     std::vector<GriddedStation> stations_;
     std::vector<float> residuals_;
 };
@@ -127,40 +129,50 @@ float Cressman::estimateAt(const GriddedStation& station) const {
 void Cressman::scan(float radius, bool marks) {
     for (std::size_t k = 0; k < stations_.size(); ++k)
         residuals_[k] = stations_[k].value - estimateAt(stations_[k]);
-    forEachColumnBlock(size_.nx, [&](LineRange block) { scanBlock(radius, marks, block); });
+    const auto rows = static_cast<std::size_t>(size_.ny);
+    // A station reaches this many rows, and as many columns.
+    const double reached =
+        std::clamp(2.0 * static_cast<double>(radius), 1.0, static_cast<double>(blockColumns));
+    const double share = std::min(reached / static_cast<double>(rows), 1.0);
+    const double nanosecondsEach = static_cast<double>(stations_.size()) * (1.0 + share * reached);
+    forEachColumnBlock(size_.nx, [&](LineRange block) {
+        base::shareWork(rows, nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            RowSums sums(block.count);
+            for (std::size_t j = first; j < last; ++j)
+                scanRow(static_cast<int>(j), radius, marks, block, sums);
+        });
+    });
 }
 
-void Cressman::scanBlock(float radius, bool marks, LineRange block) {
-    RowSums sums(block.count);
-    for (int j = 0; j < size_.ny; ++j) {
-        sums.clear();
-        const auto row = static_cast<float>(j);
-        for (std::size_t k = 0; k < stations_.size(); ++k) {
-            const auto [x, y] = std::pair(stations_[k].x, stations_[k].y);
-            if (!(row - radius <= y && y <= row + radius)) continue;
-            addCressman(block.first, linesWithin(0.0, 1.0, block, x, radius), x, row - y, radius,
-                        residuals_[k], sums.sums.data(), sums.weights.data());
-        }
-        finishPoints(firstPoint(j) + block.first, sums, marks);
+void Cressman::scanRow(int j, float radius, bool marks, LineRange block, RowSums& sums) {
+    sums.clear();
+    const auto row = static_cast<float>(j);
+    for (std::size_t k = 0; k < stations_.size(); ++k) {
+        const auto [x, y] = std::pair(stations_[k].x, stations_[k].y);
+        if (!(row - radius <= y && y <= row + radius)) continue;
+        addCressman(block.first, linesWithin(0.0, 1.0, block, x, radius), x, row - y, radius, residuals_[k],
+                    sums.sums.data(), sums.weights.data());
     }
+    finishPoints(j, block.first, sums, marks);
 }
 
-/// Moves points side by side, of which this is the first.
-void Cressman::finishPoints(std::size_t first, const RowSums& sums, bool marks) {
+/// Moves the points of a row from the first column on.
+void Cressman::finishPoints(int j, std::size_t firstColumn, const RowSums& sums, bool marks) {
     constexpr double leastWeight = 1.0e-6;
+    float* const points = grid_.get() + firstPoint(j) + firstColumn;
     for (std::size_t i = 0; i < sums.sums.size(); ++i) {
         if (sums.weights[i] > leastWeight) {
-            float& point = grid_[first + i];
-            point = static_cast<float>(sums.sums[i] / sums.weights[i] + point);
+            points[i] = static_cast<float>(sums.sums[i] / sums.weights[i] + points[i]);
         } else if (marks) {
-            unreached_[first + i] = true;
+            unreached_.set(static_cast<int>(firstColumn + i), j);
         }
     }
 }
 
 void Cressman::blankUnreached() {
-    for (std::size_t p = 0; p < unreached_.size(); ++p)
-        if (unreached_[p]) grid_[p] = missing;
+    for (int j = 0; j < size_.ny; ++j)
+        for (int i = 0; i < size_.nx; ++i)
+            if (unreached_.test(i, j)) grid_[firstPoint(j) + static_cast<std::size_t>(i)] = missing;
 }
 
 }  // namespace

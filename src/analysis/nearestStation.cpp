@@ -7,6 +7,7 @@
 
 #include "analysis/columnBlocks.h"
 #include "analysis/distance.h"
+#include "base/threads.h"
 
 namespace velmar::analysis {
 
@@ -72,10 +73,15 @@ void findNearestStations(const grid::GridPlace& place, const GridSize& size, con
     if (grid::valueCount(size.nx, size.ny) == 0) return;
     const float box = boxReach(radius, reach);
     forEachColumnBlock(size.nx, [&](LineRange block) {
-        NearestRow row(place, block);
-        std::size_t firstPoint = block.first;
-        for (int j = 0; j < size.ny; ++j, firstPoint += static_cast<std::size_t>(size.nx))
-            take(firstPoint, row.find(rowLatitude(place, j), stations, radius, box));
+        const double nanosecondsEach =
+            static_cast<double>(stations.count()) + 0.1 * static_cast<double>(block.count * stations.count());
+        base::shareWork(
+            static_cast<std::size_t>(size.ny), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+                NearestRow row(place, block);
+                for (std::size_t j = first; j < last; ++j)
+                    take(block.first + j * static_cast<std::size_t>(size.nx),
+                         row.find(rowLatitude(place, static_cast<int>(j)), stations, radius, box));
+            });
     });
 }
 

@@ -17,7 +17,7 @@ enum class Reach {
 };
 
 /// Takes the nearest stations of points side by side, -1 where there is none. The first point is this one of the
-/// grid, counted row after row.
+/// grid, counted row after row. It is called by several threads, each with other points.
 using TakeNearest = std::function<void(std::size_t firstPoint, std::span<const int> stations)>;
 
 /// Hands out the nearest station of each grid point less than a radius (degrees) away. Of several at the same

@@ -56,6 +56,15 @@ struct PointRuns {
         return std::span(points).subspan(run.firstPoint, run.pointCount);
     }
 
+    /// Adds those of another list behind these.
+    void append(const PointRuns& other) {
+        for (Run run : other.runs) {
+            run.firstPoint += points.size();
+            runs.push_back(run);
+        }
+        points.insert(points.end(), other.points.begin(), other.points.end());
+    }
+
     /// Keeps the memory for the next call.
     void clear() {
         runs.clear();

@@ -20,6 +20,8 @@ struct ProgressState {
 
 ProgressState state;
 
+thread_local bool isSilent = false;
+
 /// Makes room for `count` more characters; returns where they go.
 char* makeRoom(std::size_t count) {
     if (state.texts.size() - state.used < count) flushProgress();
@@ -52,7 +54,7 @@ void ProgressArgument::print() const {
 
 void progress(const char* format, std::initializer_list<ProgressArgument> values) noexcept {
 #if VELMAR_PROGRESS
-    if (state.silenced.load(std::memory_order_relaxed)) return;
+    if (isSilent || state.silenced.load(std::memory_order_relaxed)) return;
     const ProgressArgument* value = values.begin();
     for (const char* next = format; *next != '\0'; ++next) {
         if (*next == '%') {
@@ -72,6 +74,9 @@ void flushProgress() noexcept {
     if (state.used != 0) std::fwrite(state.texts.data(), 1, state.used, stdout);
     state.used = 0;
 }
+
+SilentThread::SilentThread(bool silent) noexcept : before_(isSilent) { isSilent = before_ || silent; }
+SilentThread::~SilentThread() { isSilent = before_; }
 
 void setProgressEnabled(bool enabled) noexcept { state.silenced.store(!enabled, std::memory_order_relaxed); }
 

@@ -35,6 +35,19 @@ void progress(const char* format, std::initializer_list<ProgressArgument> values
 /// Writes what has been collected.
 void flushProgress() noexcept;
 
+/// The thread that makes one prints no texts, if it is to be silent, while this is there. Others than the thread of the
+/// call may not print.
+class SilentThread {
+public:
+    explicit SilentThread(bool silent) noexcept;
+    SilentThread(const SilentThread&) = delete;
+    SilentThread& operator=(const SilentThread&) = delete;
+    ~SilentThread();
+
+private:
+    bool before_;
+};
+
 /// Switches the texts off and on, for programs that use standard output for something else. They are on at first.
 void setProgressEnabled(bool enabled) noexcept;
 

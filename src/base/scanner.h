@@ -53,6 +53,11 @@ public:
         return promised < 0 ? 0 : std::min(static_cast<std::size_t>(promised), room);
     }
 
+    /// What has not been read.
+    std::string_view rest() const { return {next_, end_}; }
+    /// Leaves out so many bytes of it.
+    void skip(std::size_t bytes) { next_ += bytes; }
+
     std::size_t remaining() const { return static_cast<std::size_t>(end_ - next_); }
 
 private:

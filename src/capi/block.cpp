@@ -3,10 +3,20 @@
 #include <algorithm>
 #include <array>
 
+#include "base/threads.h"
+
 namespace velmar::capi {
 
 void BlockWriter::append(std::span<const float> values) {
-    next_ = std::copy(values.begin(), values.end(), next_);
+    // Many at a time, so that threads share the first touch of the block's pages too.
+    constexpr std::size_t pieceLength = std::size_t{1} << 15U;
+    const std::size_t pieces = (values.size() + pieceLength - 1) / pieceLength;
+    base::shareWork(pieces, 0.5 * pieceLength, [&](std::size_t first, std::size_t last) {
+        const std::size_t from = first * pieceLength;
+        const auto part = values.subspan(from, std::min(last * pieceLength, values.size()) - from);
+        std::copy(part.begin(), part.end(), next_ + from);
+    });
+    next_ += values.size();
 }
 
 void BlockWriter::append(std::span<const base::LonLat> points) {

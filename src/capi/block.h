@@ -14,7 +14,9 @@ using ResultBlock = base::Floats;
 /// elements as the block holds.
 class BlockWriter {
 public:
-    explicit BlockWriter(const ResultBlock& block) : next_(block.get()) {}
+    explicit BlockWriter(const ResultBlock& block) : BlockWriter(block.get()) {}
+    /// Fills a part of a block from here on.
+    explicit BlockWriter(float* first) : next_(first) {}
 
     void append(float value) { *next_++ = value; }
 

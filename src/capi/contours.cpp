@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <span>
 
 #include "base/keptMemory.h"
+#include "base/threads.h"
 #include "capi/barrier.h"
 #include "capi/state.h"
 #include "contour/centers.h"
@@ -48,16 +50,23 @@ ResultBlock packContours(const ContourLines& lines, const RefinementFactors& fac
     BlockWriter out(block);
     out.appendCount(elements);
     out.appendCount(lines.runs.size());
-    for (const ContourLine& line : lines.runs) {
-        out.appendCount(line.pointCount);
-        out.append(line.level);
-        out.append(0.0F);
-        for (const GridPoint& point : lines.pointsOf(line)) {
-            const auto [longitude, latitude] = grid::degreesOf(point, place, factors);
-            out.append(longitude);
-            out.append(latitude);
+    float* const packed = out.claim(3 * lines.runs.size() + 2 * lines.points.size()).data();
+    const double pointsEach = static_cast<double>(lines.points.size()) /
+                              static_cast<double>(std::max<std::size_t>(lines.runs.size(), 1));
+    base::shareWork(lines.runs.size(), 3.0 * pointsEach, [&](std::size_t first, std::size_t last) {
+        for (std::size_t k = first; k < last; ++k) {
+            const ContourLine& line = lines.runs[k];
+            BlockWriter outLine(packed + 3 * k + 2 * line.firstPoint);
+            outLine.appendCount(line.pointCount);
+            outLine.append(line.level);
+            outLine.append(0.0F);
+            for (const GridPoint& point : lines.pointsOf(line)) {
+                const auto [longitude, latitude] = grid::degreesOf(point, place, factors);
+                outLine.append(longitude);
+                outLine.append(latitude);
+            }
         }
-    }
+    });
     appendGrid(out, grid, place);
     out.append(std::array{hints.boldValue, hints.start, hints.end, hints.interval});
     return block;

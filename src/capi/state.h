@@ -25,7 +25,7 @@ struct ContourWork {
     /// Releases the memory. The size of the work buffer, that of the largest grid until now, is kept.
     void release() {
         lines = {};
-        buffers = {{}, {}, {}, {}, buffers.workBufferFloats};
+        buffers = {{}, {}, buffers.workBufferFloats};
     }
 };
 

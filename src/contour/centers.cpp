@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/numbers.h"
+#include "base/threads.h"
 #include "grid/extremes.h"
 
 namespace velmar::contour {
@@ -98,22 +99,34 @@ void assignClasses(std::vector<Center>& centers) {
     for (Center& center : centers) center.strengthClass = base::truncateToInt(center.strength / step);
 }
 
+/// The centres of inner rows, row by row.
+std::vector<Center> centersOfRows(const GridView& grid, int firstRow, int lastRow, float range) {
+    std::vector<Center> centers;
+    std::vector<CenterKind> kinds(static_cast<std::size_t>(grid.nx), CenterKind::none);
+    for (int row = firstRow; row < lastRow; ++row) {
+        if (!classifyRow(grid, row, kinds)) continue;
+        for (int column = 1; column + 1 < grid.nx; ++column) {
+            const CenterKind kind = kinds[static_cast<std::size_t>(column)];
+            if (kind == CenterKind::none) continue;
+            Center& center = centers.emplace_back(measure(grid, column, row, kind == CenterKind::high));
+            center.normalisedStrength = center.strength / range;
+        }
+    }
+    return centers;
+}
+
 }  // namespace
 
 std::vector<Center> findGridCenters(const GridView& grid, float missing) {
     std::vector<Center> centers;
     if (grid.nx < 3 || grid.ny < 3) return centers;
     const auto [largest, smallest] = grid::extremesOf({grid.values, grid.size()}, missing);
-    std::vector<CenterKind> kinds(static_cast<std::size_t>(grid.nx), CenterKind::none);
-    for (int row = 1; row + 1 < grid.ny; ++row) {
-        if (!classifyRow(grid, row, kinds)) continue;
-        for (int column = 1; column + 1 < grid.nx; ++column) {
-            const CenterKind kind = kinds[static_cast<std::size_t>(column)];
-            if (kind == CenterKind::none) continue;
-            Center& center = centers.emplace_back(measure(grid, column, row, kind == CenterKind::high));
-            center.normalisedStrength = center.strength / (largest - smallest);
-        }
-    }
+    const float range = largest - smallest;
+    const auto innerRows = static_cast<std::size_t>(grid.ny) - 2;
+    const auto runs = base::collectWork(innerRows, 1.2 * grid.nx, [&](std::size_t first, std::size_t last) {
+        return centersOfRows(grid, static_cast<int>(first) + 1, static_cast<int>(last) + 1, range);
+    });
+    for (const auto& [first, run] : runs) centers.insert(centers.end(), run.begin(), run.end());
     centers = orderedByColumn(centers, grid.nx);
     assignClasses(centers);
     return centers;

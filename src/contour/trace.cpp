@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstdint>
 
+#include "base/threads.h"
 #include "grid/levelCurve.h"
 
 namespace velmar::contour {
@@ -36,12 +37,8 @@ WalkRoom walkRoom(std::size_t workBufferFloats) {
 /// Traces one level. The mark of an edge is cleared when a line passes it.
 class LevelTracer {
 public:
-    LevelTracer(float level, ContourBuffers& buffers, ContourLines& lines)
-        : curve_{buffers.index.grid(), level},
-          room_(walkRoom(buffers.workBufferFloats)),
-          buffers_(buffers),
-          marks_(buffers.crossings),
-          lines_(lines) {}
+    LevelTracer(const LevelCurve& curve, const WalkRoom& room, LevelBuffers& buffers, ContourLines& lines)
+        : curve_(curve), room_(room), buffers_(buffers), marks_(buffers.crossings), lines_(lines) {}
 
     void traceAll();
 
@@ -56,7 +53,7 @@ private:
 
     LevelCurve curve_;
     WalkRoom room_;
-    ContourBuffers& buffers_;
+    LevelBuffers& buffers_;
     Crossings& marks_;
     ContourLines& lines_;
 };
@@ -148,11 +145,25 @@ void traceLevels(const GridView& grid, float missing, std::span<const float> lev
     buffers.workBufferFloats = std::max(buffers.workBufferFloats, bordered);
     if (grid.nx < 2 || grid.ny < 2) return;
     buffers.index.build(grid, {missing});
-    for (const float level : levels) {
-        if (!buffers.index.reaches(level)) continue;
-        buffers.crossings.mark(buffers.index, level);
-        LevelTracer(level, buffers, lines).traceAll();
-    }
+    const WalkRoom room = walkRoom(buffers.workBufferFloats);
+    const auto traceRun = [&](std::span<const float> run, LevelBuffers& work, ContourLines& into) {
+        for (const float level : run) {
+            if (!buffers.index.reaches(level)) continue;
+            work.crossings.mark(buffers.index, level);
+            LevelTracer({grid, level}, room, work, into).traceAll();
+        }
+    };
+    // The first levels go straight into the list, the others into lists of their own.
+    const double nanosecondsEach = 0.3 * static_cast<double>(grid.size());
+    const auto others =
+        base::collectWork(levels.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            const std::span<const float> run = levels.subspan(first, last - first);
+            ContourLines own;
+            LevelBuffers ownWork;
+            traceRun(run, first == 0 ? buffers.work : ownWork, first == 0 ? lines : own);
+            return own;
+        });
+    for (const auto& [first, list] : others) lines.append(list);
 }
 
 }  // namespace velmar::contour

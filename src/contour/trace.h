@@ -16,6 +16,19 @@ struct ContourLine : base::PointRun {
 /// Lines in the order in which they were traced, with positions on the traced grid.
 using ContourLines = base::PointRuns<ContourLine, grid::GridPoint>;
 
+/// What the tracing of a level works in.
+struct LevelBuffers {
+    Crossings crossings;
+    std::vector<grid::GridPoint> forward;
+    std::vector<grid::GridPoint> backward;
+
+    /// Size of the memory in use.
+    std::size_t bytes() const {
+        return crossings.alongRow.bytes() + crossings.alongColumn.bytes() + base::bytesOf(forward) +
+               base::bytesOf(backward);
+    }
+};
+
 /// Buffers of the tracing, reused from call to call.
 ///
 /// The length of lines is limited as if a line were written from the middle of a work buffer towards both its
@@ -23,16 +36,11 @@ using ContourLines = base::PointRuns<ContourLine, grid::GridPoint>;
 /// cut where it would reach an end. Only the size of that buffer is kept.
 struct ContourBuffers {
     grid::LevelIndex index;
-    Crossings crossings;
-    std::vector<grid::GridPoint> forward;
-    std::vector<grid::GridPoint> backward;
+    LevelBuffers work;
     std::size_t workBufferFloats = 0;
 
     /// Size of the memory in use.
-    std::size_t bytes() const {
-        return index.bytes() + crossings.alongRow.bytes() + crossings.alongColumn.bytes() +
-               base::bytesOf(forward) + base::bytesOf(backward);
-    }
+    std::size_t bytes() const { return index.bytes() + work.bytes(); }
 };
 
 /// Traces the levels in their order through a grid and appends their lines to the list.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "files/fieldValues.h"
 #include "files/firstLine.h"
 
 namespace velmar::files {
@@ -45,11 +46,13 @@ base::Outcome<grid::Grid> readGridValues(base::TextScanner& in, const FieldHeade
     const auto width = static_cast<std::size_t>(std::max(grid.nx, 0));
     const auto columns = static_cast<std::size_t>(std::max(field.nx, 0));
     grid.values.resize(grid.view().size());
-    for (std::size_t first = 0; first < grid.values.size(); first += width) {
-        const std::span<float> row(grid.values.data() + first, width);
-        if (in.read(row.first(columns)) < columns) return failure;
-        if (closes) row.back() = row.front();
-    }
+    const auto stride = static_cast<std::ptrdiff_t>(width);
+    if (!readFieldValues(
+            in, {grid.values.data(), stride, columns, grid.values.size() / std::max<std::size_t>(width, 1)}))
+        return failure;
+    if (closes)
+        for (std::size_t first = 0; first < grid.values.size(); first += width)
+            grid.values[first + columns] = grid.values[first];
     return grid;
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/messages.h"
+#include "files/fieldValues.h"
 #include "files/file.h"
 #include "files/firstLine.h"
 
@@ -40,10 +41,12 @@ Outcome<Grid> readComponent(TextScanner& in, const FieldHeader& header, RowOrder
     if (!in.mayHold(count)) return unreadable;
     Grid grid{std::vector<float>(count), header.nx, header.ny};
     const auto columns = static_cast<std::size_t>(header.nx);
-    for (std::size_t first = 0; first < count; first += columns) {
-        const std::size_t place = order == RowOrder::northFirst ? count - columns - first : first;
-        if (in.read(std::span(grid.values).subspan(place, columns)) < columns) return unreadable;
-    }
+    const auto stride = static_cast<std::ptrdiff_t>(columns);
+    float* const south = grid.values.data();
+    const FieldRows rows = order == RowOrder::southFirst
+                               ? FieldRows{south, stride, columns, count / columns}
+                               : FieldRows{south + (count - columns), -stride, columns, count / columns};
+    if (!readFieldValues(in, rows)) return unreadable;
     return grid;
 }
 

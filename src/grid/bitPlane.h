@@ -17,16 +17,24 @@ class BitPlane {
 public:
     static constexpr int wordBits = 64;
 
-    /// Memory is kept when the new plane is smaller; the caller has to set the bits.
-    void resize(int nx, int ny) {
+    BitPlane() = default;
+    /// A plane of zeros.
+    BitPlane(int nx, int ny) { resize(nx, ny); }
+
+    /// Memory is kept when the new plane is smaller; the caller has to set the bits. The plane may be a part of a grid's,
+    /// whose rows it numbers from the first one on.
+    void resize(int nx, int rows, int firstRow = 0) {
         wordsPerRow_ = (static_cast<std::size_t>(nx) + wordBits - 1) / wordBits;
-        words_.resize(wordsPerRow_ * static_cast<std::size_t>(ny));
+        words_.resize(wordsPerRow_ * static_cast<std::size_t>(rows));
+        firstRow_ = firstRow;
     }
 
     std::size_t wordsPerRow() const { return wordsPerRow_; }
     std::size_t bytes() const { return base::bytesOf(words_); }
-    Word* row(int j) { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
-    const Word* row(int j) const { return words_.data() + static_cast<std::size_t>(j) * wordsPerRow_; }
+    Word* row(int j) { return words_.data() + static_cast<std::size_t>(j - firstRow_) * wordsPerRow_; }
+    const Word* row(int j) const {
+        return words_.data() + static_cast<std::size_t>(j - firstRow_) * wordsPerRow_;
+    }
 
     bool test(int i, int j) const { return (row(j)[wordOf(i)] & bitOf(i)) != 0; }
     void set(int i, int j) { row(j)[wordOf(i)] |= bitOf(i); }
@@ -37,6 +45,7 @@ private:
     static Word bitOf(int i) { return Word{1} << (static_cast<unsigned>(i) % wordBits); }
 
     std::size_t wordsPerRow_ = 0;
+    int firstRow_ = 0;
     std::vector<Word> words_;
 };
 

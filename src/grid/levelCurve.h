@@ -61,6 +61,12 @@ inline Cell Cell::neighbour(Side side) const {
     return {i + to.di, j + to.dj};
 }
 
+/// The crossed sides of a cell of which these corners (bits from the lower left, counter-clockwise) are above the
+/// level.
+constexpr unsigned crossedSides(unsigned cornersAbove) {
+    return cornersAbove ^ (cornersAbove >> 1U | (cornersAbove & 1U) << 3U);
+}
+
 /// The two ways to connect the four crossings of a saddle.
 enum class Pairing { bottomWithLeft, bottomWithRight };
 

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <limits>
 
+#include "base/threads.h"
+
 namespace velmar::grid {
 
 namespace {
@@ -78,16 +80,21 @@ void LevelIndex::build(const GridView& grid, const DataRule& rule) {
     grid_ = grid;
     defined_.resize(grid.nx, grid.ny);
     ranges_.resize(wordsPerRow() * static_cast<std::size_t>(grid.ny));
-    WordOfValues padded;
-    auto range = ranges_.begin();
-    for (int j = 0; j < grid.ny; ++j) {
-        const std::span<const float> row(grid.row(j), static_cast<std::size_t>(grid.nx));
-        Word* const bits = defined_.row(j);
-        for (std::size_t w = 0; w < wordsPerRow(); ++w, ++range) {
-            bits[w] = summarise(valuesOf(row, w, padded), rule, *range);
-        }
-    }
+    const double nanosecondsEach = 0.5 * grid.nx;
+    base::shareWork(static_cast<std::size_t>(grid.ny), nanosecondsEach,
+                    [&](std::size_t first, std::size_t last) {
+                        for (std::size_t j = first; j < last; ++j) summariseRow(static_cast<int>(j), rule);
+                    });
     whole_ = rangeOfRows(0, grid.ny - 1);
+}
+
+void LevelIndex::summariseRow(int j, const DataRule& rule) {
+    const std::span<const float> row(grid_.row(j), static_cast<std::size_t>(grid_.nx));
+    Range* const ranges = ranges_.data() + static_cast<std::size_t>(j) * wordsPerRow();
+    Word* const bits = defined_.row(j);
+    WordOfValues padded;
+    for (std::size_t w = 0; w < wordsPerRow(); ++w)
+        bits[w] = summarise(valuesOf(row, w, padded), rule, ranges[w]);
 }
 
 LevelIndex::Range LevelIndex::rangeOfRows(int first, int last) const {

@@ -30,6 +30,9 @@ public:
     /// Whether some point with data is above the level and some other is not.
     bool reaches(float level) const { return whole_.lowest <= level && level < whole_.highest; }
 
+    /// The largest value of points with data.
+    float highest() const { return whole_.highest; }
+
     /// The bits of the points of row j that have data and lie above the level.
     void classifyRow(int j, float level, std::span<Word> above) const;
 
@@ -53,6 +56,7 @@ public:
     Range rangeOfRows(int first, int last) const;
 
 private:
+    void summariseRow(int j, const DataRule& rule);
     const Range* rangesOf(int j) const {
         return ranges_.data() + static_cast<std::size_t>(j) * wordsPerRow();
     }

@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "base/threads.h"
+
 namespace velmar::grid {
 
 namespace {
@@ -111,32 +113,76 @@ private:
     float missing_;
 };
 
+/// Refines some rows of a grid, and what lies between each and the next one. Neighbouring rows that others refine are
+/// widened here too, but beside the fine grid.
+template <CubicForm form>
+class RowsRefiner {
+public:
+    RowsRefiner(const GridView& grid, float missing, const RefinementFactors& factors, int first, int last,
+                float* fine)
+        : grid_(grid),
+          missing_(missing),
+          factors_(factors),
+          first_(first),
+          last_(last),
+          width_(static_cast<std::size_t>(grid.nx - 1) * static_cast<std::size_t>(factors.x) + 1),
+          fine_(fine),
+          widener_(static_cast<std::size_t>(grid.nx), factors.x, missing),
+          widened_(std::max(first - 1, 0)) {
+        const int beside = (first > 0 ? 1 : 0) + std::min(grid.ny - last, 2);
+        beside_.resize(static_cast<std::size_t>(beside) * width_);
+    }
+
+    void refine() {
+        for (int j = first_; j < last_; ++j) {
+            // Rows are widened when they are needed, so that they are still in cache for the columns.
+            widenUpTo(j + 2);
+            if (j + 1 == grid_.ny) break;
+            const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
+                                  j + 2 < grid_.ny ? rowOf(j + 2) : nullptr};
+            float* out = rowOf(j);
+            for (int k = 1; k < factors_.y; ++k)
+                interpolate<form>(rows, width_, innerPosition(k, factors_.y), missing_, out += width_);
+        }
+    }
+
+private:
+    /// Where a row is widened: in the fine grid, or beside it one before the first and two behind the last.
+    float* rowOf(int j) {
+        const auto place = [&](int row) { return static_cast<std::size_t>(row) * width_; };
+        if (j < first_) return beside_.data();
+        if (j < last_) return fine_ + place(j) * static_cast<std::size_t>(factors_.y);
+        return beside_.data() + place(j - last_ + (first_ > 0 ? 1 : 0));
+    }
+
+    void widenUpTo(int last) {
+        const auto count = static_cast<std::size_t>(grid_.nx);
+        for (; widened_ <= std::min(last, grid_.ny - 1); ++widened_)
+            widener_.widen({grid_.row(widened_), count}, rowOf(widened_));
+    }
+
+    const GridView grid_;
+    const float missing_;
+    const RefinementFactors factors_;
+    const int first_;
+    const int last_;
+    const std::size_t width_;
+    float* const fine_;
+    RowWidener<form> widener_;
+    int widened_;  ///< the next row to be widened
+    std::vector<float> beside_;
+};
+
 template <CubicForm form>
 void refineRowsAndColumns(const GridView& grid, float missing, const RefinementFactors& factors,
                           float* fine) {
-    const auto count = static_cast<std::size_t>(grid.nx);
-    const auto factor = static_cast<std::size_t>(factors.x);
-    const std::size_t width = (count - 1) * factor + 1;
-    const auto rowOf = [&](int j) {
-        return fine + static_cast<std::size_t>(j) * static_cast<std::size_t>(factors.y) * width;
-    };
-
-    RowWidener<form> widener(count, factors.x, missing);
-    // Rows are widened when they are needed, so that they are still in cache for the columns.
-    int widened = 0;
-    const auto widenUpTo = [&](int last) {
-        for (; widened <= std::min(last, grid.ny - 1); ++widened)
-            widener.widen({grid.row(widened), count}, rowOf(widened));
-    };
-    widenUpTo(0);
-    for (int j = 0; j + 1 < grid.ny; ++j) {
-        widenUpTo(j + 2);
-        const Neighbours rows{j > 0 ? rowOf(j - 1) : nullptr, rowOf(j), rowOf(j + 1),
-                              j + 2 < grid.ny ? rowOf(j + 2) : nullptr};
-        float* out = rowOf(j);
-        for (int k = 1; k < factors.y; ++k)
-            interpolate<form>(rows, width, innerPosition(k, factors.y), missing, out += width);
-    }
+    if (grid.size() == 0) return;
+    const double pointsPerRow = static_cast<double>(grid.nx) * factors.x * factors.y;
+    base::shareWork(
+        static_cast<std::size_t>(grid.ny), pointsPerRow, [&](std::size_t first, std::size_t last) {
+            RowsRefiner<form>(grid, missing, factors, static_cast<int>(first), static_cast<int>(last), fine)
+                .refine();
+        });
 }
 
 int chooseFactor(int wantedSize, int size) {

@@ -157,7 +157,7 @@ DiagonalCase RegionTracer::diagonalAt(int i, int j) const {
         progress(messages::diagonalOutside);
         return DiagonalCase::contradiction;
     }
-    const auto defined = [&](int di, int dj) { return buffers_.index.hasData(i + di, j + dj); };
+    const auto defined = [&](int di, int dj) { return index_.hasData(i + di, j + dj); };
     const bool rising = !defined(-1, -1) && !defined(1, 1);
     const bool falling = !defined(1, -1) && !defined(-1, 1);
     if (rising && defined(1, -1) && defined(-1, 1)) return DiagonalCase::risingUndefined;

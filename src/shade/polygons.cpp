@@ -18,10 +18,10 @@ LonLat inHostCoordinates(const GridPoint& point, const std::optional<GridPlace>&
 }
 
 /// Prints the point array, x and y in turn, but only as many of its floats as there are points.
-void printPoints(std::span<const GridPoint> outline, const std::optional<GridPlace>& place) {
-    for (std::size_t k = 0; k < outline.size(); ++k) {
-        const auto [x, y] = inHostCoordinates(outline[k / 2], place);
-        base::progress(base::messages::polygonPoint, {outline.size(), k, k % 2 == 0 ? x : y});
+void printPoints(std::span<const LonLat> points) {
+    for (std::size_t k = 0; k < points.size(); ++k) {
+        const auto [x, y] = points[k / 2];
+        base::progress(base::messages::polygonPoint, {points.size(), k, k % 2 == 0 ? x : y});
     }
     base::progress("\n");
 }
@@ -31,12 +31,16 @@ void printPoints(std::span<const GridPoint> outline, const std::optional<GridPla
 void appendShadePolygon(ShadePolygons& polygons, std::span<const GridPoint> outline,
                         const std::optional<GridPlace>& place, float level, int colour) {
     if (outline.size() < 3) return;
-    printPoints(outline, place);
     const std::size_t first = polygons.points.size();
     polygons.runs.push_back({{first, outline.size()}, level, std::clamp(colour, 0, 99)});
     polygons.points.resize(first + outline.size());
     std::ranges::transform(outline, polygons.points.begin() + static_cast<std::ptrdiff_t>(first),
                            [&](const GridPoint& point) { return inHostCoordinates(point, place); });
+    printPoints(polygons.pointsOf(polygons.runs.back()));
+}
+
+void printPolygons(const ShadePolygons& polygons) {
+    for (const ShadePolygon& polygon : polygons.runs) printPoints(polygons.pointsOf(polygon));
 }
 
 }  // namespace velmar::shade

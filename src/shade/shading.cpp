@@ -9,6 +9,7 @@
 #include "base/messages.h"
 #include "base/numbers.h"
 #include "base/progress.h"
+#include "base/threads.h"
 #include "shade/starts.h"
 
 namespace velmar::shade {
@@ -37,25 +38,11 @@ void popHoles(HoleStack& holes, const ShadeLevels& levels, const Coordinates& co
     holes.clear();
 }
 
-void markAbove(const grid::LevelIndex& index, const Strip& strip, float level, grid::BitPlane& above) {
-    for (int j = strip.jmin; j <= strip.jmax; ++j)
-        index.classifyRow(j, level, {above.row(j), above.wordsPerRow()});
-}
-
-bool traceLevel(const Strip& strip, const ShadeLevel& level, const GridPlace& place, ShadeBuffers& buffers,
-                ShadePolygons& polygons) {
-    markAbove(buffers.index, strip, level.level, buffers.above);
-    buffers.sides.clearWalked(strip);
-    RegionTracer tracer(strip, level, place, buffers, polygons);
-    return traceFromStarts(strip, buffers, tracer);
-}
-
-bool traceStrip(const Strip& strip, const ShadeLevels& levels, const GridPlace& place, ShadeBuffers& buffers,
-                ShadePolygons& polygons) {
-    const grid::LevelIndex::Range range = buffers.index.rangeOfRows(strip.jmin, strip.jmax);
+/// The levels that have an outline in a strip, and the colours of their polygons.
+std::vector<ShadeLevel> outlinedLevels(const grid::LevelIndex::Range& range, const ShadeLevels& levels) {
     const float lowest = std::min(range.lowest, 9.99e33F);
     const float highest = std::max(range.highest, -9.99e33F);
-    buffers.sides.markUndefinedSides(buffers.index, strip);
+    std::vector<ShadeLevel> outlined;
     int colourBelow = 0;
     for (int k = 0; k < levels.countUpTo(highest); ++k) {
         const float level = levels.level(k);
@@ -63,24 +50,116 @@ bool traceStrip(const Strip& strip, const ShadeLevels& levels, const GridPlace& 
         const bool filled = k + 1 < levels.count() && lowest > levels.level(k + 1);
         if (!filled && highest < level) continue;
         // Without a point above it a level has no outline.
-        const bool outlined = !filled && highest > level;
-        if (outlined && !traceLevel(strip, {level, levelColour, colourBelow}, place, buffers, polygons))
-            return false;
+        if (!filled && highest > level) outlined.push_back({level, levelColour, colourBelow});
         colourBelow = levelColour;
+    }
+    return outlined;
+}
+
+/// How a grid is traced: with the texts that belong to it, by one thread, or silently by many. Where a silent trace
+/// fails in anything, the grid must be traced again for the texts that tell of it.
+enum class Tracing { withTexts, silent };
+
+/// Traces the strips of a grid.
+class StripsTracer {
+public:
+    StripsTracer(const ShadeRequest& request, const Coordinates& coordinates, const grid::LevelIndex& index,
+                 Tracing tracing)
+        : request_(request), coordinates_(coordinates), index_(index), silent_(tracing == Tracing::silent) {}
+
+    /// Traces all strips. False on failure.
+    bool traceAll(StripBuffers& buffers, ShadePolygons& polygons) const;
+
+private:
+    /// What a thread has traced beside the one that traces the first parts, and whether that was all.
+    struct Traced {
+        bool complete;
+        ShadePolygons polygons;
+        HoleStack holes;
+    };
+
+    bool traceStrips(int first, int last, StripBuffers& buffers, ShadePolygons& polygons) const;
+    bool traceStrip(const Strip& strip, StripBuffers& buffers, ShadePolygons& polygons) const;
+    bool traceLevels(const Strip& strip, std::span<const ShadeLevel> levels, StripBuffers& buffers,
+                     ShadePolygons& polygons) const;
+    int lastRow() const { return request_.grid.ny - 1; }
+    int advance() const {
+        return request_.stripRows < 1 ? lastRow() : std::min(request_.stripRows, lastRow());
+    }
+
+    const ShadeRequest& request_;
+    const Coordinates& coordinates_;
+    const grid::LevelIndex& index_;
+    const bool silent_;
+};
+
+bool StripsTracer::traceLevels(const Strip& strip, std::span<const ShadeLevel> levels, StripBuffers& buffers,
+                               ShadePolygons& polygons) const {
+    buffers.begin(index_, strip);
+    bool hasFailed = false;
+    for (const ShadeLevel& level : levels) {
+        buffers.beginLevel(index_, strip, level.level);
+        RegionTracer tracer(index_, strip, level, coordinates_.polygons, buffers, polygons);
+        if (!traceFromStarts(strip, request_.grid.nx, buffers, tracer, hasFailed)) return false;
+    }
+    return !(silent_ && hasFailed);
+}
+
+bool StripsTracer::traceStrip(const Strip& strip, StripBuffers& buffers, ShadePolygons& polygons) const {
+    const std::vector<ShadeLevel> levels =
+        outlinedLevels(index_.rangeOfRows(strip.jmin, strip.jmax), request_.levels);
+    const double nanosecondsEach = 2.0 * request_.grid.nx * strip.rows();
+    const auto others =
+        base::collectWork(levels.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            const base::SilentThread silence(silent_);
+            const auto run = std::span(levels).subspan(first, last - first);
+            if (first == 0) return Traced{traceLevels(strip, run, buffers, polygons), {}, {}};
+            StripBuffers own;
+            Traced traced{};
+            traced.complete = traceLevels(strip, run, own, traced.polygons);
+            traced.holes = std::move(own.holeStack);
+            return traced;
+        });
+    bool complete = true;
+    for (const auto& [first, traced] : others) {
+        complete = complete && traced.complete;
+        polygons.append(traced.polygons);
+        buffers.holeStack.append(traced.holes);
+    }
+    if (!complete || buffers.holeStack.runs.size() >= mostHoles) return false;
+    popHoles(buffers.holeStack, request_.levels, coordinates_, polygons);
+    return true;
+}
+
+bool StripsTracer::traceStrips(int first, int last, StripBuffers& buffers, ShadePolygons& polygons) const {
+    for (int k = first; k < last; ++k) {
+        const int jmin = k * advance();
+        const Strip strip{jmin, jmin + std::min(advance(), lastRow() - jmin)};
+        if (!traceStrip(strip, buffers, polygons)) return false;
     }
     return true;
 }
 
-bool traceStrips(const ShadeRequest& request, const Coordinates& coordinates, ShadeBuffers& buffers,
-                 ShadePolygons& polygons) {
-    const int lastRow = request.grid.ny - 1;
-    const int advance = request.stripRows < 1 ? lastRow : std::min(request.stripRows, lastRow);
-    for (int jmin = 0; jmin < lastRow; jmin += std::min(advance, lastRow - jmin)) {
-        const Strip strip{jmin, jmin + std::min(advance, lastRow - jmin)};
-        if (!traceStrip(strip, request.levels, coordinates.polygons, buffers, polygons)) return false;
-        popHoles(buffers.holeStack, request.levels, coordinates, polygons);
+bool StripsTracer::traceAll(StripBuffers& buffers, ShadePolygons& polygons) const {
+    const auto strips = static_cast<std::size_t>((lastRow() - 1) / advance() + 1);
+    const double nanosecondsEach = 5.0 * request_.grid.nx * advance();
+    const base::SilentThread silence(silent_);
+    const auto others = base::collectWork(strips, nanosecondsEach, [&](std::size_t first, std::size_t last) {
+        const base::SilentThread alsoHere(silent_);
+        const auto from = static_cast<int>(first);
+        const auto to = static_cast<int>(last);
+        if (first == 0) return Traced{traceStrips(from, to, buffers, polygons), {}, {}};
+        StripBuffers own;
+        Traced traced{};
+        traced.complete = traceStrips(from, to, own, traced.polygons);
+        return traced;
+    });
+    bool complete = true;
+    for (const auto& [first, traced] : others) {
+        complete = complete && traced.complete;
+        polygons.append(traced.polygons);
     }
-    return true;
+    return complete;
 }
 
 /// Calls `allocate`; false, and the text printed, when there is not enough memory or the size is impossible.
@@ -95,25 +174,32 @@ bool succeeds(Allocate&& allocate, const char* textOfFailure) try {
 
 bool prepare(const ShadeRequest& request, ShadeBuffers& buffers) {
     const GridView& grid = request.grid;
-    buffers.holeStack.clear();
-    return succeeds([&] { buffers.outline.reserve(grid.size()); }, messages::noPointBuffer) &&
+    return succeeds([&] { buffers.strip.outline.reserve(grid.size()); }, messages::noPointBuffer) &&
            succeeds(
                [&] {
                    buffers.index.build(grid, {request.missing, std::numeric_limits<float>::max()});
-                   buffers.above.resize(grid.nx, grid.ny);
-                   buffers.sides.resize(grid.nx, grid.ny);
                },
                messages::noFlagsBuffer);
 }
 
 bool tracePolygons(const ShadeRequest& request, const Coordinates& coordinates, ShadeBuffers& buffers,
                    ShadePolygons& polygons) {
+    const auto traced = [&](Tracing tracing) {
+        polygons.clear();
+        buffers.strip.holeStack.clear();
+        return StripsTracer(request, coordinates, buffers.index, tracing).traceAll(buffers.strip, polygons);
+    };
     polygons.clear();
     const GridView& grid = request.grid;
     const bool hasCells = grid.values != nullptr && grid.nx > 1 && grid.ny > 1;
     if (!hasCells) return true;
     if (!prepare(request, buffers)) return false;
-    if (traceStrips(request, coordinates, buffers, polygons)) return true;
+    if (traced(Tracing::silent)) {
+        printPolygons(polygons);
+        return true;
+    }
+    const base::UnsharedWork unshared;
+    if (traced(Tracing::withTexts)) return true;
     progress(messages::shadingFailed);
     return false;
 }

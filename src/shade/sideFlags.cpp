@@ -50,12 +50,13 @@ void markColumnSides(const BitPlane& cells, const Strip& strip, int nx, SideFlag
 
 }  // namespace
 
-void StripSides::resize(int nx, int ny) {
-    definedCells.resize(nx, ny);
+void StripSides::resize(int nx, const Strip& strip) {
+    const auto resize = [&](BitPlane& plane) { plane.resize(nx, strip.rows(), strip.jmin); };
+    resize(definedCells);
     for (SideFlags* const flags : {&alongRow, &alongColumn}) {
-        flags->usable.resize(nx, ny);
-        flags->boundary.resize(nx, ny);
-        flags->walked.resize(nx, ny);
+        resize(flags->usable);
+        resize(flags->boundary);
+        resize(flags->walked);
     }
 }
 

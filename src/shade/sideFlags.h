@@ -10,6 +10,8 @@ namespace velmar::shade {
 struct Strip {
     int jmin;
     int jmax;
+
+    int rows() const { return jmax - jmin + 1; }
 };
 
 /// What has become of a side of a cell while one level of a strip is traced.
@@ -25,8 +27,7 @@ constexpr bool isBoundary(SideFlag flag) {
     return flag == SideFlag::boundary || flag == SideFlag::walkedBoundary;
 }
 
-/// The flags of the sides along rows, or of those along columns, one bit plane for each property. The planes are as
-/// large as the grid; only the rows of the strip are used.
+/// The flags of the sides along rows, or of those along columns, one bit plane for each property.
 struct SideFlags {
     grid::BitPlane usable;    ///< sides of defined cells
     grid::BitPlane boundary;  ///< sides with a defined cell and an undefined one
@@ -46,7 +47,7 @@ struct StripSides {
     SideFlags alongRow;           ///< side (i, j): from point (i, j) to (i + 1, j)
     SideFlags alongColumn;        ///< side (i, j): from point (i, j) to (i, j + 1)
 
-    void resize(int nx, int ny);
+    void resize(int nx, const Strip& strip);
 
     /// Finds the undefined boundaries of a strip.
     void markUndefinedSides(const grid::LevelIndex& index, const Strip& strip);

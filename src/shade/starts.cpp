@@ -22,12 +22,10 @@ enum class StartsFrom { crossings, edges };
 /// Finds the sides that no trace has passed yet.
 class StartSearch {
 public:
-    StartSearch(const Strip& strip, ShadeBuffers& buffers, RegionTracer& tracer)
-        : strip_(strip),
-          lastColumn_(buffers.index.grid().nx - 1),
-          above_(buffers.above),
-          sides_(buffers.sides),
-          tracer_(tracer) {}
+    StartSearch(const Strip& strip, int nx, const StripBuffers& buffers, RegionTracer& tracer)
+        : strip_(strip), lastColumn_(nx - 1), above_(buffers.above), sides_(buffers.sides), tracer_(tracer) {}
+
+    bool hasFailed() const { return hasFailed_; }
 
     template <StartsFrom from>
     bool trace();
@@ -35,6 +33,7 @@ public:
 private:
     template <StartsFrom from>
     bool traceAt(int i, int j, const SideBits& sides);
+    bool traceRegion(const RegionStart& start);
     std::span<const Word> above(int j) const { return {above_.row(j), above_.wordsPerRow()}; }
     SideBits crossedSides(int j, std::size_t w) const;
     SideBits highEdges(int j, std::size_t w) const;
@@ -49,6 +48,7 @@ private:
     const BitPlane& above_;
     const StripSides& sides_;
     RegionTracer& tracer_;
+    bool hasFailed_ = false;
 };
 
 bool isSet(Word bits, int i) { return (bits >> (i % BitPlane::wordBits) & 1U) != 0; }
@@ -122,19 +122,28 @@ bool StartSearch::traceAt(int i, int j, const SideBits& sides) {
     constexpr bool crossings = from == StartsFrom::crossings;
     bool traced = true;
     if (isSet(sides.alongRow, i) && !sides_.alongRow.walked.test(i, j))
-        traced = tracer_.traceRegion(crossings ? crossingAlongRow(i, j) : edgeAlongRow(i, j));
+        traced = traceRegion(crossings ? crossingAlongRow(i, j) : edgeAlongRow(i, j));
     // On edges, a failure of a point's first trace is ignored when there is a second one.
     const bool goesOn = traced || !crossings;
     if (goesOn && isSet(sides.alongColumn, i) && !sides_.alongColumn.walked.test(i, j))
-        traced = tracer_.traceRegion(crossings ? crossingAlongColumn(i, j) : edgeAlongColumn(i, j));
+        traced = traceRegion(crossings ? crossingAlongColumn(i, j) : edgeAlongColumn(i, j));
+    return traced;
+}
+
+bool StartSearch::traceRegion(const RegionStart& start) {
+    const bool traced = tracer_.traceRegion(start);
+    hasFailed_ |= !traced;
     return traced;
 }
 
 }  // namespace
 
-bool traceFromStarts(const Strip& strip, ShadeBuffers& buffers, RegionTracer& tracer) {
-    StartSearch search(strip, buffers, tracer);
-    return search.trace<StartsFrom::crossings>() && search.trace<StartsFrom::edges>();
+bool traceFromStarts(const Strip& strip, int nx, const StripBuffers& buffers, RegionTracer& tracer,
+                     bool& hasFailed) {
+    StartSearch search(strip, nx, buffers, tracer);
+    const bool traced = search.trace<StartsFrom::crossings>() && search.trace<StartsFrom::edges>();
+    hasFailed |= search.hasFailed();
+    return traced;
 }
 
 }  // namespace velmar::shade

@@ -24,9 +24,6 @@ namespace messages = base::messages;
 
 namespace {
 
-/// As many holes of a strip as this end the call.
-constexpr std::size_t mostHoles = 50000;
-
 int sideNumber(Side side) { return static_cast<int>(side) + 1; }
 
 void reportCellOutside(const Cell& cell, Side entry, int imax, int jmax) {
@@ -41,17 +38,12 @@ void reportBlockedSide(const Cell& cell, Side entry, StartKind kind) {
         progress(messages::blockedSideEntered, {sideNumber(entry), static_cast<int>(kind)});
 }
 
-/// The crossed sides of a cell of which these corners (bits from the lower left, counter-clockwise) are above
-/// the level.
-constexpr unsigned crossedSides(unsigned cornersAbove) {
-    return cornersAbove ^ (cornersAbove >> 1U | (cornersAbove & 1U) << 3U);
-}
-
 }  // namespace
 
-RegionTracer::RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
-                           ShadeBuffers& buffers, ShadePolygons& polygons)
-    : grid_(buffers.index.grid()),
+RegionTracer::RegionTracer(const grid::LevelIndex& index, const Strip& strip, const ShadeLevel& level,
+                           const grid::GridPlace& place, StripBuffers& buffers, ShadePolygons& polygons)
+    : index_(index),
+      grid_(index.grid()),
       strip_(strip),
       level_(level),
       curve_{grid_, level.level},
@@ -145,7 +137,7 @@ bool RegionTracer::leaveCell() {
     const auto [i, j] = cell_;
     const unsigned above = (isAbove(i, j) ? 1U : 0U) | (isAbove(i + 1, j) ? 2U : 0U) |
                            (isAbove(i + 1, j + 1) ? 4U : 0U) | (isAbove(i, j + 1) ? 8U : 0U);
-    const unsigned exits = crossedSides(above) & ~bit(entry_);
+    const unsigned exits = grid::crossedSides(above) & ~bit(entry_);
     if (exits == 0) {
         progress(messages::noExit);
         return false;

@@ -12,19 +12,40 @@
 
 namespace velmar::shade {
 
-/// Buffers of the tracing, reused from call to call.
-struct ShadeBuffers {
-    grid::LevelIndex index;
+/// What the levels of a strip are traced in.
+struct StripBuffers {
     grid::BitPlane above;  ///< points with data that lie above the level
     StripSides sides;
     std::vector<grid::GridPoint> outline;  ///< of the polygon that is being traced
     HoleStack holeStack;
 
+    /// Takes up a strip: finds its undefined boundaries.
+    void begin(const grid::LevelIndex& index, const Strip& strip) {
+        sides.resize(index.grid().nx, strip);
+        sides.markUndefinedSides(index, strip);
+        above.resize(index.grid().nx, strip.rows(), strip.jmin);
+    }
+    /// Takes up a level of it: finds the points above, and no side has been walked yet.
+    void beginLevel(const grid::LevelIndex& index, const Strip& strip, float level) {
+        for (int j = strip.jmin; j <= strip.jmax; ++j)
+            index.classifyRow(j, level, {above.row(j), above.wordsPerRow()});
+        sides.clearWalked(strip);
+    }
+
     /// Size of the memory in use.
     std::size_t bytes() const {
         constexpr std::size_t planes = 8;  // each plane of the sides is as large as that of the points
-        return index.bytes() + planes * above.bytes() + base::bytesOf(outline) + holeStack.bytes();
+        return planes * above.bytes() + base::bytesOf(outline) + holeStack.bytes();
     }
+};
+
+/// Buffers of the tracing, reused from call to call.
+struct ShadeBuffers {
+    grid::LevelIndex index;
+    StripBuffers strip;
+
+    /// Size of the memory in use.
+    std::size_t bytes() const { return index.bytes() + strip.bytes(); }
 };
 
 /// A level of a strip and the colours of its polygons.
@@ -75,8 +96,8 @@ enum class DiagonalCase { risingUndefined = 1, fallingUndefined = 2, contradicti
 /// ground is on the same hand throughout.
 class RegionTracer {
 public:
-    RegionTracer(const Strip& strip, const ShadeLevel& level, const grid::GridPlace& place,
-                 ShadeBuffers& buffers, ShadePolygons& polygons);
+    RegionTracer(const grid::LevelIndex& index, const Strip& strip, const ShadeLevel& level,
+                 const grid::GridPlace& place, StripBuffers& buffers, ShadePolygons& polygons);
 
     /// Traces one polygon. High ground is added to the polygons, low ground to the stack of holes. False on
     /// failure, which is reported on standard output unless the point buffer is full.
@@ -125,12 +146,13 @@ private:
     }
     SideFlag flagAhead(Direction direction) const;
 
+    const grid::LevelIndex& index_;
     const grid::GridView grid_;
     const Strip strip_;
     const ShadeLevel level_;
     const grid::LevelCurve curve_;
     const grid::GridPlace place_;
-    ShadeBuffers& buffers_;
+    StripBuffers& buffers_;
     ShadePolygons& polygons_;
 
     // The trace in progress.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/elementary.h"
+#include "base/threads.h"
 #include "base/wideVectors.h"
 
 namespace velmar::wind {
@@ -61,26 +62,39 @@ std::vector<double> longitudeSpansOf(int nx, const grid::GridPlace& place) {
     return spans;
 }
 
+/// A row of results: missing throughout on the first and the last row and where the earth's circle is none.
+void differentiateRowOf(const WindPair& wind, int j, const grid::GridPlace& place, WindDerivative derivative,
+                        const double* longitudeSpans, float* out) {
+    const auto& [p, q, missing] = wind;
+    const double latitude = static_cast<double>(position(j, place.latitudeStep, place.startLatitude));
+    const float circle = static_cast<float>(base::cosine(latitude)) * earthRadius;
+    if (j == 0 || j == p.ny - 1 || circle <= singular) {
+        std::fill_n(out, p.nx, missing);
+        return;
+    }
+    const double south = position(j - 1, place.latitudeStep, place.startLatitude);
+    const double north = position(j + 1, place.latitudeStep, place.startLatitude);
+    const double span = derivative == WindDerivative::divergence ? north - south : south - north;
+    const Row row{p.row(j), q.row(j - 1), q.row(j + 1), base::cosine(south), base::cosine(north),
+                  span,     circle};
+    out[0] = out[p.nx - 1] = missing;
+    differentiateRow(row, longitudeSpans, p.nx, missing, out);
+}
+
 }  // namespace
 
 base::Floats differentiate(const WindPair& wind, const grid::GridPlace& place, WindDerivative derivative) {
-    const auto& [p, q, missing] = wind;
+    const grid::GridView& p = wind.p;
     if (p.size() == 0) return nullptr;
     base::Floats result = base::allocateFloats(p.size());
-    std::fill_n(result.get(), p.size(), missing);
     const std::vector<double> longitudeSpans = longitudeSpansOf(p.nx, place);
-    for (int j = 1; j < p.ny - 1; ++j) {
-        const double south = position(j - 1, place.latitudeStep, place.startLatitude);
-        const double north = position(j + 1, place.latitudeStep, place.startLatitude);
-        const float circle = static_cast<float>(base::cosine(
-                                 static_cast<double>(position(j, place.latitudeStep, place.startLatitude)))) *
-                             earthRadius;
-        if (circle <= singular) continue;
-        const double span = derivative == WindDerivative::divergence ? north - south : south - north;
-        const Row row{p.row(j), q.row(j - 1), q.row(j + 1), base::cosine(south), base::cosine(north),
-                      span,     circle};
-        differentiateRow(row, longitudeSpans.data(), p.nx, missing, result.get() + (p.row(j) - p.values));
-    }
+    const double nanosecondsEach = 1.5 * p.nx;
+    base::shareWork(
+        static_cast<std::size_t>(p.ny), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            for (std::size_t j = first; j < last; ++j)
+                differentiateRowOf(wind, static_cast<int>(j), place, derivative, longitudeSpans.data(),
+                                   result.get() + j * static_cast<std::size_t>(p.nx));
+        });
     return result;
 }
 

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <vector>
 
+#include "base/threads.h"
 #include "support/files.h"
 #include "support/plainLocale.h"
 #include "velmarBaseA.h"
@@ -146,6 +147,36 @@ TEST(GridFile, LeavesItsBoldValueBehindOnceItsHeaderIsRead) {
     EXPECT_EQ(lastBoldValue(), 12) << "values that cannot be read do not matter";
     readText(gridText(1, 1, "2.5", "", "4 0 100 0 x"));
     EXPECT_EQ(lastBoldValue(), 12);
+}
+
+/// Large files are read in pieces by several threads. What is no number, or two in one word, shows in what follows.
+TEST(LargeGrids, AreReadByManyThreadsAsByOne) {
+    constexpr int nx = 500;
+    constexpr int ny = 400;
+    std::vector<std::string> words;
+    for (int k = 0; k < nx * ny; ++k) words.push_back(std::to_string(k % 977) + (k % 3 == 0 ? ".25" : ""));
+    const auto readWith = [&](std::size_t threads) {
+        velmar::base::setThreadLimit(threads, 0.0);
+        std::string text = "diamond 4 large\n11 10 8 0 0 500 1 1 0 499 0 399 500 400 4 0 9 0 0\n";
+        for (std::size_t k = 0; k < words.size(); ++k) text += words[k] + (k % 10 == 9 ? "\r\n" : " ");
+        const Block block = readText(text);
+        velmar::base::setThreadLimit(3, 0.0);
+        return std::vector<float>(block.get(), block.get() + (block[0] < 0 ? 1 : nx * ny + 16));
+    };
+    const auto expectSame = [&] {
+        const std::vector<float> one = readWith(1);
+        EXPECT_EQ(readWith(2), one);
+        EXPECT_EQ(readWith(3), one);
+        return one;
+    };
+    EXPECT_EQ(expectSame().size(), nx * ny + 16U);
+    words[60'000] = "1.5.5";
+    words[150'000] = "-0x1p-3";
+    const std::vector<float> shifted = expectSame();
+    EXPECT_EQ(shifted[11 + 60'001], 0.5F);
+    EXPECT_EQ(shifted[11 + 150'001], -0.125F);
+    words[199'000] = "1.x";
+    EXPECT_EQ(expectSame().size(), 1U);
 }
 
 }  // namespace

@@ -4,9 +4,11 @@
 #include <set>
 #include <thread>
 
+#include "base/threads.h"
 #include "calls.h"
 #include "support/ownFolder.h"
 #include "support/quiet.h"
+#include "support/said.h"
 
 namespace {
 
@@ -44,6 +46,30 @@ TEST_F(Threads, MakeAnyCallAtAnyTime) {
         std::erase_if(names, [&](const std::string& name) { return dependent.contains(name); });
         EXPECT_THAT(names, testing::IsEmpty());
     }
+}
+
+/// Results and printed texts, with every bit of work shared among threads.
+TEST_F(Threads, OfACallChangeNothingThatIsSeen) {
+    const auto seenWith = [](std::size_t threads) {
+        velmar::base::setThreadLimit(threads, 0.0);
+        std::vector<std::pair<Seen, std::string>> seen;
+        for (const Call& call : calls()) {
+            Seen outcome;
+            std::string printed = said([&] { outcome = runWell(call); });
+            seen.emplace_back(std::move(outcome), std::move(printed));
+        }
+        return seen;
+    };
+    seenWith(1);  // Later calls find what the first leave behind.
+    const auto alone = seenWith(1);
+    for (const std::size_t threads : {2, 3, 8}) {
+        const auto shared = seenWith(threads);
+        for (std::size_t k = 0; k < shared.size(); ++k) {
+            EXPECT_TRUE(shared[k].first == alone[k].first) << calls()[k].name << ", " << threads;
+            EXPECT_EQ(shared[k].second, alone[k].second) << calls()[k].name << ", " << threads;
+        }
+    }
+    velmar::base::setThreadLimit(3, 0.0);
 }
 
 }  // namespace

@@ -22,18 +22,14 @@ protected:
     void prepare(std::initializer_list<std::pair<int, int>> undefinedPoints = {}) {
         for (const auto& [i, j] : undefinedPoints) at(i, j) = missing;
         buffers_.index.build({values_.data(), nx, ny}, {missing});
-        buffers_.above.resize(nx, ny);
-        buffers_.sides.resize(nx, ny);
-        for (int j = 0; j < ny; ++j)
-            buffers_.index.classifyRow(j, 0.5F, {buffers_.above.row(j), buffers_.above.wordsPerRow()});
-        buffers_.sides.markUndefinedSides(buffers_.index, strip_);
-        buffers_.sides.clearWalked(strip_);
+        buffers_.strip.begin(buffers_.index, strip_);
+        buffers_.strip.beginLevel(buffers_.index, strip_, 0.5F);
     }
 
     /// What a trace prints that fails.
     std::string failureOf(StartKind kind, int i, int j) {
         test::CapturedOutput output;
-        RegionTracer tracer(strip_, {0.5F, 1, 0}, {0, 0, 1, 1}, buffers_, polygons_);
+        RegionTracer tracer(buffers_.index, strip_, {0.5F, 1, 0}, {0, 0, 1, 1}, buffers_.strip, polygons_);
         EXPECT_FALSE(tracer.traceRegion({kind, i, j}));
         base::flushProgress();
         EXPECT_TRUE(polygons_.runs.empty());
@@ -74,14 +70,14 @@ TEST_F(Consistency, BoundariesThatEndOrForkInTheWrongPlace) {
     EXPECT_EQ(failureOf(StartKind::undefinedAlongColumn, 2, ny - 1), "Logic error 20 in velmarCntrShad\n");
 
     // A strip's edge that is blocked where no undefined boundary leads inward.
-    buffers_.sides.alongRow.usable.clear(3, 0);
+    buffers_.strip.sides.alongRow.usable.clear(3, 0);
     EXPECT_EQ(failureOf(StartKind::bottomEdge, 2, 0), "Logic error 24 in velmarCntrShad\n");
 }
 
 TEST_F(Consistency, UndefinedCellsThatTouchAtAPointWithoutADiagonal) {
     const auto crossBoundariesAt = [&](int i, int j) {
-        for (const int k : {i - 1, i}) buffers_.sides.alongRow.boundary.set(k, j);
-        for (const int k : {j - 1, j}) buffers_.sides.alongColumn.boundary.set(i, k);
+        for (const int k : {i - 1, i}) buffers_.strip.sides.alongRow.boundary.set(k, j);
+        for (const int k : {j - 1, j}) buffers_.strip.sides.alongColumn.boundary.set(i, k);
     };
     prepare();
     crossBoundariesAt(2, 2);
@@ -90,13 +86,13 @@ TEST_F(Consistency, UndefinedCellsThatTouchAtAPointWithoutADiagonal) {
     // The walk comes in from the left below the undefined upper left cell. Of the pair that it finds, the
     // other one would have to be undefined.
     prepare({{1, 1}, {3, 3}});
-    buffers_.sides.definedCells.clear(1, 2);
+    buffers_.strip.sides.definedCells.clear(1, 2);
     EXPECT_EQ(failureOf(StartKind::undefinedAlongRow, 2, 2), "Logic error 28 in velmarCntrShad\n");
 
     // A strip that reaches beyond the grid's rows cannot be; one that ends below the last row can.
     strip_ = {0, ny};
-    buffers_.above.resize(nx, ny + 1);
-    buffers_.sides.resize(nx, ny + 1);
+    buffers_.strip.above.resize(nx, strip_.rows());
+    buffers_.strip.sides.resize(nx, strip_);
     crossBoundariesAt(2, ny - 1);
     EXPECT_EQ(failureOf(StartKind::undefinedAlongRow, 2, ny - 1), "Logic error 32 in velmarCntrShad\n");
 }

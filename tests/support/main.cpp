@@ -5,8 +5,11 @@
 #include <cstdlib>
 #include <locale>
 
+#include "base/threads.h"
+
 /// Runs the tests of a program. With VELMAR_DECIMAL_COMMA in the environment they run in the locale of the environment,
-/// that of the C library and that of C++ streams, which must have a decimal comma.
+/// that of the C library and that of C++ streams, which must have a decimal comma. With VELMAR_SHARED_WORK even the
+/// least work is shared among three threads.
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     if (std::getenv("VELMAR_DECIMAL_COMMA") != nullptr) {
@@ -16,5 +19,6 @@ int main(int argc, char** argv) {
         }
         std::locale::global(std::locale(""));
     }
+    if (std::getenv("VELMAR_SHARED_WORK") != nullptr) velmar::base::setThreadLimit(3, 0.0);
     return RUN_ALL_TESTS();
 }

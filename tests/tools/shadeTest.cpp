@@ -67,18 +67,21 @@ TEST_F(ShadeTest, WritesThePolygonsOfTheLibrary) {
         expectSame(polygons(file, {"--levels=30,-20,12.5,0", "--strip-rows", std::to_string(stripRows)}),
                    expected.get());
     }
-    EXPECT_EQ(polygons(file, {"--levels", "0"}), polygons(file, {"--levels", "0", "--strip-rows", "1"}));
 }
 
 TEST_F(ShadeTest, ShadesByteImages) {
     const std::string file = write("image", ByteImageText{}.text());
-    expectSame(polygons(file, {}), velmar::test::Block(readByteShadData(file.c_str(), 1, 0, 0)).get());
+    expectSame(polygons(file, {"--strip-rows", "1"}),
+               velmar::test::Block(readByteShadData(file.c_str(), 1, 0, 0)).get());
     const json single = polygons(file, {"--levels", "33.5", "--strip-rows", "0"});
     expectSame(single, velmar::test::Block(readByteShadData(file.c_str(), 0, 1, 33.5F)).get());
     EXPECT_EQ(single[0]["properties"]["level"], 33.5);
-    const json tens = polygons(file, {"--interval", "50"});
-    EXPECT_EQ(tens, polygons(file, {"--levels", "0,50,100"}));
-    EXPECT_EQ(tens, polygons(file, {"--auto", "3"}));
+    const auto strips = [&](const char* option, const char* value) {
+        return polygons(file, {option, value, "--strip-rows", "1"});
+    };
+    const json tens = strips("--interval", "50");
+    EXPECT_EQ(tens, strips("--levels", "0,50,100"));
+    EXPECT_EQ(tens, strips("--auto", "3"));
 }
 
 TEST_F(ShadeTest, ClosesPicturesRoundTheGlobeAndLeavesOutWhatTheyDoNotShow) {
@@ -103,11 +106,51 @@ TEST_F(ShadeTest, TellsNothingToPaintFromFailure) {
     // An outline with more corners than the library has room for.
     const GridText flat{.ny = 2, .value = [](double, double) { return 600; }};
     expectReplies(
-        {"shade", "--levels", "500", "-o", "-"},
+        {"shade", "--levels", "500", "--strip-rows", "1", "-o", "-"},
         {{{low}, 0, "there is nothing to paint"},
          {{write("chequered", GridText{.value = chequered}.text())}, 0, "there is nothing to paint"},
          {{write("flat", flat.text())}, 1, "the library gave up shading it"}});
-    EXPECT_EQ(polygons(low, {"--levels", "500"}), json::array());
+    EXPECT_EQ(polygons(low, {"--levels", "500", "--strip-rows", "1"}), json::array());
+    expectReplies(
+        {"shade", "--levels", "500", "-o", "-"},
+        {{{write("chequered", GridText{.value = chequered}.text())}, 0, "there is nothing to paint"}});
+}
+
+/// Twice the area inside a ring of GeoJSON.
+double twiceArea(const json& ring) {
+    double sum = 0;
+    for (std::size_t k = 1; k < ring.size(); ++k)
+        sum += ring[k - 1][0].get<double>() * ring[k][1].get<double>() -
+               ring[k][0].get<double>() * ring[k - 1][1].get<double>();
+    return sum;
+}
+
+TEST_F(ShadeTest, WritesBandsThatDivideTheAreaWithData) {
+    const std::string file = sample("grids/soilt_global_missing.000");
+    const json bands = polygons(file, {"--levels=30,-20,12.5,0"});
+    ASSERT_EQ(bands.size(), 5U);
+    double sum = 0;
+    std::size_t holes = 0;
+    for (std::size_t k = 0; k < bands.size(); ++k) {
+        EXPECT_EQ(bands[k]["geometry"]["type"], "MultiPolygon");
+        EXPECT_EQ(bands[k]["properties"]["lower"], k == 0 ? json() : bands[k - 1]["properties"]["upper"]);
+        for (const json& polygon : bands[k]["geometry"]["coordinates"]) {
+            for (std::size_t ring = 0; ring < polygon.size(); ++ring) {
+                EXPECT_EQ(polygon[ring].front(), polygon[ring].back());
+                EXPECT_EQ(twiceArea(polygon[ring]) > 0, ring == 0);
+                sum += twiceArea(polygon[ring]) / 2;
+            }
+            holes += polygon.size() - 1;
+        }
+    }
+    EXPECT_EQ(bands[4]["properties"]["upper"], json());
+    EXPECT_GT(holes, 0U);
+    // The cells with data at all corners, as the lines of the field are refined no further.
+    const json whole = polygons(file, {"--levels", "-300"});
+    double area = 0;
+    for (const json& polygon : whole[0]["geometry"]["coordinates"])
+        for (const json& ring : polygon) area += twiceArea(ring) / 2;
+    EXPECT_NEAR(sum, area, 1e-2);
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ TEST_F(StreamlinesTest, LinesAndArrowsRunWithTheFlow) {
     WindText wind;
     wind.u = [](double, double y) { return -(y - 25); };
     wind.v = [](double x, double) { return x - 105; };
-    const auto turnsLeft = [](GeoPoint from, GeoPoint to) {
+    const auto turnsLeft = [](velmar::base::LonLat from, velmar::base::LonLat to) {
         return (from.longitude - 105) * (to.latitude - 25) - (from.latitude - 25) * (to.longitude - 105) > 0;
     };
     const StreamlineSet set = traced(wind, {0});
@@ -56,7 +56,9 @@ TEST_F(StreamlinesTest, EveryPieceHasTheBandOfTheSpeedAtOneOfItsEnds) {
         wind.nx = 3;
         wind.ny = 3;
         wind.u = [=](double x, double) { return sign * (0.2 + 0.9 * (x - 100)); };
-        const auto bandAt = [](GeoPoint point) { return (0.2F + 0.9F * (point.longitude - 100)) / 0.02F; };
+        const auto bandAt = [](velmar::base::LonLat point) {
+            return (0.2F + 0.9F * (point.longitude - 100)) / 0.02F;
+        };
         const StreamlineSet set = traced(wind, levels);
         ASSERT_GT(set.pieces.size(), 100U);
         for (std::size_t k = 0; k < set.lineCount(); ++k) {

@@ -113,9 +113,9 @@ TEST_F(WindChartTest, TextsTellWhatTheColoursAreAndTheStrongestWindShown) {
     text.u = [](double longitude, double) { return longitude - 90; };
     const WindGrid file = wind(text);
     for (const auto quantity : {WindQuantity::speed, WindQuantity::divergence}) {
-        ContourSet field = drawContours(windQuantity(file, quantity, 1e5F), {});
-        field.levels = {1, 2};
-        const ChartTexts texts = textsOf(file, field, quantity, {101, 105, 22, 28});
+        const GridFile values = windQuantity(file, quantity, 1e5F);
+        const GlobeGrid field = onGlobe(values);
+        const ChartTexts texts = textsOf(file, field, true, quantity, {101, 105, 22, 28});
         EXPECT_EQ(texts.title, "WIND");
         EXPECT_EQ(texts.subtitle, "500 hPa   2024-02-28 12:00 + 36 h, valid 2024-03-01 00:00");
         EXPECT_THAT(texts.caption,
@@ -123,7 +123,7 @@ TEST_F(WindChartTest, TextsTellWhatTheColoursAreAndTheStrongestWindShown) {
         EXPECT_THAT(texts.extremes, HasSubstr("strongest wind 15.0 m/s at 22°N 105°E"));
         EXPECT_FALSE(texts.hasNoData);
         // Differences have no values at the edges.
-        EXPECT_EQ(textsOf(file, field, quantity, {100, 110, 20, 30}).hasNoData,
+        EXPECT_EQ(textsOf(file, field, true, quantity, {100, 110, 20, 30}).hasNoData,
                   quantity == WindQuantity::divergence);
     }
 }

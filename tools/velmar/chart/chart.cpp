@@ -1,5 +1,7 @@
 #include "chart/chart.h"
 
+#include <cmath>
+
 #include "chart/flowField.h"
 #include "chart/layers/centerLayer.h"
 #include "chart/layers/coverageLayer.h"
@@ -14,6 +16,7 @@
 #include "chart/paper/colourBar.h"
 #include "chart/paper/palette.h"
 #include "chart/sheet.h"
+#include "compute/levelSpacing.h"
 
 namespace velmar::tool {
 namespace {
@@ -22,49 +25,64 @@ namespace {
 constexpr Colour streamlineInk{0.12, 0.12, 0.16};
 
 /// What lies below the lines.
-Layers groundOf(const ContourSet& set, const std::optional<Fill>& fill, const std::vector<LineMap>& maps) {
+Layers groundOf(const GlobeGrid& grid, const std::optional<Fill>& fill, const std::vector<LineMap>& maps) {
     Layers layers;
     if (fill) {
-        layers.push_back(
-            std::make_unique<CoverageLayer>(fill->grid.view(), fill->lattice, fill->colours.front()));
+        layers.push_back(std::make_unique<CoverageLayer>(fill->grid, fill->lattice, fill->colours.front()));
         layers.push_back(std::make_unique<FillLayer>(*fill));
         layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnColours));
     } else {
-        layers.push_back(std::make_unique<CoverageLayer>(set.grid, set.lattice, white));
+        layers.push_back(std::make_unique<CoverageLayer>(grid.grid, grid.lattice, white));
         layers.push_back(std::make_unique<GraticuleLayer>(graticuleOnWhite));
     }
     addMaps(layers, maps, fill ? mapOnColours : mapOnWhite);
     return layers;
 }
 
-/// The bands between the levels, if they are asked for. Without levels there are none.
-std::optional<Fill> fillOf(const ContourSet& set, const ChartOptions& options) {
-    const bool hasBands = options.fill && !ascending(set.levels).empty();
-    return hasBands ? std::optional(fillContours(set)) : std::nullopt;
+/// The levels of the bands between them, if those are asked for.
+std::vector<float> bandLevels(const std::vector<float>& levels, const ChartOptions& options) {
+    return options.fill ? ascending(levels) : std::vector<float>();
 }
 
-Layers layersOf(const GridFile& file, const ContourSet& set, const std::optional<Fill>& fill,
-                const ChartOptions& options, const std::vector<PlacedValue>& stations) {
-    Layers layers = groundOf(set, fill, options.maps);
-    layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
-    layers.push_back(std::make_unique<StationLayer>(stations));
-    if (options.centers) layers.push_back(std::make_unique<CenterLayer>(set));
-    return layers;
+/// A grid of which no more columns and rows are left than can be seen on the map. It may be a view of the whole.
+GlobeGrid visibleGrid(const GlobeGrid& whole, const MapFrame& map, const std::string& format) {
+    // Points of paper are pixels only where they cannot be enlarged.
+    const double leastSpacing = format == "png" ? 1 : 0.5;
+    const PaperPoint from = map.toPaper(0, 0);
+    const PaperPoint to = map.toPaper(whole.lattice.longitudeStep, whole.lattice.latitudeStep);
+    const auto visible = [&](int lines, double spacing) {
+        // A grid that is hardly finer than the paper is worth its points.
+        const bool isFiner = std::fabs(spacing) < 0.75 * leastSpacing;
+        return isFiner ? static_cast<int>(std::ceil((lines - 1) * std::fabs(spacing) / leastSpacing)) + 1
+                       : lines;
+    };
+    const int columns = visible(whole.grid.nx, to.x - from.x);
+    const int rows = visible(whole.grid.ny, to.y - from.y);
+    if (columns < whole.grid.nx || rows < whole.grid.ny) return thinned(whole, columns, rows);
+    return {{.values = {}}, whole.grid, whole.lattice};
 }
 
 }  // namespace
 
-std::string drawGridChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
+std::string drawGridChart(const GridFile& file, const std::vector<float>& levels, const ChartOptions& options,
                           const std::string& format, const PlottedStations& stations) {
-    const GeoBox shown = options.bounds.value_or(boundsOf(set.lattice));
-    const auto fill = fillOf(set, options);
-    const Sheet sheet = layOut(shown, options.size, fill ? bandBarWidth(fill->levels) : 0);
+    const GlobeGrid whole = onGlobe(file);
+    const GeoBox shown = options.bounds.value_or(boundsOf(whole.lattice));
+    const std::vector<float> bands = bandLevels(levels, options);
+    const Sheet sheet = layOut(shown, options.size, bands.empty() ? 0 : bandBarWidth(bands));
+    const ContourSet set = drawContours(visibleGrid(whole, sheet.map, format), levels);
+    const auto fill = bands.empty() ? std::nullopt : std::optional(fillContours(set));
+
+    Layers layers = groundOf(set, fill, options.maps);
+    layers.push_back(std::make_unique<IsolineLayer>(set, file.header.boldValue));
+    layers.push_back(std::make_unique<StationLayer>(stations.stations));
+    if (options.centers) layers.push_back(std::make_unique<CenterLayer>(whole, spacingOf(levelsOf(set))));
     const auto drawBar = [&](cairo_t* ink) {
         if (fill) drawBandBar(ink, sheet.map, fill->levels, fill->colours);
     };
-    ChartTexts texts = textsOf(file, set, shown);
+    ChartTexts texts = textsOf(file, whole, set, shown);
     if (!stations.remark.empty()) texts.subtitle += "   " + stations.remark;
-    return drawSheet(sheet, layersOf(file, set, fill, options, stations.stations), texts, drawBar, format);
+    return drawSheet(sheet, layers, texts, drawBar, format);
 }
 
 std::string drawImageChart(const ByteImageFile& image, const ChartOptions& options,
@@ -95,13 +113,15 @@ std::string drawMapChart(const LineMap& map, const ChartOptions& options, const 
 
 std::string drawWindChart(const WindGrid& file, const WindColours& colours, std::optional<int> density,
                           const ChartOptions& options, const std::string& format) {
-    ContourSet field = drawContours(colours.values, {});
-    field.levels = colours.levels;
-    const GeoBox shown = options.bounds.value_or(boundsOf(field.lattice));
+    const GlobeGrid whole = onGlobe(colours.values);
+    const GeoBox shown = options.bounds.value_or(boundsOf(whole.lattice));
     const std::vector<float>& levels = colours.levels;
     const Sheet sheet = layOut(shown, options.size, levels.empty() ? 0 : bandBarWidth(levels));
 
-    const auto fill = fillOf(field, options);
+    ContourSet field = drawContours(visibleGrid(whole, sheet.map, format), {});
+    field.levels = levels;
+    const bool isFilled = !bandLevels(levels, options).empty();
+    const auto fill = isFilled ? std::optional(fillContours(field)) : std::nullopt;
     const std::vector<Colour> bands = fill ? fill->colours : lineColours(levels.size() + 1);
     std::vector<float> lineLevels{0};
     if (!fill) lineLevels.insert(lineLevels.end(), levels.begin(), levels.end());
@@ -115,7 +135,8 @@ std::string drawWindChart(const WindGrid& file, const WindColours& colours, std:
     const auto drawBar = [&](cairo_t* ink) {
         if (!levels.empty()) drawBandBar(ink, sheet.map, levels, bands);
     };
-    return drawSheet(sheet, layers, textsOf(file, field, colours.quantity, shown), drawBar, format);
+    return drawSheet(sheet, layers, textsOf(file, whole, !levels.empty(), colours.quantity, shown), drawBar,
+                     format);
 }
 
 }  // namespace velmar::tool

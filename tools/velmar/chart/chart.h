@@ -35,8 +35,9 @@ struct WindColours {
 
 // All draw a chart and return it as a file of the format (png, svg or pdf).
 
-/// A grid and its lines, and the stations that it was made from, if any.
-std::string drawGridChart(const GridFile& file, const ContourSet& set, const ChartOptions& options,
+/// A grid and its lines at the levels, and the stations that it was made from, if any. Lines and bands of a grid that is
+/// finer than the paper are those of its means there; centres and extremes are those of the grid itself.
+std::string drawGridChart(const GridFile& file, const std::vector<float>& levels, const ChartOptions& options,
                           const std::string& format, const PlottedStations& stations = {});
 
 /// A byte image as a picture. Options of lines play no part.

@@ -102,14 +102,16 @@ std::string plotText(const StationFile& file, const StationPlot& plot) {
 
 }  // namespace
 
-ChartTexts textsOf(const GridFile& file, const ContourSet& set, const GeoBox& shown) {
-    Content content{boundsOf(set.lattice), set.circlesGlobe(), findExtremes(set.grid, set.lattice, &shown)};
-    const float spacing = spacingOf(levelsOf(set));
+ChartTexts textsOf(const GridFile& file, const GlobeGrid& grid, const ContourSet& lines,
+                   const GeoBox& shown) {
+    Content content{boundsOf(grid.lattice), grid.circlesGlobe(),
+                    findExtremes(grid.grid, grid.lattice, &shown)};
+    const float spacing = spacingOf(levelsOf(lines));
     for (PlacedValue* extreme : {&content.extremes.smallest, &content.extremes.largest})
         extreme->value = roundedFor(spacing, extreme->value);
     return {.title = file.title,
             .subtitle = timesText(file.header.field),
-            .caption = levelsText(set, file.header.boldValue),
+            .caption = levelsText(lines, file.header.boldValue),
             .extremes = extremesText(content.extremes, "highest", "lowest"),
             .hasNoData = !content.covers(shown)};
 }
@@ -127,7 +129,7 @@ ChartTexts textsOf(const ByteImageFile& image, const GeoBox& shown) {
             .hasNoData = !content.covers(shown)};
 }
 
-ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity quantity,
+ChartTexts textsOf(const WindGrid& file, const GlobeGrid& field, bool hasColours, WindQuantity quantity,
                    const GeoBox& shown) {
     const Content content{boundsOf(field.lattice), field.circlesGlobe(),
                           findExtremes(field.grid, field.lattice, &shown)};
@@ -136,7 +138,7 @@ ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity q
     return {.title = file.title,
             .subtitle = timesText(file.header),
             .caption = "streamlines, arrow heads downwind" +
-                       (field.levels.empty() ? "" : "; colours: " + quantityText(quantity)),
+                       (hasColours ? "; colours: " + quantityText(quantity) : ""),
             .extremes = strongestText(speeds),
             .hasNoData = !content.covers(shown)};
 }

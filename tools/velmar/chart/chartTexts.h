@@ -21,7 +21,7 @@ struct ChartTexts {
     bool hasNoData;        ///< whether a part of the area shown has no data
 };
 
-ChartTexts textsOf(const GridFile& file, const ContourSet& set, const GeoBox& shown);
+ChartTexts textsOf(const GridFile& file, const GlobeGrid& grid, const ContourSet& lines, const GeoBox& shown);
 ChartTexts textsOf(const ByteImageFile& image, const GeoBox& shown);
 ChartTexts textsOf(const LineMap& map);
 ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const GeoBox& shown);
@@ -31,6 +31,7 @@ ChartTexts textsOf(const StationFile& file, const StationPlot& plot, const Conto
                    const GeoBox& shown);
 
 /// Of a wind file whose chart has colours for a quantity; the field is the quantity's.
-ChartTexts textsOf(const WindGrid& file, const ContourSet& field, WindQuantity quantity, const GeoBox& shown);
+ChartTexts textsOf(const WindGrid& file, const GlobeGrid& field, bool hasColours, WindQuantity quantity,
+                   const GeoBox& shown);
 
 }  // namespace velmar::tool

@@ -11,6 +11,7 @@
 #include <new>
 #include <thread>
 
+#include "base/threads.h"
 #include "cli/callFiles.h"
 #include "cli/command.h"
 #include "common/text.h"
@@ -176,8 +177,11 @@ std::vector<Job> planJobs(const OutputOptions& options, const std::vector<std::s
 int runJobs(const std::vector<Job>& jobs, std::size_t workers,
             const std::function<void(const Job&, Reporter&)>& work) {
     const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+    const std::size_t atATime = std::min(workers > 0 ? workers : cores, jobs.size());
+    // What a job shares out among threads must leave cores to the others.
+    base::setThreadLimit(std::max<std::size_t>(base::threadLimit() / std::max<std::size_t>(atATime, 1), 1));
     JobQueue queue(jobs, work);
-    queue.run(std::min(workers > 0 ? workers : cores, jobs.size()));
+    queue.run(atATime);
     return queue.anyFailed() ? someFilesFailed : success;
 }
 

@@ -111,8 +111,7 @@ void analyseFile(const Job& job, const AnalyseOptions& options, Reporter& report
     else if (job.format == "csv")
         writeOutput(job.output, commaSeparated(grid));
     else
-        writeOutput(job.output, drawGridChart(grid, drawContours(grid, plan.levels), options.chart,
-                                              job.format, stations));
+        writeOutput(job.output, drawGridChart(grid, plan.levels, options.chart, job.format, stations));
 }
 
 int runAnalyse(const AnalyseOptions& options) {

@@ -24,7 +24,7 @@ int runContour(const ContourOptions& options) {
                        const GridFile file = readGridFile(job.input);
                        const LevelPlan plan = planLevels(options.levels, file);
                        reporter.tell(job.input, plan.notice);
-                       const ContourSet set = drawContours(file, plan.levels);
+                       const ContourSet set = drawContours(onGlobe(file), plan.levels);
                        writeOutput(job.output, job.format == "csv" ? commaSeparated(set) : geoJson(set));
                    });
 }

@@ -129,8 +129,7 @@ void chartGrid(const ChartJob& chart) {
     chart.tell(plan.notice);
     if (options.fillQuantity) chart.tell("a grid file has one quantity, and it is filled with that");
     tellUnused(chart, "a grid file", {streamlinesTopic(options), stationsTopic(options)});
-    writeOutput(chart.job.output,
-                drawGridChart(file, drawContours(file, plan.levels), options.chart, chart.job.format));
+    writeOutput(chart.job.output, drawGridChart(file, plan.levels, options.chart, chart.job.format));
 }
 
 void chartByteImage(const ChartJob& chart) {

@@ -8,9 +8,14 @@
 #include "cli/output.h"
 #include "commands/commands.h"
 #include "common/text.h"
-#include "compute/contours.h"
+#include "compute/bands.h"
+#include "compute/globeGrid.h"
+#include "compute/levelSpacing.h"
+#include "compute/levels.h"
 #include "compute/shading.h"
+#include "grid/refine.h"
 #include "read/byteImageFile.h"
+#include "write/bandWriter.h"
 #include "write/geoJson.h"
 
 namespace velmar::tool {
@@ -19,16 +24,27 @@ namespace {
 const std::vector<std::string> formats{"geojson"};
 
 constexpr const char* explanation =
-    "A polygon is the area above its level in a strip of the grid. With strips of one row the\n"
-    "polygons, painted in their order, give the right picture everywhere. Taller strips give\n"
-    "fewer and larger polygons, but holes are polygons of their own then, in the colour below,\n"
-    "so that nothing is right without the order, and some areas that are enclosed or without\n"
-    "data are painted over. Without levels a byte image is shaded at all values of a byte.";
+    "A feature is a band between two levels, or below the lowest or above the highest of them (lower or\n"
+    "upper is null then): a MultiPolygon whose polygons have their holes. Bands do not overlap. They\n"
+    "have the lines that contour draws as borders. Without levels a byte image has a band for each value\n"
+    "of a byte.\n"
+    "With --strip-rows the features are the polygons of the library, each the area above its level in a\n"
+    "strip of the grid, in the order to paint them. With strips of one row they give the right picture\n"
+    "everywhere. Taller strips give fewer and larger polygons, but holes are polygons of their own then,\n"
+    "in the colour below, so that nothing is right without the order, and some areas that are enclosed\n"
+    "or without data are painted over.";
 
 struct ShadeOptions {
     OutputOptions output;
     LevelOptions levels;
-    int stripRows = 1;
+    std::optional<int> stripRows;
+};
+
+/// What is shaded.
+struct ShadedField {
+    GlobeGrid grid;
+    std::vector<float> levels;             ///< rising
+    grid::RefinementFactors refinement{};  ///< by which lines are traced on a finer grid
 };
 
 /// All values of a byte unless levels were asked for.
@@ -39,47 +55,87 @@ LevelPlan planImageLevels(const LevelOptions& options, const grid::GridView& val
     return plan;
 }
 
-Shading shadeImage(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
-    const ByteImageFile image = readByteImageFile(head);
-    const LevelPlan plan = planImageLevels(options.levels, image.grid.view());
-    reporter.tell(job.input, plan.notice);
-    const grid::Grid grid = image.circlesGlobe() ? closedGrid(image.grid.view()) : image.grid;
-    return shadeGrid(grid.view(), image.lattice, ascending(plan.levels), options.stripRows);
+ShadedField readImage(const FileHead& head, const ShadeOptions& options, std::string& notice) {
+    ByteImageFile image = readByteImageFile(head);
+    LevelPlan plan = planImageLevels(options.levels, image.grid.view());
+    notice = plan.notice;
+    const bool closes = image.circlesGlobe();
+    grid::Grid grid = closes ? closedGrid(image.grid.view()) : std::move(image.grid);
+    ShadedField field{{std::move(grid), {}, image.lattice}, ascending(std::move(plan.levels))};
+    field.grid.grid = field.grid.values.view();
+    return field;
 }
 
-Shading shadeGridFile(const Job& job, const FileHead& head, const ShadeOptions& options, Reporter& reporter) {
+ShadedField readGrid(const FileHead& head, const ShadeOptions& options, std::string& notice) {
     const GridFile file = readGridFile(head);
-    const LevelPlan plan = planLevels(options.levels, file);
-    reporter.tell(job.input, plan.notice);
-    // Without levels the contouring just closes a grid that circles the globe.
-    const ContourSet set = drawContours(file, {});
-    return shadeGrid(set.grid, set.lattice, ascending(plan.levels), options.stripRows);
+    LevelPlan plan = planLevels(options.levels, file);
+    notice = plan.notice;
+    ShadedField field{onGlobe(file), ascending(std::move(plan.levels))};
+    if (field.grid.values.values.empty()) {
+        // The file does not stay.
+        field.grid.values = {
+            {file.values.values, file.values.values + file.values.size()}, file.values.nx, file.values.ny};
+        field.grid.grid = field.grid.values.view();
+    }
+    field.refinement = grid::chooseFactors(field.grid.grid.nx, field.grid.grid.ny);
+    return field;
 }
 
 /// The polygons in drawing order. Outlines run counter-clockwise, as the format asks.
 std::string polygonJson(const Shading& shading) {
-    FeatureCollection collection;
+    FeatureCollection features;
     int order = 0;
     for (const PaintedArea& polygon : shading.polygons) {
-        Json ring = positionsJson(polygon);
-        if (!polygon.counterClockwise()) std::reverse(ring.begin(), ring.end());
-        collection.add(
-            {{"level", writtenNumber(polygon.level)}, {"colour", polygon.colour}, {"order", order++}},
-            {{"type", "Polygon"}, {"coordinates", Json::array({std::move(ring)})}});
+        const Json properties{
+            {"level", writtenNumber(polygon.level)}, {"colour", polygon.colour}, {"order", order++}};
+        const bool forward = polygon.counterClockwise();
+        features.add(properties, "Polygon", [&](std::string& text) {
+            text += '[';
+            for (std::size_t k = 0; k < polygon.size(); ++k) {
+                text += k == 0 ? '[' : ',';
+                appendPosition(text, polygon[forward ? k : polygon.size() - 1 - k]);
+            }
+            text += "]]";
+        });
     }
-    return collection.text();
+    return features.text();
+}
+
+std::string stripsJson(const ShadedField& field, int stripRows, std::string& notice) {
+    const Shading shading = shadeGrid(field.grid.grid, field.grid.lattice, field.levels, stripRows);
+    if (shading.polygons.empty())
+        notice = "there is nothing to paint: no cell with data reaches above a level";
+    return polygonJson(shading);
+}
+
+std::string bandsJson(const ShadedField& field, std::string& notice) {
+    const auto [fx, fy] = field.refinement;
+    const bool refined = fx > 1 || fy > 1;
+    const grid::Grid fine = refined ? grid::refine(field.grid.grid, grid::missingInFiles, field.refinement)
+                                    : grid::Grid{.values = {}};
+    const BandSet set = bandsOf(refined ? fine.view() : field.grid.grid, field.levels);
+    const bool isEmpty =
+        std::ranges::all_of(set.bands, [](const Band& band) { return band.polygons.empty(); });
+    if (isEmpty) notice = "there is nothing to paint: no cell has data at all its corners";
+    grid::Lattice lattice = field.grid.lattice;
+    lattice.longitudeStep /= static_cast<float>(fx);
+    lattice.latitudeStep /= static_cast<float>(fy);
+    return geoJson(set, lattice);
 }
 
 int runShade(const ShadeOptions& options) {
     return runJobs(
         planJobs(options.output, formats), options.output.workers, [&](const Job& job, Reporter& reporter) {
             const FileHead head = readFileHead(job.input);
-            const auto shade = head.kind.content == FileContent::byteImage ? shadeImage : shadeGridFile;
-            const Shading shading = shade(job, head, options, reporter);
-            if (shading.polygons.empty())
-                reporter.tell(job.input,
-                              "there is nothing to paint: no cell with data reaches above a level");
-            writeOutput(job.output, polygonJson(shading));
+            std::string notice;
+            const auto read = head.kind.content == FileContent::byteImage ? readImage : readGrid;
+            const ShadedField field = read(head, options, notice);
+            reporter.tell(job.input, notice);
+            notice.clear();
+            const std::string text =
+                options.stripRows ? stripsJson(field, *options.stripRows, notice) : bandsJson(field, notice);
+            reporter.tell(job.input, notice);
+            writeOutput(job.output, text);
         });
 }
 
@@ -87,13 +143,14 @@ int runShade(const ShadeOptions& options) {
 
 void addShadeCommand(Program& program) {
     const auto options = std::make_shared<ShadeOptions>();
-    Command command = program.addCommand(
-        "shade", "Write the areas above contour levels as GeoJSON polygons, in the order to paint them");
+    Command command =
+        program.addCommand("shade", "Write the bands between contour levels as GeoJSON polygons");
     addOutputOptions(command, options->output, formats, "Grid files (diamond 4) or byte images (March 13)");
     addLevelOptions(command, options->levels);
-    command.addOption("--strip-rows", options->stripRows, "Rows of cells in a strip; 0: the whole grid")
-        .notNegative()
-        .showsDefault();
+    command
+        .addOption("--strip-rows", options->stripRows,
+                   "Write the areas above levels in strips of so many rows of cells; 0: the whole grid")
+        .notNegative();
     command.explain(explanation);
     command.onRun([options] { return runShade(*options); });
 }

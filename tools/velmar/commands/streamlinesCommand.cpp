@@ -68,15 +68,16 @@ Json propertiesOf(const char* kind, const std::vector<float>& levels, int slowes
 void addStretch(std::span<const StreamlineSet::Piece> stretch, const std::vector<float>& levels,
                 FeatureCollection& collection) {
     const auto [slowest, fastest] = std::ranges::minmax(stretch.subspan(1), {}, &StreamlineSet::Piece::band);
-    // Lines have very many points: a tree of JSON values would cost more than all else.
-    std::string geometry = R"({"type":"LineString","coordinates":)";
-    char before = '[';
-    for (const auto& [end, band] : stretch) {
-        fmt::format_to(std::back_inserter(geometry), "{}[{},{}]", before, end.longitude, end.latitude);
-        before = ',';
-    }
-    geometry += "]}";
-    collection.addText(propertiesOf("streamline", levels, slowest.band, fastest.band), geometry);
+    const Json properties = propertiesOf("streamline", levels, slowest.band, fastest.band);
+    collection.add(properties, "LineString", [&](std::string& text) {
+        char before = '[';
+        for (const auto& [end, band] : stretch) {
+            text += before;
+            appendPosition(text, end);
+            before = ',';
+        }
+        text += ']';
+    });
 }
 
 void addLine(std::span<const StreamlineSet::Piece> line, bool split, const std::vector<float>& levels,
@@ -99,7 +100,7 @@ void addArrow(const StreamlineSet::Arrow& arrow, const std::vector<float>& level
     Json properties = propertiesOf("arrow", levels, arrow.band, arrow.band);
     const double tenths = std::round(10 * heading) / 10;
     properties["heading"] = tenths < 0 ? tenths + 360 : tenths + 0.0;
-    collection.add(properties, {{"type", "Point"}, {"coordinates", positionJson(arrow.head)}});
+    collection.add(properties, "Point", [&](std::string& text) { appendPosition(text, arrow.head); });
 }
 
 std::string geoJson(const StreamlineSet& set, bool split) {

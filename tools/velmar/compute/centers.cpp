@@ -9,26 +9,13 @@
 namespace velmar::tool {
 namespace {
 
-/// The grid with a column more on either side where it circles the globe, so that a centre on the seam has
-/// neighbours.
-struct WrappedGrid {
-    std::vector<float> values;
-    grid::GridView view;
-    int extraColumns;
-};
-
-WrappedGrid wrap(const ContourSet& set) {
-    const grid::GridView& grid = set.grid;
-    const int extra = set.circlesGlobe() ? 1 : 0;
-    WrappedGrid wrapped{.values = {}, .view = {nullptr, grid.nx + 2 * extra, grid.ny}, .extraColumns = extra};
-    wrapped.values.reserve(wrapped.view.size());
-    for (int row = 0; row < grid.ny; ++row) {
-        if (extra > 0) wrapped.values.push_back(grid.at(grid.nx - 2, row));
-        wrapped.values.insert(wrapped.values.end(), grid.row(row), grid.row(row) + grid.nx);
-        if (extra > 0) wrapped.values.push_back(grid.at(1, row));
-    }
-    wrapped.view.values = wrapped.values.data();
-    return wrapped;
+/// The last column but one, the seam and the second column of a grid that circles the globe: a centre on the seam has
+/// neighbours there.
+grid::Grid seamOf(const grid::GridView& grid) {
+    grid::Grid seam{{}, 3, grid.ny};
+    for (int row = 0; row < grid.ny; ++row)
+        seam.values.insert(seam.values.end(), {grid.at(grid.nx - 2, row), grid.at(0, row), grid.at(1, row)});
+    return seam;
 }
 
 /// Whether an inner grid point and its eight neighbours have data.
@@ -39,27 +26,81 @@ bool isComplete(const grid::GridView& grid, int column, int row) {
     return true;
 }
 
-}  // namespace
+/// How far highs or lows stand out, by blocks of points: of each block only its extreme point can. A way from point to
+/// point leads over the extremes of the blocks on it, so that with larger blocks passes count as too high, or too low,
+/// by what they differ from the points beside them.
+class BlockProminences {
+public:
+    BlockProminences(const GlobeGrid& grid, float sign, int blockSize)
+        : size_(blockSize), period_(grid.grid.nx - (grid.circlesGlobe() ? 1 : 0)) {
+        const int columns = blockOf(period_ - 1) + (grid.circlesGlobe() ? 2 : 1);
+        extremes_ = {{}, columns, blockOf(grid.grid.ny - 1) + 1};
+        extremes_.values.resize(extremes_.view().size(), grid::missingInFiles);
+        for (int row = 0; row < grid.grid.ny; ++row) addRow(grid.grid, row, sign);
+        prominences_ = prominences(extremes_.view(), sign, grid.circlesGlobe());
+    }
 
-std::vector<ProminentCenter> prominentCenters(const ContourSet& set, float leastProminence) {
-    const WrappedGrid wrapped = wrap(set);
-    const std::vector<float> highs = prominences(set.grid, 1, set.circlesGlobe());
-    const std::vector<float> lows = prominences(set.grid, -1, set.circlesGlobe());
-    const grid::Lattice& lattice = set.lattice;
-    std::vector<ProminentCenter> centers;
-    for (const contour::Center& found : contour::findGridCenters(wrapped.view, grid::missingInFiles)) {
-        const int column = found.column - wrapped.extraColumns;
-        const int row = found.row;
-        if (!isComplete(wrapped.view, found.column, row)) continue;
-        const auto point = static_cast<std::size_t>(row) * static_cast<std::size_t>(set.grid.nx) +
-                           static_cast<std::size_t>(column);
-        const float prominence = found.high ? highs[point] : lows[point];
-        if (prominence < leastProminence || prominence <= 0) continue;
+    float of(int column, int row, float value) const {
+        const std::size_t block = index(blockOf(column % period_), blockOf(row));
+        return extremes_.values[block] == value ? prominences_[block] : 0;
+    }
+
+private:
+    int blockOf(int line) const { return line / size_; }
+    std::size_t index(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(extremes_.nx) +
+               static_cast<std::size_t>(column);
+    }
+
+    void addRow(const grid::GridView& grid, int row, float sign) {
+        float* const blocks = extremes_.values.data() + index(0, blockOf(row));
+        for (int column = 0; column < period_; ++column) {
+            const float value = grid.at(column, row);
+            float& extreme = blocks[blockOf(column)];
+            if (!isPresent(value)) continue;
+            if (extreme == grid::missingInFiles || sign * value > sign * extreme) extreme = value;
+        }
+        if (extremes_.nx > blockOf(period_ - 1) + 1) blocks[extremes_.nx - 1] = blocks[0];
+    }
+
+    const int size_;
+    const int period_;  ///< columns, the repeated one left out
+    grid::Grid extremes_;
+    std::vector<float> prominences_;
+};
+
+/// The highs and lows of a grid.
+struct Prominences {
+    BlockProminences high;
+    BlockProminences low;
+};
+
+/// Adds the centres of a grid or of a part of it, whose columns begin at one of the whole.
+void addCenters(const GlobeGrid& whole, const grid::GridView& part, int firstColumn,
+                const Prominences& prominences, float leastProminence,
+                std::vector<ProminentCenter>& centers) {
+    const grid::Lattice& lattice = whole.lattice;
+    for (const contour::Center& found : contour::findGridCenters(part, grid::missingInFiles)) {
+        const int column = found.column + firstColumn;
+        const auto& heights = found.high ? prominences.high : prominences.low;
+        const float prominence = heights.of(column, found.row, found.value);
+        if (prominence < leastProminence || prominence <= 0 || !isComplete(part, found.column, found.row))
+            continue;
         centers.push_back({found.high, found.value,
                            lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
-                           lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep,
+                           lattice.startLatitude + static_cast<double>(found.row) * lattice.latitudeStep,
                            prominence});
     }
+}
+
+}  // namespace
+
+std::vector<ProminentCenter> prominentCenters(const GlobeGrid& grid, float leastProminence, int blockSize) {
+    const Prominences heights{{grid, 1, blockSize}, {grid, -1, blockSize}};
+    std::vector<ProminentCenter> centers;
+    if (grid.circlesGlobe())
+        addCenters(grid, seamOf(grid.grid).view(), -1, heights, leastProminence, centers);
+    addCenters(grid, grid.grid, 0, heights, leastProminence, centers);
     std::ranges::stable_sort(centers, std::ranges::greater{}, &ProminentCenter::prominence);
     return centers;
 }

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "compute/contours.h"
+#include "compute/globeGrid.h"
 
 namespace velmar::tool {
 
@@ -17,6 +17,10 @@ struct ProminentCenter {
 
 /// The centres of a grid that stand out by at least so much, the most prominent first. None is missing or
 /// touches a missing value.
-std::vector<ProminentCenter> prominentCenters(const ContourSet& set, float leastProminence);
+///
+///   blockSize  how many columns and rows count as one place: of the points there only the extreme one can be a centre,
+///              and prominences are a little too small
+std::vector<ProminentCenter> prominentCenters(const GlobeGrid& grid, float leastProminence,
+                                              int blockSize = 1);
 
 }  // namespace velmar::tool

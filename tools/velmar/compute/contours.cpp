@@ -1,7 +1,6 @@
 #include "compute/contours.h"
 
-#include <algorithm>
-#include <cmath>
+#include <utility>
 
 #include "contour/trace.h"
 
@@ -32,26 +31,11 @@ void trace(ContourSet& set) {
     }
 }
 
-/// The lattice of a grid that begins at a place, to its last column and row.
-grid::Lattice latticeOf(const grid::GridPlace& place, const grid::GridView& grid) {
-    return {.startLongitude = place.startLongitude,
-            .endLongitude = place.startLongitude + (static_cast<float>(grid.nx) - 1.0F) * place.longitudeStep,
-            .longitudeStep = place.longitudeStep,
-            .startLatitude = place.startLatitude,
-            .endLatitude = place.startLatitude + (static_cast<float>(grid.ny) - 1.0F) * place.latitudeStep,
-            .latitudeStep = place.latitudeStep};
-}
-
 }  // namespace
 
 bool Isoline::closed() const {
     return size() > 2 && coordinates[0] == coordinates[2 * size() - 2] &&
            coordinates[1] == coordinates[2 * size() - 1];
-}
-
-bool ContourSet::circlesGlobe() const {
-    constexpr double tolerance = 0.5;
-    return std::fabs(std::fabs(lattice.endLongitude - lattice.startLongitude) - 360.0) < tolerance;
 }
 
 grid::Lattice ContourSet::tracedLattice() const {
@@ -61,18 +45,9 @@ grid::Lattice ContourSet::tracedLattice() const {
     return fine;
 }
 
-ContourSet drawContours(const GridFile& file, const std::vector<float>& levels) {
-    const grid::Grid closed =
-        circlesGlobe(file.header.field) ? closedGrid(file.values) : grid::Grid{.values = {}};
-    const grid::GridView grid = closed.values.empty() ? file.values : closed.view();
-    ContourSet set{};
-    set.levels = levels;
-    set.values = base::allocateFloats(grid.size());
-    std::copy_n(grid.values, grid.size(), set.values.get());
-    set.grid = {set.values.get(), grid.nx, grid.ny};
-    set.lattice = latticeOf(file.header.field.lattice.place(), grid);
-    requireFinite(set.lattice);
-    set.refinement = grid::chooseFactors(grid.nx, grid.ny);
+ContourSet drawContours(GlobeGrid grid, const std::vector<float>& levels) {
+    ContourSet set{std::move(grid), {}, levels, {}, {}};
+    set.refinement = grid::chooseFactors(set.grid.nx, set.grid.ny);
     trace(set);
     return set;
 }

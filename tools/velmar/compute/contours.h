@@ -2,9 +2,9 @@
 
 #include <vector>
 
+#include "compute/globeGrid.h"
 #include "grid/refine.h"
 #include "read/geoPoints.h"
-#include "read/gridFile.h"
 
 namespace velmar::tool {
 
@@ -15,22 +15,17 @@ struct Isoline : GeoPoints {
     bool closed() const;
 };
 
-/// The contour lines of a grid, and the grid as it was contoured: one that circles the globe has its
-/// first column once more as its last.
-struct ContourSet {
+/// The contour lines of a grid, and the grid.
+struct ContourSet : GlobeGrid {
     base::Floats coordinates;   ///< of the lines
-    base::Floats values;        ///< of the grid
     std::vector<float> levels;  ///< those asked for: not all need have lines
     std::vector<Isoline> lines;
-    grid::GridView grid;
-    grid::Lattice lattice;
     grid::RefinementFactors refinement;  ///< by which the lines' grid is finer than this one
 
-    bool circlesGlobe() const;
     grid::Lattice tracedLattice() const;
 };
 
-/// The lines of a grid at the levels; a Problem when its place is no place.
-ContourSet drawContours(const GridFile& file, const std::vector<float>& levels);
+/// The lines of a grid at the levels.
+ContourSet drawContours(GlobeGrid grid, const std::vector<float>& levels);
 
 }  // namespace velmar::tool

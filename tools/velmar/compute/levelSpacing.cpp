@@ -13,6 +13,13 @@ std::vector<float> levelsOf(const ContourSet& set) {
     return levels;
 }
 
+std::vector<float> ascending(std::vector<float> levels) {
+    std::erase_if(levels, [](float level) { return !std::isfinite(level); });
+    std::ranges::sort(levels);
+    levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
+    return levels;
+}
+
 float spacingOf(const std::vector<float>& levels) {
     float spacing = 0;
     for (std::size_t k = 1; k < levels.size(); ++k) {

@@ -9,6 +9,9 @@ namespace velmar::tool {
 /// The values of which a set has lines, in rising order.
 std::vector<float> levelsOf(const ContourSet& set);
 
+/// The levels that are numbers, in rising order, each once.
+std::vector<float> ascending(std::vector<float> levels);
+
 /// Smallest distance of neighbouring levels; 0 when there are not two.
 float spacingOf(const std::vector<float>& levels);
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "common/text.h"
-#include "compute/shading.h"
+#include "compute/levelSpacing.h"
 #include "contour/levels.h"
 
 namespace velmar::tool {

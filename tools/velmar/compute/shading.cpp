@@ -66,11 +66,4 @@ Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, cons
     return shading;
 }
 
-std::vector<float> ascending(std::vector<float> levels) {
-    std::erase_if(levels, [](float level) { return !std::isfinite(level); });
-    std::ranges::sort(levels);
-    levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
-    return levels;
-}
-
 }  // namespace velmar::tool

@@ -28,7 +28,4 @@ struct Shading {
 Shading shadeGrid(const grid::GridView& grid, const grid::Lattice& lattice, const std::vector<float>& levels,
                   int stripRows);
 
-/// Levels as the shading wants them.
-std::vector<float> ascending(std::vector<float> levels);
-
 }  // namespace velmar::tool

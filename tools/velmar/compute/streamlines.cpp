@@ -15,14 +15,16 @@ class LineJoiner {
 public:
     explicit LineJoiner(StreamlineSet& set) : set_(set) { set_.firstPieces.push_back(0); }
 
-    void start(GeoPoint seed) {
+    void start(base::LonLat seed) {
         inFirstPart_ = !inFirstPart_;
         if (!inFirstPart_) return;
         finishLine();
         seed_ = seed;
     }
 
-    void drawTo(GeoPoint end, int band) { (inFirstPart_ ? withFlow_ : againstFlow_).push_back({end, band}); }
+    void drawTo(base::LonLat end, int band) {
+        (inFirstPart_ ? withFlow_ : againstFlow_).push_back({end, band});
+    }
 
     /// The part against the flow is turned round, so that a band belongs to the piece on the other side of
     /// its point.
@@ -42,14 +44,14 @@ public:
 
 private:
     StreamlineSet& set_;
-    GeoPoint seed_{};
+    base::LonLat seed_{};
     bool inFirstPart_ = false;
     std::vector<StreamlineSet::Piece> withFlow_;
     std::vector<StreamlineSet::Piece> againstFlow_;
 };
 
 /// The library's lines may end a little beyond the last row or column.
-GeoPoint insideGrid(GeoPoint point, const grid::GridView& grid, const grid::Lattice& lattice) {
+base::LonLat insideGrid(base::LonLat point, const grid::GridView& grid, const grid::Lattice& lattice) {
     const float endLongitude =
         lattice.startLongitude + static_cast<float>(grid.nx - 1) * lattice.longitudeStep;
     const float endLatitude = lattice.startLatitude + static_cast<float>(grid.ny - 1) * lattice.latitudeStep;
@@ -64,7 +66,7 @@ void readLines(std::span<const float> points, const grid::GridView& grid, const 
     constexpr std::size_t pointElements = 4;
     LineJoiner joiner(set);
     for (; !points.empty(); points = points.subspan(pointElements)) {
-        const GeoPoint place = insideGrid({points[1], points[2]}, grid, lattice);
+        const base::LonLat place = insideGrid({points[1], points[2]}, grid, lattice);
         if (points[0] == static_cast<float>(wind::Pen::up))
             joiner.start(place);
         else

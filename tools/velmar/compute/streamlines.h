@@ -12,12 +12,12 @@ namespace velmar::tool {
 /// part that was traced against it. Bands of speed are counted from 0.
 struct StreamlineSet {
     struct Piece {
-        GeoPoint end;
+        base::LonLat end;
         int band;  ///< of the piece that ends here; 0 at the start of a line
     };
     struct Arrow {
-        GeoPoint tail;
-        GeoPoint head;  ///< downstream
+        base::LonLat tail;
+        base::LonLat head;  ///< downstream
         int band;
     };
 

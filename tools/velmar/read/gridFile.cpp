@@ -2,20 +2,58 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
-#include <span>
+#include <cstddef>
+#include <vector>
 
 #include "base/scanner.h"
+#include "base/threads.h"
 #include "common/text.h"
+#include "files/fieldValues.h"
 
 namespace velmar::tool {
 namespace {
 
-bool isInside(const GeoBox& area, double longitude, double latitude) {
-    constexpr double tolerance = 1e-4;
-    if (latitude < area.south - tolerance || latitude > area.north + tolerance) return false;
-    const double eastOfWest = std::fmod(std::fmod(longitude - area.west + tolerance, 360.0) + 360.0, 360.0);
-    return eastOfWest <= area.east - area.west + 2 * tolerance;
+/// Which columns, or rows, lie in an area.
+template <class IsInside>
+std::vector<char> linesInside(int lines, const IsInside& isInside) {
+    std::vector<char> inside;
+    for (int line = 0; line < lines; ++line) inside.push_back(isInside(line) ? 1 : 0);
+    return inside;
+}
+
+double longitudeOf(const grid::Lattice& lattice, int column) {
+    return lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep;
+}
+double latitudeOf(const grid::Lattice& lattice, int row) {
+    return lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep;
+}
+
+/// Looks at the values of some rows; extremes before them count first.
+void addRow(const grid::GridView& grid, const grid::Lattice& lattice, const std::vector<char>& columns,
+            int row, PlacedExtremes& extremes) {
+    for (int column = 0; column < grid.nx; ++column) {
+        const float value = grid.at(column, row);
+        if (columns[static_cast<std::size_t>(column)] == 0) continue;
+        if (value == grid::missingInFiles) ++extremes.missing;
+        if (!isPresent(value)) continue;
+        const bool first = extremes.present++ == 0;
+        const auto placed = [&] {
+            return PlacedValue{value, longitudeOf(lattice, column), latitudeOf(lattice, row)};
+        };
+        if (first || value < extremes.smallest.value) extremes.smallest = placed();
+        if (first || value > extremes.largest.value) extremes.largest = placed();
+    }
+}
+
+void append(const PlacedExtremes& more, PlacedExtremes& extremes) {
+    const bool first = extremes.present == 0;
+    extremes.missing += more.missing;
+    extremes.present += more.present;
+    if (more.present == 0) return;
+    if (first || more.smallest.value < extremes.smallest.value) extremes.smallest = more.smallest;
+    if (first || more.largest.value > extremes.largest.value) extremes.largest = more.largest;
 }
 
 }  // namespace
@@ -71,7 +109,10 @@ GridFile readGridFile(const FileHead& head) {
                   .values = {}};
     file.header.title = {};
     file.values = {.values = file.storage.get(), .nx = nx, .ny = ny};
-    if (in.read(std::span(file.storage.get(), count)) < count)
+    const auto columns = static_cast<std::size_t>(std::max(nx, 0));
+    const std::size_t rows = count == 0 ? 0 : count / columns;
+    if (!files::readFieldValues(in,
+                                {file.storage.get(), static_cast<std::ptrdiff_t>(columns), columns, rows}))
         throw Problem(gridReaderProblem(unreadableValue));
     return file;
 }
@@ -87,21 +128,25 @@ grid::Grid closedGrid(const grid::GridView& grid) {
 }
 
 PlacedExtremes findExtremes(const grid::GridView& grid, const grid::Lattice& lattice, const GeoBox* area) {
+    constexpr double tolerance = 1e-4;
+    const std::vector<char> columns = linesInside(grid.nx, [&](int column) {
+        if (area == nullptr) return true;
+        const double east = longitudeOf(lattice, column) - area->west + tolerance;
+        return std::fmod(std::fmod(east, 360.0) + 360.0, 360.0) <= area->east - area->west + 2 * tolerance;
+    });
+    const std::vector<char> rows = linesInside(grid.ny, [&](int row) {
+        const double latitude = latitudeOf(lattice, row);
+        return area == nullptr ||
+               (latitude >= area->south - tolerance && latitude <= area->north + tolerance);
+    });
+    const auto runs = base::collectWork(rows.size(), 1.5 * grid.nx, [&](std::size_t first, std::size_t last) {
+        PlacedExtremes extremes;
+        for (std::size_t row = first; row < last; ++row)
+            if (rows[row] != 0) addRow(grid, lattice, columns, static_cast<int>(row), extremes);
+        return extremes;
+    });
     PlacedExtremes extremes;
-    for (int row = 0; row < grid.ny; ++row) {
-        for (int column = 0; column < grid.nx; ++column) {
-            const PlacedValue point{
-                grid.at(column, row),
-                lattice.startLongitude + static_cast<double>(column) * lattice.longitudeStep,
-                lattice.startLatitude + static_cast<double>(row) * lattice.latitudeStep};
-            if (area != nullptr && !isInside(*area, point.longitude, point.latitude)) continue;
-            if (point.value == grid::missingInFiles) ++extremes.missing;
-            if (!isPresent(point.value)) continue;
-            const bool first = extremes.present++ == 0;
-            if (first || point.value < extremes.smallest.value) extremes.smallest = point;
-            if (first || point.value > extremes.largest.value) extremes.largest = point;
-        }
-    }
+    for (const auto& [first, run] : runs) append(run, extremes);
     return extremes;
 }
 

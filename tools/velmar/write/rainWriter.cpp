@@ -37,9 +37,10 @@ std::string commaSeparated(const RainSum& sum) {
 std::string geoJson(const RainSum& sum) {
     FeatureCollection collection;
     for (const RainStation& station : sum.stations)
-        collection.add(
-            {{"station", station.number}, {"height", station.height}, {"rain", station.total}},
-            {{"type", "Point"}, {"coordinates", positionJson({station.longitude, station.latitude})}});
+        collection.add({{"station", station.number}, {"height", station.height}, {"rain", station.total}},
+                       "Point", [&](std::string& text) {
+                           appendPosition(text, {station.longitude, station.latitude});
+                       });
     return collection.text();
 }
 

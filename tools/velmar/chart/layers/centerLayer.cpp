@@ -1,5 +1,8 @@
 #include "chart/layers/centerLayer.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "chart/paper/lettering.h"
 #include "common/text.h"
 #include "compute/levelSpacing.h"
@@ -23,17 +26,21 @@ TurnedBox roomOf(PaperPoint place) { return {place + PaperPoint{0, valueBelow / 
 /// A centre has to stand out by this part of the distance between two levels.
 constexpr float leastLevels = 0.33F;
 
-float leastProminence(const ContourSet& set) {
-    const float spacing = spacingOf(levelsOf(set));
-    if (spacing > 0) return leastLevels * spacing;
-    const PlacedExtremes extremes = findExtremes(set.grid, set.lattice);
+}  // namespace
+
+float CenterLayer::leastProminence() const {
+    if (lineSpacing_ > 0) return leastLevels * lineSpacing_;
+    const PlacedExtremes extremes = findExtremes(grid_.grid, grid_.lattice);
     return (extremes.largest.value - extremes.smallest.value) / 20;
 }
 
-}  // namespace
-
 void CenterLayer::place(Page& page) {
-    for (const ProminentCenter& center : prominentCenters(set_, leastProminence(set_))) {
+    // Centres that share a pixel cannot be told apart.
+    const PaperPoint step =
+        page.map.toPaper(grid_.lattice.longitudeStep, grid_.lattice.latitudeStep) - page.map.toPaper(0, 0);
+    const double pointsPerPixel = 1 / std::max(std::fabs(step.x), std::fabs(step.y));
+    const int blockSize = static_cast<int>(std::clamp(pointsPerPixel, 1.0, 100.0));
+    for (const ProminentCenter& center : prominentCenters(grid_, leastProminence(), blockSize)) {
         const auto [first, last] = circlesInto(page.map.bounds, center.longitude, center.longitude);
         for (int circles = first; circles <= last; ++circles)
             placeMark(page, {center, page.map.toPaper(center.longitude + 360.0 * circles, center.latitude)});
@@ -51,13 +58,13 @@ void CenterLayer::placeMark(Page& page, const Mark& mark) {
 }
 
 void CenterLayer::draw(Page& page) const {
-    const float spacing = spacingOf(levelsOf(set_));
     for (const auto& [center, middle] : marks_) {
         const Colour ink = center.high ? highInk : lowInk;
         drawText(page.ink, center.high ? "H" : "L", middle, Anchor::center,
                  {.size = letterSize, .bold = true, .colour = ink, .halo = 2.5});
-        drawText(page.ink, plainNumber(roundedFor(spacing, center.value)), middle + PaperPoint{0, valueBelow},
-                 Anchor::center, {.size = valueSize, .bold = true, .colour = ink, .halo = 2});
+        drawText(page.ink, plainNumber(roundedFor(lineSpacing_, center.value)),
+                 middle + PaperPoint{0, valueBelow}, Anchor::center,
+                 {.size = valueSize, .bold = true, .colour = ink, .halo = 2});
     }
 }
 

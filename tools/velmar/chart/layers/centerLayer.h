@@ -9,7 +9,8 @@ namespace velmar::tool {
 /// prominent before others.
 class CenterLayer : public Layer {
 public:
-    explicit CenterLayer(const ContourSet& set) : set_(set) {}
+    /// Centres of a grid, among lines of this spacing; 0 when there are no lines.
+    CenterLayer(const GlobeGrid& grid, float lineSpacing) : grid_(grid), lineSpacing_(lineSpacing) {}
     void place(Page& page) override;
     void draw(Page& page) const override;
 
@@ -20,7 +21,10 @@ private:
     };
     void placeMark(Page& page, const Mark& mark);
 
-    const ContourSet& set_;
+    float leastProminence() const;
+
+    const GlobeGrid& grid_;
+    float lineSpacing_;
     std::vector<Mark> marks_;
 };
 

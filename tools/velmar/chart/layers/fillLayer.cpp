@@ -2,27 +2,32 @@
 
 #include "chart/paper/palette.h"
 #include "chart/paper/paperArea.h"
+#include "compute/levelSpacing.h"
 
 namespace velmar::tool {
 
 Fill fillContours(const ContourSet& set) {
     Fill fill{.levels = ascending(set.levels),
               .colours = {},
-              // Areas of the coarse grid would not reach the lines.
-              .grid = refine(set.grid, grid::missingInFiles, set.refinement),
+              .refined = {.values = {}},
+              .grid = set.grid,
               .lattice = set.tracedLattice(),
               .areas = {}};
     fill.colours = bandColours(fill.levels);
-    constexpr grid::Lattice columnsAndRows{0, 0, 1, 0, 0, 1};
-    for (const float level : fill.levels)
-        fill.areas.push_back(joinStrips(shadeGrid(fill.grid.view(), columnsAndRows, {level}, 1)));
+    if (set.refinement.x > 1 || set.refinement.y > 1) {
+        // Areas of the coarse grid would not reach the lines.
+        fill.refined = refine(set.grid, grid::missingInFiles, set.refinement);
+        fill.grid = fill.refined.view();
+    }
+    const std::vector<shade::ValueBand> above(fill.levels.begin(), fill.levels.end());
+    fill.areas = shade::outlineBands(fill.grid, grid::missingInFiles, above);
     return fill;
 }
 
 void FillLayer::draw(Page& page) const {
     for (std::size_t k = 0; k < fill_.areas.size(); ++k) {
-        for (const AreaOutline& outline : fill_.areas[k])
-            traceOutline(page.ink, page.map, outline, fill_.lattice);
+        for (const base::PointRun& outline : fill_.areas[k].runs)
+            traceOutline(page.ink, page.map, fill_.areas[k].pointsOf(outline), fill_.lattice);
         setColour(page.ink, fill_.colours[k + 1]);
         cairo_fill(page.ink);
     }

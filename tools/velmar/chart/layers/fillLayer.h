@@ -5,7 +5,7 @@
 #include "chart/paper/page.h"
 #include "chart/paper/paper.h"
 #include "compute/contours.h"
-#include "compute/outlines.h"
+#include "shade/outlines.h"
 
 namespace velmar::tool {
 
@@ -13,9 +13,10 @@ namespace velmar::tool {
 struct Fill {
     std::vector<float> levels;    ///< rising
     std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
-    grid::Grid grid;              ///< as fine as the one that the lines were traced on
+    grid::Grid refined;           ///< as the one that the lines were traced on, if that is finer
+    grid::GridView grid;          ///< that one
     grid::Lattice lattice;
-    std::vector<std::vector<AreaOutline>> areas;  ///< above each level
+    std::vector<shade::AreaOutlines> areas;  ///< above each level
 };
 
 Fill fillContours(const ContourSet& set);

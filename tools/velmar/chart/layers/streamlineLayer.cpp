@@ -38,7 +38,7 @@ Parts partsOf(const StreamlineSet& set, const MapFrame& map) {
     // A part begins with the point that the one before ended with. There are no more parts than pieces, and
     // the lines view the coordinates, which must stay where they are.
     parts.coordinates.reserve(4 * set.pieces.size());
-    const auto add = [&](GeoPoint point) {
+    const auto add = [&](base::LonLat point) {
         parts.coordinates.insert(parts.coordinates.end(), {point.longitude, point.latitude});
     };
     for (std::size_t k = 0; k < set.lineCount(); ++k) {
@@ -77,7 +77,7 @@ void StreamlineLayer::place(Page& page) {
 }
 
 void StreamlineLayer::placeArrow(Page& page, const StreamlineSet::Arrow& arrow, int circles) {
-    const auto onPaper = [&](GeoPoint point) {
+    const auto onPaper = [&](base::LonLat point) {
         return page.map.toPaper(point.longitude + 360.0 * circles, point.latitude);
     };
     const PaperPoint tip = onPaper(arrow.head);

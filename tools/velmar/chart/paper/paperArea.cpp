@@ -28,8 +28,8 @@ std::vector<AreaCorner> cut(const std::vector<AreaCorner>& area, double line, do
     return kept;
 }
 
-std::vector<AreaCorner> onPaper(const AreaOutline& outline, const grid::Lattice& lattice, const MapFrame& map,
-                                int circles) {
+std::vector<AreaCorner> onPaper(std::span<const shade::OutlinePoint> outline, const grid::Lattice& lattice,
+                                const MapFrame& map, int circles) {
     std::vector<AreaCorner> area;
     area.reserve(outline.size());
     for (const auto& [column, row, sharp] : outline) {
@@ -71,9 +71,9 @@ std::vector<AreaCorner> clipped(std::vector<AreaCorner> area, const PaperBox& bo
     return cut<&PaperPoint::y>(area, box.bottom(), -1);
 }
 
-void traceOutline(cairo_t* ink, const MapFrame& map, const AreaOutline& outline,
+void traceOutline(cairo_t* ink, const MapFrame& map, std::span<const shade::OutlinePoint> outline,
                   const grid::Lattice& lattice) {
-    const auto [least, most] = std::ranges::minmax(outline, {}, &OutlinePoint::column);
+    const auto [least, most] = std::ranges::minmax(outline, {}, &shade::OutlinePoint::column);
     const double start = lattice.startLongitude + static_cast<double>(least.column) * lattice.longitudeStep;
     const double end = lattice.startLongitude + static_cast<double>(most.column) * lattice.longitudeStep;
     const auto [first, last] = circlesInto(map.bounds, std::min(start, end), std::max(start, end));

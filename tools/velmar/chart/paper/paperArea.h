@@ -4,7 +4,7 @@
 
 #include "chart/paper/mapFrame.h"
 #include "chart/paper/paper.h"
-#include "compute/outlines.h"
+#include "shade/outlines.h"
 
 namespace velmar::tool {
 
@@ -20,7 +20,7 @@ std::vector<AreaCorner> clipped(std::vector<AreaCorner> area, const PaperBox& bo
 
 /// Adds what can be seen of an outline to the drawing path, as often as it can be seen, rounded as lines are,
 /// but for its sharp corners.
-void traceOutline(cairo_t* ink, const MapFrame& map, const AreaOutline& outline,
+void traceOutline(cairo_t* ink, const MapFrame& map, std::span<const shade::OutlinePoint> outline,
                   const grid::Lattice& lattice);
 
 }  // namespace velmar::tool

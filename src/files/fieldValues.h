@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+
+#include "base/scanner.h"
+
+namespace velmar::files {
+
+/// Where the values of a field go, in the order of the file: row by row.
+struct FieldRows {
+    float* first;           ///< the first value of the first row
+    std::ptrdiff_t stride;  ///< from a row to the next one; negative where the file begins with the last row
+    std::size_t columns;
+    std::size_t rows;
+};
+
+/// Reads the values of a field; returns whether all are there.
+bool readFieldValues(base::TextScanner& in, const FieldRows& field);
+
+}  // namespace velmar::files
