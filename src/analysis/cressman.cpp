@@ -64,7 +64,7 @@ public:
     void placeStations(const StationView& stations, const base::LonLatBox& bounds);
     /// The sum of the stations' values, of those in the grid: the first guess.
     float sum() const;
-    void fill(float value) { std::fill_n(grid_.get(), firstPoint(size_.ny), value); }
+    void fill(float value);
     void scan(float radius, bool marks);
     void blankUnreached();
     Floats release() { return std::move(grid_); }
@@ -169,10 +169,22 @@ void Cressman::finishPoints(int j, std::size_t firstColumn, const RowSums& sums,
     }
 }
 
+void Cressman::fill(float value) {
+    base::shareWork(static_cast<std::size_t>(size_.ny), 0.3 * size_.nx,
+                    [&](std::size_t first, std::size_t last) {
+                        std::fill(grid_.get() + firstPoint(static_cast<int>(first)),
+                                  grid_.get() + firstPoint(static_cast<int>(last)), value);
+                    });
+}
+
 void Cressman::blankUnreached() {
-    for (int j = 0; j < size_.ny; ++j)
-        for (int i = 0; i < size_.nx; ++i)
-            if (unreached_.test(i, j)) grid_[firstPoint(j) + static_cast<std::size_t>(i)] = missing;
+    base::shareWork(static_cast<std::size_t>(size_.ny), 1.0 * size_.nx,
+                    [&](std::size_t first, std::size_t last) {
+                        for (int j = static_cast<int>(first); j < static_cast<int>(last); ++j)
+                            for (int i = 0; i < size_.nx; ++i)
+                                if (unreached_.test(i, j))
+                                    grid_[firstPoint(j) + static_cast<std::size_t>(i)] = missing;
+                    });
 }
 
 }  // namespace

@@ -103,6 +103,15 @@ private:
     std::size_t started_ = 0;
 };
 
+/// How many threads work on so many parts.
+std::size_t threadsFor(std::size_t count, double nanosecondsEach) noexcept {
+    const double work = static_cast<double>(count) * nanosecondsEach;
+    const double share = nanosecondsPerThread.load(std::memory_order_relaxed);
+    std::size_t threads = sharesNoMore ? 1 : std::min(threadLimit(), count);
+    while (threads > 1 && static_cast<double>(threads) * share > work) --threads;
+    return threads;
+}
+
 }  // namespace
 
 std::size_t threadLimit() noexcept {
@@ -122,14 +131,15 @@ void setThreadLimit(std::size_t threads, double worth) noexcept {
 UnsharedWork::UnsharedWork() noexcept : before_(std::exchange(sharesNoMore, true)) {}
 UnsharedWork::~UnsharedWork() { sharesNoMore = before_; }
 
+bool isShared(std::size_t count, double nanosecondsEach) noexcept {
+    return threadsFor(count, nanosecondsEach) > 1;
+}
+
 namespace detail {
 
 void shareParts(std::size_t count, double nanosecondsEach, const RunOfParts& run) {
     if (count == 0) return;
-    const double work = static_cast<double>(count) * nanosecondsEach;
-    const double share = nanosecondsPerThread.load(std::memory_order_relaxed);
-    std::size_t threads = sharesNoMore ? 1 : std::min(threadLimit(), count);
-    while (threads > 1 && static_cast<double>(threads) * share > work) --threads;
+    const std::size_t threads = threadsFor(count, nanosecondsEach);
     if (threads < 2) {
         run.call(run.work, 0, count);
         return;

@@ -32,6 +32,9 @@ private:
     bool before_;
 };
 
+/// Whether work on so many parts would be shared among threads.
+bool isShared(std::size_t count, double nanosecondsEach) noexcept;
+
 namespace detail {
 
 /// A work function and what it works on.

@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <span>
 
 #include "capi/barrier.h"
 #include "capi/state.h"
+#include "files/fieldValues.h"
 #include "files/file.h"
 #include "files/gridFile.h"
 #include "grid/extremes.h"
@@ -41,7 +43,8 @@ Outcome<ResultBlock> readGrid(const char* path) {
                           lattice.endLatitude, lattice.longitudeStep, lattice.latitudeStep});
     const std::span<float> extremes = out.claim(2);
     const std::span<float> values = out.claim(n);
-    if (in.read(values) < n) return base::Failure{-7};
+    if (!files::readFieldValues(in, files::rowsOf(values, static_cast<std::size_t>(std::max(field.nx, 0)))))
+        return base::Failure{-7};
     const auto [largest, smallest] = grid::extremesOf(values, grid::nothingMissing);
     extremes[0] = largest;
     extremes[1] = smallest;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <map>
 
 #include "base/numbers.h"
 #include "base/threads.h"
@@ -82,13 +83,19 @@ bool classifyRow(const GridView& grid, int row, std::vector<CenterKind>& kinds) 
     return any != 0;
 }
 
+/// The centres of runs of rows, by the first row of each.
+using CentersOfRuns = std::map<std::size_t, std::vector<Center>>;
+
 /// Reorders centres from row by row to column by column; within a column they stay in the order of the rows.
-std::vector<Center> orderedByColumn(const std::vector<Center>& centers, int nx) {
+std::vector<Center> orderedByColumn(const CentersOfRuns& runs, int nx) {
     std::vector<std::size_t> next(static_cast<std::size_t>(nx) + 1);
-    for (const Center& center : centers) ++next[static_cast<std::size_t>(center.column) + 1];
+    for (const auto& [first, centers] : runs)
+        for (const Center& center : centers) ++next[static_cast<std::size_t>(center.column) + 1];
     for (std::size_t column = 1; column < next.size(); ++column) next[column] += next[column - 1];
-    std::vector<Center> ordered(centers.size());
-    for (const Center& center : centers) ordered[next[static_cast<std::size_t>(center.column)]++] = center;
+    std::vector<Center> ordered(next.back());
+    for (const auto& [first, centers] : runs)
+        for (const Center& center : centers)
+            ordered[next[static_cast<std::size_t>(center.column)]++] = center;
     return ordered;
 }
 
@@ -118,16 +125,14 @@ std::vector<Center> centersOfRows(const GridView& grid, int firstRow, int lastRo
 }  // namespace
 
 std::vector<Center> findGridCenters(const GridView& grid, float missing) {
-    std::vector<Center> centers;
-    if (grid.nx < 3 || grid.ny < 3) return centers;
+    if (grid.nx < 3 || grid.ny < 3) return {};
     const auto [largest, smallest] = grid::extremesOf({grid.values, grid.size()}, missing);
     const float range = largest - smallest;
     const auto innerRows = static_cast<std::size_t>(grid.ny) - 2;
     const auto runs = base::collectWork(innerRows, 1.2 * grid.nx, [&](std::size_t first, std::size_t last) {
         return centersOfRows(grid, static_cast<int>(first) + 1, static_cast<int>(last) + 1, range);
     });
-    for (const auto& [first, run] : runs) centers.insert(centers.end(), run.begin(), run.end());
-    centers = orderedByColumn(centers, grid.nx);
+    std::vector<Center> centers = orderedByColumn(runs, grid.nx);
     assignClasses(centers);
     return centers;
 }

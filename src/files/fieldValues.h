@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 
 #include "base/scanner.h"
 
@@ -13,6 +14,12 @@ struct FieldRows {
     std::size_t columns;
     std::size_t rows;
 };
+
+/// Rows one behind the other.
+inline FieldRows rowsOf(std::span<float> values, std::size_t columns) {
+    return {values.data(), static_cast<std::ptrdiff_t>(columns), columns,
+            columns == 0 ? 0 : values.size() / columns};
+}
 
 /// Reads the values of a field; returns whether all are there.
 bool readFieldValues(base::TextScanner& in, const FieldRows& field);

@@ -82,6 +82,8 @@ private:
     bool traceStrip(const Strip& strip, StripBuffers& buffers, ShadePolygons& polygons) const;
     bool traceLevels(const Strip& strip, std::span<const ShadeLevel> levels, StripBuffers& buffers,
                      ShadePolygons& polygons) const;
+    bool shareLevels(const Strip& strip, std::span<const ShadeLevel> levels, double nanosecondsEach,
+                     StripBuffers& buffers, ShadePolygons& polygons) const;
     int lastRow() const { return request_.grid.ny - 1; }
     int advance() const {
         return request_.stripRows < 1 ? lastRow() : std::min(request_.stripRows, lastRow());
@@ -109,10 +111,20 @@ bool StripsTracer::traceStrip(const Strip& strip, StripBuffers& buffers, ShadePo
     const std::vector<ShadeLevel> levels =
         outlinedLevels(index_.rangeOfRows(strip.jmin, strip.jmax), request_.levels);
     const double nanosecondsEach = 2.0 * request_.grid.nx * strip.rows();
+    const bool complete = base::isShared(levels.size(), nanosecondsEach)
+                              ? shareLevels(strip, levels, nanosecondsEach, buffers, polygons)
+                              : traceLevels(strip, levels, buffers, polygons);
+    if (!complete || buffers.holeStack.runs.size() >= mostHoles) return false;
+    popHoles(buffers.holeStack, request_.levels, coordinates_, polygons);
+    return true;
+}
+
+bool StripsTracer::shareLevels(const Strip& strip, std::span<const ShadeLevel> levels, double nanosecondsEach,
+                               StripBuffers& buffers, ShadePolygons& polygons) const {
     const auto others =
         base::collectWork(levels.size(), nanosecondsEach, [&](std::size_t first, std::size_t last) {
             const base::SilentThread silence(silent_);
-            const auto run = std::span(levels).subspan(first, last - first);
+            const auto run = levels.subspan(first, last - first);
             if (first == 0) return Traced{traceLevels(strip, run, buffers, polygons), {}, {}};
             StripBuffers own;
             Traced traced{};
@@ -126,9 +138,7 @@ bool StripsTracer::traceStrip(const Strip& strip, StripBuffers& buffers, ShadePo
         polygons.append(traced.polygons);
         buffers.holeStack.append(traced.holes);
     }
-    if (!complete || buffers.holeStack.runs.size() >= mostHoles) return false;
-    popHoles(buffers.holeStack, request_.levels, coordinates_, polygons);
-    return true;
+    return complete;
 }
 
 bool StripsTracer::traceStrips(int first, int last, StripBuffers& buffers, ShadePolygons& polygons) const {

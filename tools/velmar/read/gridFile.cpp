@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "base/scanner.h"
@@ -109,10 +110,8 @@ GridFile readGridFile(const FileHead& head) {
                   .values = {}};
     file.header.title = {};
     file.values = {.values = file.storage.get(), .nx = nx, .ny = ny};
-    const auto columns = static_cast<std::size_t>(std::max(nx, 0));
-    const std::size_t rows = count == 0 ? 0 : count / columns;
-    if (!files::readFieldValues(in,
-                                {file.storage.get(), static_cast<std::ptrdiff_t>(columns), columns, rows}))
+    const std::span<float> values(file.storage.get(), count);
+    if (!files::readFieldValues(in, files::rowsOf(values, static_cast<std::size_t>(std::max(nx, 0)))))
         throw Problem(gridReaderProblem(unreadableValue));
     return file;
 }
