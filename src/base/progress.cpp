@@ -54,7 +54,7 @@ void ProgressArgument::print() const {
 
 void progress(const char* format, std::initializer_list<ProgressArgument> values) noexcept {
 #if VELMAR_PROGRESS
-    if (isSilent || state.silenced.load(std::memory_order_relaxed)) return;
+    if (!printsProgress()) return;
     const ProgressArgument* value = values.begin();
     for (const char* next = format; *next != '\0'; ++next) {
         if (*next == '%') {
@@ -68,6 +68,10 @@ void progress(const char* format, std::initializer_list<ProgressArgument> values
     static_cast<void>(format);
     static_cast<void>(values);
 #endif
+}
+
+bool printsProgress() noexcept {
+    return VELMAR_PROGRESS != 0 && !isSilent && !state.silenced.load(std::memory_order_relaxed);
 }
 
 void flushProgress() noexcept {

@@ -32,6 +32,9 @@ private:
 /// Texts are collected and written when the export returns.
 void progress(const char* format, std::initializer_list<ProgressArgument> values = {}) noexcept;
 
+/// Whether this thread prints texts. Who has very many of them can ask beforehand.
+bool printsProgress() noexcept;
+
 /// Writes what has been collected.
 void flushProgress() noexcept;
 

@@ -19,6 +19,7 @@ LonLat inHostCoordinates(const GridPoint& point, const std::optional<GridPlace>&
 
 /// Prints the point array, x and y in turn, but only as many of its floats as there are points.
 void printPoints(std::span<const LonLat> points) {
+    if (!base::printsProgress()) return;
     for (std::size_t k = 0; k < points.size(); ++k) {
         const auto [x, y] = points[k / 2];
         base::progress(base::messages::polygonPoint, {points.size(), k, k % 2 == 0 ? x : y});
