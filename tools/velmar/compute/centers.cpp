@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
+#include "base/threads.h"
 #include "compute/prominence.h"
 #include "contour/centers.h"
 
@@ -71,8 +73,8 @@ private:
 
 /// The highs and lows of a grid.
 struct Prominences {
-    BlockProminences high;
-    BlockProminences low;
+    std::optional<BlockProminences> high;
+    std::optional<BlockProminences> low;
 };
 
 /// Adds the centres of a grid or of a part of it, whose columns begin at one of the whole.
@@ -83,7 +85,7 @@ void addCenters(const GlobeGrid& whole, const grid::GridView& part, int firstCol
     for (const contour::Center& found : contour::findGridCenters(part, grid::missingInFiles)) {
         const int column = found.column + firstColumn;
         const auto& heights = found.high ? prominences.high : prominences.low;
-        const float prominence = heights.of(column, found.row, found.value);
+        const float prominence = heights->of(column, found.row, found.value);
         if (prominence < leastProminence || prominence <= 0 || !isComplete(part, found.column, found.row))
             continue;
         centers.push_back({found.high, found.value,
@@ -96,7 +98,12 @@ void addCenters(const GlobeGrid& whole, const grid::GridView& part, int firstCol
 }  // namespace
 
 std::vector<ProminentCenter> prominentCenters(const GlobeGrid& grid, float leastProminence, int blockSize) {
-    const Prominences heights{{grid, 1, blockSize}, {grid, -1, blockSize}};
+    Prominences heights;
+    const double nanosecondsEach = 100.0 * static_cast<double>(grid.grid.size()) / (blockSize * blockSize);
+    base::shareWork(2, nanosecondsEach, [&](std::size_t first, std::size_t last) {
+        for (std::size_t k = first; k < last; ++k)
+            (k == 0 ? heights.high : heights.low).emplace(grid, k == 0 ? 1.0F : -1.0F, blockSize);
+    });
     std::vector<ProminentCenter> centers;
     if (grid.circlesGlobe())
         addCenters(grid, seamOf(grid.grid).view(), -1, heights, leastProminence, centers);
