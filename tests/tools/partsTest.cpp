@@ -6,11 +6,15 @@
 #include <map>
 #include <memory>
 #include <numbers>
+#include <random>
+#include <span>
 
 #include "chart/layers/lineLabels.h"
 #include "chart/paper/lettering.h"
 #include "common/text.h"
+#include "compute/centers.h"
 #include "compute/prominence.h"
+#include "support/fields.h"
 
 namespace {
 
@@ -133,6 +137,50 @@ TEST(Prominence, IsTheDropToTheHighestPass) {
     // Round the globe the last column is the first one: 6 leads to 3, and on to the ground beside 9.
     const std::array<float, 6> ring{5, 8, 1, 6, 4, 5};
     EXPECT_THAT(prominences({ring.data(), 6, 1}, 1, true), ElementsAre(0, 7, 0, 2, 0, 0));
+}
+
+/// A centre far above its surroundings has the same place and value when it shares a pixel with others.
+TEST(Centers, OfFineGridsAreThoseOfTheWholeGrid) {
+    std::mt19937 random(11);
+    const std::vector<float> field = velmar::test::smoothField(random, 121, 61);
+    const GlobeGrid grid{{.values = {}}, {field.data(), 121, 61}, {0, 120, 1, 0, 60, 1}};
+    const auto exact = prominentCenters(grid, 0);
+    const auto inBlocks = prominentCenters(grid, 0, 3);
+    ASSERT_GT(exact.size(), 3U);
+    EXPECT_LE(inBlocks.size(), exact.size());
+    for (const ProminentCenter& center : std::span(exact).first(3)) {
+        const auto same = std::ranges::find_if(inBlocks, [&](const ProminentCenter& other) {
+            return other.longitude == center.longitude && other.latitude == center.latitude;
+        });
+        ASSERT_NE(same, inBlocks.end());
+        EXPECT_EQ(same->value, center.value);
+        EXPECT_LE(same->prominence, center.prominence);
+    }
+}
+
+TEST(ThinnedGrids, HaveTheMeansAroundTheirPoints) {
+    // A slope along latitude, without data in an area, that goes round the globe.
+    constexpr int nx = 361;
+    constexpr int ny = 41;
+    std::vector<float> field;
+    for (int j = 0; j < ny; ++j)
+        for (int i = 0; i < nx; ++i)
+            field.push_back(i > 100 && i < 140 && j > 9 && j < 31 ? 9999.0F
+                                                                  : static_cast<float>(j + i % 360 % 2));
+    const GlobeGrid whole{{.values = {}}, {field.data(), nx, ny}, {0, 360, 1, -20, 20, 1}};
+    const GlobeGrid thin = thinned(whole, 91, 21);
+    ASSERT_EQ(thin.grid.nx, 91);
+    ASSERT_EQ(thin.grid.ny, 21);
+    EXPECT_EQ(thin.lattice.longitudeStep, 4);
+    EXPECT_EQ(thin.lattice.latitudeStep, 2);
+    for (int j = 1; j < 20; ++j) {
+        EXPECT_EQ(thin.grid.at(0, j), thin.grid.at(90, j)) << "the seam";
+        EXPECT_NEAR(thin.grid.at(0, j), 2.0F * static_cast<float>(j) + 0.5F, 1e-4);
+        EXPECT_NEAR(thin.grid.at(60, j), 2.0F * static_cast<float>(j) + 0.5F, 1e-4);
+    }
+    EXPECT_EQ(thin.grid.at(30, 10), 9999);
+    EXPECT_NE(thin.grid.at(24, 10), 9999);
+    EXPECT_EQ(thinned(whole, 1000, 1000).grid.nx, nx);
 }
 
 TEST(TurnedBoxes, OverlapOnlyWhereTheyMeet) {
