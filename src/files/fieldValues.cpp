@@ -21,6 +21,11 @@ constexpr double nanosecondsPerByte = 1.5;
 /// Counts as white space does here and in the scanner.
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
+/// 1 where a word starts at a character, else 0. Computed from both, so that counting is vectorised.
+unsigned startsWord(char before, char c) {
+    return static_cast<unsigned>(isBlank(before)) & static_cast<unsigned>(!isBlank(c));
+}
+
 /// Where a piece of text ends that has at least so many bytes: before white space, or with the text.
 std::size_t endOfPiece(std::string_view text, std::size_t bytes) {
     std::size_t end = std::min(bytes, text.size());
@@ -47,7 +52,7 @@ std::size_t wordsOf(std::string_view text) {
         const std::size_t last = std::min(first + stretch, text.size());
         unsigned char starts = 0;
         for (std::size_t k = first; k < last; ++k)
-            starts = static_cast<unsigned char>(starts + (isBlank(text[k - 1]) & !isBlank(text[k])));
+            starts = static_cast<unsigned char>(starts + startsWord(text[k - 1], text[k]));
         words += starts;
     }
     return words;
