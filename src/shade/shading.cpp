@@ -151,19 +151,20 @@ bool StripsTracer::traceStrips(int first, int last, StripBuffers& buffers, Shade
 }
 
 bool StripsTracer::traceAll(StripBuffers& buffers, ShadePolygons& polygons) const {
-    const auto strips = static_cast<std::size_t>((lastRow() - 1) / advance() + 1);
+    const int strips = (lastRow() - 1) / advance() + 1;
     const double nanosecondsEach = 5.0 * request_.grid.nx * advance();
     const base::SilentThread silence(silent_);
-    const auto others = base::collectWork(strips, nanosecondsEach, [&](std::size_t first, std::size_t last) {
-        const base::SilentThread alsoHere(silent_);
-        const auto from = static_cast<int>(first);
-        const auto to = static_cast<int>(last);
-        if (first == 0) return Traced{traceStrips(from, to, buffers, polygons), {}, {}};
-        StripBuffers own;
-        Traced traced{};
-        traced.complete = traceStrips(from, to, own, traced.polygons);
-        return traced;
-    });
+    const auto others = base::collectWork(
+        static_cast<std::size_t>(strips), nanosecondsEach, [&](std::size_t first, std::size_t last) {
+            const base::SilentThread alsoHere(silent_);
+            const auto from = static_cast<int>(first);
+            const auto to = static_cast<int>(last);
+            if (first == 0) return Traced{traceStrips(from, to, buffers, polygons), {}, {}};
+            StripBuffers own;
+            Traced traced{};
+            traced.complete = traceStrips(from, to, own, traced.polygons);
+            return traced;
+        });
     bool complete = true;
     for (const auto& [first, traced] : others) {
         complete = complete && traced.complete;

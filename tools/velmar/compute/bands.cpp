@@ -92,8 +92,8 @@ private:
     void add(OutlinePoint lower, OutlinePoint upper, std::size_t ring) {
         if (upper.row < lower.row) std::swap(lower, upper);
         const float column = std::min(lower.column, upper.column);
-        for (float row = std::floor(lower.row); row < upper.row; ++row)
-            sides_.push_back({{static_cast<int>(row), column}, lower, upper, ring});
+        for (int row = static_cast<int>(std::floor(lower.row)); static_cast<float>(row) < upper.row; ++row)
+            sides_.push_back({{row, column}, lower, upper, ring});
     }
 
     std::vector<RowSide> sides_;

@@ -20,6 +20,7 @@ namespace {
 template <class IsInside>
 std::vector<char> linesInside(int lines, const IsInside& isInside) {
     std::vector<char> inside;
+    inside.reserve(static_cast<std::size_t>(std::max(lines, 0)));
     for (int line = 0; line < lines; ++line) inside.push_back(isInside(line) ? 1 : 0);
     return inside;
 }

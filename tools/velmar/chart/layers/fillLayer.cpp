@@ -19,7 +19,9 @@ Fill fillContours(const ContourSet& set) {
         fill.refined = refine(set.grid, grid::missingInFiles, set.refinement);
         fill.grid = fill.refined.view();
     }
-    const std::vector<shade::ValueBand> above(fill.levels.begin(), fill.levels.end());
+    std::vector<shade::ValueBand> above;
+    above.reserve(fill.levels.size());
+    for (const float level : fill.levels) above.push_back({level});
     fill.areas = shade::outlineBands(fill.grid, grid::missingInFiles, above);
     return fill;
 }
