@@ -145,7 +145,7 @@ TEST_F(ShadeTest, WritesBandsThatDivideTheAreaWithData) {
     }
     EXPECT_EQ(bands[4]["properties"]["upper"], json());
     EXPECT_GT(holes, 0U);
-    // The cells with data at all corners, as the lines of the field are refined no further.
+    // All that has data lies above a level below it.
     const json whole = polygons(file, {"--levels", "-300"});
     double area = 0;
     for (const json& polygon : whole[0]["geometry"]["coordinates"])

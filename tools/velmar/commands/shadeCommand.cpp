@@ -13,7 +13,6 @@
 #include "compute/levelSpacing.h"
 #include "compute/levels.h"
 #include "compute/shading.h"
-#include "grid/refine.h"
 #include "read/byteImageFile.h"
 #include "write/bandWriter.h"
 #include "write/geoJson.h"
@@ -43,8 +42,8 @@ struct ShadeOptions {
 /// What is shaded.
 struct ShadedField {
     GlobeGrid grid;
-    std::vector<float> levels;             ///< rising
-    grid::RefinementFactors refinement{};  ///< by which lines are traced on a finer grid
+    std::vector<float> levels;  ///< rising
+    bool isRefined = false;     ///< for bands: as the lines of a grid are
 };
 
 /// All values of a byte unless levels were asked for.
@@ -77,7 +76,7 @@ ShadedField readGrid(const FileHead& head, const ShadeOptions& options, std::str
             {file.values.values, file.values.values + file.values.size()}, file.values.nx, file.values.ny};
         field.grid.grid = field.grid.values.view();
     }
-    field.refinement = grid::chooseFactors(field.grid.grid.nx, field.grid.grid.ny);
+    field.isRefined = true;
     return field;
 }
 
@@ -109,18 +108,13 @@ std::string stripsJson(const ShadedField& field, int stripRows, std::string& not
 }
 
 std::string bandsJson(const ShadedField& field, std::string& notice) {
-    const auto [fx, fy] = field.refinement;
-    const bool refined = fx > 1 || fy > 1;
-    const grid::Grid fine = refined ? grid::refine(field.grid.grid, grid::missingInFiles, field.refinement)
-                                    : grid::Grid{.values = {}};
-    const BandSet set = bandsOf(refined ? fine.view() : field.grid.grid, field.levels);
+    const GlobeGrid traced = field.isRefined ? tracedGrid(field.grid) : GlobeGrid{};
+    const GlobeGrid& grid = field.isRefined ? traced : field.grid;
+    const BandSet set = bandsOf(grid.grid, field.levels);
     const bool isEmpty =
         std::ranges::all_of(set.bands, [](const Band& band) { return band.polygons.empty(); });
     if (isEmpty) notice = "there is nothing to paint: no cell has data at all its corners";
-    grid::Lattice lattice = field.grid.lattice;
-    lattice.longitudeStep /= static_cast<float>(fx);
-    lattice.latitudeStep /= static_cast<float>(fy);
-    return geoJson(set, lattice);
+    return geoJson(set, grid.lattice);
 }
 
 int runShade(const ShadeOptions& options) {

@@ -7,6 +7,7 @@
 
 #include "base/threads.h"
 #include "base/wideVectors.h"
+#include "grid/refine.h"
 
 namespace velmar::tool {
 namespace {
@@ -101,6 +102,18 @@ GlobeGrid onGlobe(const GridFile& file) {
     result.lattice = latticeOf(file.header.field.lattice.place(), result.grid);
     requireFinite(result.lattice);
     return result;
+}
+
+GlobeGrid tracedGrid(const GlobeGrid& grid) {
+    const auto factors = grid::chooseFactors(grid.grid.nx, grid.grid.ny);
+    GlobeGrid traced{.values = {.values = {}}, .grid = grid.grid, .lattice = grid.lattice};
+    if (factors.x > 1 || factors.y > 1) {
+        traced.values = grid::refine(grid.grid, grid::missingInFiles, factors);
+        traced.grid = traced.values.view();
+    }
+    traced.lattice.longitudeStep /= static_cast<float>(factors.x);
+    traced.lattice.latitudeStep /= static_cast<float>(factors.y);
+    return traced;
 }
 
 GlobeGrid thinned(const GlobeGrid& from, int columns, int rows) {

@@ -17,6 +17,9 @@ struct GlobeGrid {
 /// The grid of a file, which must stay where it is. A Problem when its place is no place.
 GlobeGrid onGlobe(const GridFile& file);
 
+/// The grid that contour lines are traced on: a refined one where there are few points, else a view of the grid itself.
+GlobeGrid tracedGrid(const GlobeGrid& grid);
+
 /// The grid brought to fewer columns and rows, as far as its size allows: each point is the mean of those around it, the
 /// nearest counting most, and the first and last columns and rows stay in place. A point is missing where more than half
 /// of what it stands for is. Takes no more columns and rows than there are.

@@ -7,18 +7,9 @@
 namespace velmar::tool {
 
 Fill fillContours(const ContourSet& set) {
-    Fill fill{.levels = ascending(set.levels),
-              .colours = {},
-              .refined = {.values = {}},
-              .grid = set.grid,
-              .lattice = set.tracedLattice(),
-              .areas = {}};
+    // Areas of the coarse grid would not reach the lines.
+    Fill fill{tracedGrid(set), ascending(set.levels), {}, {}};
     fill.colours = bandColours(fill.levels);
-    if (set.refinement.x > 1 || set.refinement.y > 1) {
-        // Areas of the coarse grid would not reach the lines.
-        fill.refined = refine(set.grid, grid::missingInFiles, set.refinement);
-        fill.grid = fill.refined.view();
-    }
     std::vector<shade::ValueBand> above;
     above.reserve(fill.levels.size());
     for (const float level : fill.levels) above.push_back({level});

@@ -9,13 +9,10 @@
 
 namespace velmar::tool {
 
-/// The bands between the levels of a chart.
-struct Fill {
+/// The bands between the levels of a chart, over the grid that its lines were traced on.
+struct Fill : GlobeGrid {
     std::vector<float> levels;    ///< rising
     std::vector<Colour> colours;  ///< of the band below the lowest level, and of those above each level
-    grid::Grid refined;           ///< as the one that the lines were traced on, if that is finer
-    grid::GridView grid;          ///< that one
-    grid::Lattice lattice;
     std::vector<shade::AreaOutlines> areas;  ///< above each level
 };
 
